@@ -1,0 +1,18 @@
+# Compiler flags live in one INTERFACE target; presets only choose.
+add_library(kdl_flags INTERFACE)
+target_compile_options(kdl_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+  # Sources are UTF-8, all text of the running program is Shift-JIS in its CP932 form.
+  -finput-charset=UTF-8 -fexec-charset=CP932
+  $<$<BOOL:${KDL_WERROR}>:-Werror>)
+
+if(KDL_SANITIZE)
+  target_compile_options(kdl_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                                             -fno-omit-frame-pointer)
+  target_link_options(kdl_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()

@@ -1,0 +1,18 @@
+# kdl_library(<name> SOURCES <file>... [LINKS <library>...])
+# One static library for one folder of src/. Headers are included as "<folder>/<file>.h" from src/.
+function(kdl_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE kdl_flags)
+endfunction()
+
+# kdl_test(<name> SOURCES <file>... LINKS <library>...)
+# One GoogleTest program for one folder of tests/. It brings its own main (tests/support/main.cpp),
+# which starts the platform layer without a display, so it also runs bare at discovery time.
+function(kdl_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE kdl_test_support ${ARG_LINKS} kdl_flags)
+  gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,39 @@
+#pragma once
+// Files and folders. Paths are Shift-JIS, with "/" or "\" as separators (a trail byte 0x5C is no separator).
+// As on the system that the files come from, names ignore case: where the exact name is not there, the first
+// entry that differs only in case is taken.
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+// The path as this system writes it, after the look-up without regard to case.
+std::filesystem::path nativePath(std::string_view path);
+// Back to Shift-JIS with "/" separators; none when a character has no place in the code page.
+std::optional<std::string> programPath(const std::filesystem::path& path);
+
+bool pathExists(std::string_view path); // files and folders
+// Absolute, "." and ".." resolved by text alone (the disk is not asked), "/" separators. Relative paths count
+// from the program's folder.
+std::string fullPath(std::string_view path);
+
+std::optional<std::string> readFile(std::string_view path);
+// Replaces the file: writes a neighbour, flushes it to the disk and renames it. On failure the old file is whole
+// and the answer is false.
+bool replaceFile(std::string_view path, std::string_view bytes);
+bool makeFolder(std::string_view path); // with its parents; true when it is there afterwards
+
+struct FolderEntry {
+    std::string name; // Shift-JIS
+    bool folder = false;
+    std::uintmax_t size = 0;
+};
+// Byte-wise by name; "." and ".." left out.
+std::vector<FolderEntry> listFolder(std::string_view path);
+
+} // namespace platform

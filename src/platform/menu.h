@@ -1,0 +1,19 @@
+#pragma once
+// Menu bars and pop-up menus, from resources/menus/<name>.ui. Each command carries its number; choosing it
+// sends WM_COMMAND with that number to the window.
+
+#include <string>
+#include <vector>
+
+#include "platform/types.h"
+
+namespace platform {
+
+void enableMenuItem(WindowHandle window, int command, bool enabled);
+bool isMenuItemEnabled(WindowHandle window, int command);
+std::string menuItemText(WindowHandle window, int command); // "" when there is no such command
+std::vector<int> menuCommands(WindowHandle window);         // in the order of the menu
+// Opens the menu at the mouse cursor and sends the chosen command, if any, to the window before it returns.
+void popupMenu(WindowHandle window, const std::string& name);
+
+} // namespace platform

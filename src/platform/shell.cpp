@@ -1,0 +1,32 @@
+#include "platform/shell.h"
+
+#include <unistd.h>
+
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "platform/files.h"
+
+namespace platform {
+
+namespace {
+
+// An address stands as it is; anything else is a path.
+QUrl targetUrl(const std::string& target) {
+    if (target.find("://") != std::string::npos) return QUrl(QString::fromLatin1(target.c_str()));
+    return QUrl::fromLocalFile(QString::fromStdString(nativePath(target).string()));
+}
+
+} // namespace
+
+bool shellOpen(const std::string& target) { return QDesktopServices::openUrl(targetUrl(target)); }
+
+bool shellExplore(const std::string& folder) { return QDesktopServices::openUrl(targetUrl(folder)); }
+
+std::string moduleFileName() {
+    std::error_code failure;
+    const auto path = std::filesystem::read_symlink("/proc/self/exe", failure);
+    return failure ? std::string() : programPath(path).value_or(std::string());
+}
+
+} // namespace platform

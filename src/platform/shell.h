@@ -1,0 +1,15 @@
+#pragma once
+// The desktop around the program: opening files with their programs, where the program lies.
+
+#include <string>
+
+namespace platform {
+
+// Hands the file, folder or address to the desktop's program for it. False when there is none.
+bool shellOpen(const std::string& target);
+bool shellExplore(const std::string& folder);
+
+// Full path of the running program.
+std::string moduleFileName();
+
+} // namespace platform

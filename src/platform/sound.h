@@ -1,0 +1,77 @@
+#pragma once
+// Sound: one device, many players. Two devices pass the same contract test: the GStreamer one, and a silent one
+// whose positions follow the platform clock. Nothing here throws, blocks for long or shows anything; a file that
+// cannot be played is silence with position 0 and end 0.
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+class SoundPlayer {
+public:
+    virtual ~SoundPlayer() = default;
+
+    // Starts to open the file (Shift-JIS path), over any file open before; speed is 1000 after it. False when
+    // there is no such regular file, or its head shows that it is no sound. Returns at once: several players
+    // opened one after the other prepare side by side, and seek, speed and volume given meanwhile are applied
+    // when the file is ready.
+    virtual bool open(const std::string& path) = 0;
+    virtual void close() = 0;
+    // From the present place. At the end the player stops by itself with position() == end().
+    virtual bool play() = 0;
+    virtual bool playReverse() = 0;
+    virtual bool pause() = 0; // keeps the place
+    virtual bool stop() = 0;  // keeps the place
+    // Milliseconds, clipped to 0..end(). Stops a playing player. Exact to the sample that is heard.
+    virtual bool seek(int milliseconds) = 0;
+    virtual int position() = 0; // milliseconds; 0 when nothing is open
+    // Length in milliseconds, to a tenth of a second also for MP3 without a Xing header; 0 when nothing is
+    // open. Waits for the preparation (at most one second).
+    virtual int end() = 0;
+    virtual bool setVolume(int thousandths) = 0; // 0 to 1000
+    virtual bool setSpeed(int thousandths) = 0;  // 3 to 2267; pitch follows speed
+};
+
+class SoundDevice {
+public:
+    virtual ~SoundDevice() = default;
+    virtual std::unique_ptr<SoundPlayer> createPlayer() = 0;
+    // Fire and forget, one at a time: a new one cuts the old. A missing file is silence.
+    virtual void playSound(const std::string& path) = 0;
+    // Gain over all players and playSound. The word's low half is the left, the high half the right channel,
+    // 0xFFFF is full, taken as a linear factor.
+    virtual void setMasterVolume(unsigned word) = 0;
+    virtual unsigned masterVolume() const = 0;
+};
+
+// The device in use. Before setSoundDevice it is a silent one.
+SoundDevice& soundDevice();
+// Replaces the device; every player of the old one must be gone. None restores the silent device.
+void setSoundDevice(std::unique_ptr<SoundDevice> device);
+
+// Where the sound of a GStreamer device goes.
+enum class SoundOutput {
+    Speakers, // the system's own output; where there is none, as Clocked
+    Clocked,  // nowhere, at the speed of real time
+    Captured, // as Clocked, and every block is also handed to the capture function
+};
+
+// A block as it would have reached the loudspeaker: interleaved 16-bit stereo at 44100 Hz, gains applied.
+struct CapturedBlock {
+    const void* player; // whose sound it is; the device itself for playSound
+    std::uint32_t tick; // getTickCount() when the first sample was due
+    const std::int16_t* samples;
+    std::size_t frames;
+};
+
+// Blocks are handed over from the sound library's threads, one at a time.
+std::unique_ptr<SoundDevice> makeGstreamerDevice(SoundOutput output,
+                                                 std::function<void(const CapturedBlock&)> capture = {});
+std::unique_ptr<SoundDevice> makeSilentDevice();
+
+} // namespace platform
