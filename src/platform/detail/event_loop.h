@@ -1,0 +1,30 @@
+#pragma once
+// The one loop of the platform layer, for its own .cpp files. There is no other loop: modal dialogs, message
+// boxes, menus and file dialogs are opened without blocking and waited for with runUntil.
+
+#include <functional>
+
+#include "platform/messages.h"
+
+namespace platform::detail {
+
+// How a message reaches its window; set by the windows when the application starts.
+void setDeliver(LResult (*deliver)(const Message&));
+
+// Posts a message that is dropped at delivery unless the condition still holds then.
+void postGuarded(const Message& message, std::function<bool()> stillTrue);
+
+// Drops the window's waiting messages and its timers.
+void forgetWindow(WindowHandle window);
+
+// Delivers messages and toolkit events until the condition holds or a quit waits (which stays in the queue).
+// True when the condition holds.
+bool runUntil(const std::function<bool()>& condition);
+
+// A quit was posted and not yet taken by getMessage or peekMessage.
+bool quitWaits();
+
+// Delivers all that waits now, timers that are due included, without sleeping.
+void settleOnce();
+
+} // namespace platform::detail
