@@ -1,0 +1,35 @@
+#pragma once
+// From a quest's settings to what its players do.
+
+#include <string>
+
+namespace zelkova {
+class Media;
+}
+
+// Opens the songs of the current quest side by side, works out their ranges and the limit of the play time. Songs without
+// a file stay silent. Stops what still plays.
+void initResource();
+
+// The part of it that only the play time concerns.
+void setPlayLimit();
+
+// A new start for each song when the range is ランダム; logs each draw.
+void redrawRandomStarts();
+
+// True when the songs of the current quest are to stop: a song that plays has reached its range's or file's
+// end, or the time limit is over. Songs that did not open are passed over.
+bool checkPlayStop();
+
+// Starts the songs of the current quest that are checked, from their ranges' starts.
+void startSongs();
+void stopSongs();
+
+// The songs' progress on the console's play bar.
+void showProgress();
+
+// Sets the volume of all players of the host and the master volume, and what the console shows of it. 0 to 100.
+void applyMasterVolume(int level);
+
+// Opens the sound in the player and plays it from the start, cutting what it played before.
+void playEffect(zelkova::Media& media, const std::string& path);
