@@ -2,7 +2,9 @@
 // The one loop of the platform layer, for its own .cpp files. There is no other loop: modal dialogs, message
 // boxes, menus and file dialogs are opened without blocking and waited for with runUntil.
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "platform/messages.h"
 
@@ -26,5 +28,12 @@ bool quitWaits();
 
 // Delivers all that waits now, timers that are due included, without sleeping.
 void settleOnce();
+
+// The steps that a manual clock takes. Timers first come when their messages and socket events are out of the
+// way.
+void deliverWaiting(); // posted messages and toolkit events, no timers
+std::optional<std::int64_t> nextTimerDue();
+void deliverDueTimer();
+void shiftTimers(std::int64_t ms);
 
 } // namespace platform::detail
