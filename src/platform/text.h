@@ -15,8 +15,8 @@ std::string sjisToUtf8(std::string_view text);
 std::string utf8ToSjis(std::string_view text);
 
 // One character. 0 when the code lies outside the code page's ranges, U+3013 for an empty place in it.
-char16_t sjisCharToUtf16(std::uint16_t code);
+char16_t sjisToUnicode(std::uint16_t code);
 // 0 when the unit has no mapping.
-std::uint16_t utf16CharToSjis(char16_t unit);
+std::uint16_t unicodeToSjis(char16_t unit);
 
 } // namespace platform

@@ -1,0 +1,187 @@
+#include "platform/files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QString>
+
+#include "platform/text.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// UTF-8 with "/" for every separator. Trail bytes are no separators once the text is UTF-8.
+std::string withSlashes(std::string_view path) {
+    std::string text = sjisToUtf8(path);
+    std::replace(text.begin(), text.end(), '\\', '/');
+    return text;
+}
+
+fs::path programFolder() {
+    std::error_code failure;
+    const fs::path program = fs::read_symlink("/proc/self/exe", failure);
+    return failure ? fs::path("/") : program.parent_path();
+}
+
+fs::path absolute(std::string_view path) {
+    const fs::path text = withSlashes(path);
+    return (text.is_absolute() ? text : programFolder() / text).lexically_normal();
+}
+
+QString toQString(const fs::path& name) {
+    return QString::fromUtf8(name.native().data(), static_cast<qsizetype>(name.native().size()));
+}
+
+// The first entry of the folder that equals the name but for case; empty when there is none.
+fs::path entryIgnoringCase(const fs::path& folder, const fs::path& name) {
+    const QString wanted = toQString(name);
+    std::string best;
+    std::error_code failure;
+    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const std::string found = entry->path().filename().native();
+        if (toQString(found).compare(wanted, Qt::CaseInsensitive) != 0) continue;
+        if (best.empty() || found < best) best = found;
+    }
+    return best;
+}
+
+// Writes everything and flushes it to the disk.
+bool writeWhole(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return ::fsync(descriptor) == 0;
+}
+
+void flushFolder(const fs::path& folder) {
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+mode_t usualMode() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+} // namespace
+
+fs::path nativePath(std::string_view path) {
+    if (path.empty()) return {};
+    const fs::path exact = absolute(path);
+    std::error_code failure;
+    if (fs::exists(exact, failure)) return exact;
+    fs::path found = exact.root_path();
+    bool known = true;
+    for (const fs::path& name : exact.relative_path()) {
+        if (known && !name.empty() && !fs::exists(found / name, failure)) {
+            const fs::path other = entryIgnoringCase(found, name);
+            known = !other.empty();
+            found /= known ? other : name;
+        } else {
+            found /= name;
+        }
+    }
+    return found;
+}
+
+std::optional<std::string> programPath(const fs::path& path) {
+    const std::string text = path.native();
+    const std::string converted = utf8ToSjis(text);
+    if (sjisToUtf8(converted) != text) return std::nullopt;
+    return converted;
+}
+
+bool pathExists(std::string_view path) {
+    std::error_code failure;
+    return !path.empty() && fs::exists(nativePath(path), failure);
+}
+
+std::string fullPath(std::string_view path) {
+    if (path.empty()) return {};
+    // Where the program's own folder has no name in the code page the path stays relative; it is still found,
+    // since every look-up starts from that folder.
+    return programPath(absolute(path))
+        .value_or(utf8ToSjis(fs::path(withSlashes(path)).lexically_normal().native()));
+}
+
+std::optional<std::string> readFile(std::string_view path) {
+    const fs::path native = nativePath(path);
+    std::error_code failure;
+    if (path.empty() || fs::is_directory(native, failure)) return std::nullopt;
+    std::ifstream file(native, std::ios::binary);
+    if (!file) return std::nullopt;
+    std::string bytes;
+    char block[65536];
+    while (file.read(block, sizeof block) || file.gcount() > 0)
+        bytes.append(block, static_cast<std::size_t>(file.gcount()));
+    if (file.bad()) return std::nullopt;
+    return bytes;
+}
+
+bool replaceFile(std::string_view path, std::string_view bytes) {
+    if (path.empty()) return false;
+    fs::path target = nativePath(path);
+    std::error_code failure;
+    // A link stays a link: what it points at is replaced.
+    if (fs::is_symlink(target, failure)) target = fs::weakly_canonical(target, failure);
+    if (failure || fs::is_directory(target, failure)) return false;
+
+    std::string neighbour = target.native() + ".XXXXXX";
+    const int descriptor = ::mkostemp(neighbour.data(), O_CLOEXEC);
+    if (descriptor < 0) return false;
+    struct stat old {};
+    const mode_t mode = ::stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : usualMode();
+    bool written = ::fchmod(descriptor, mode) == 0 && writeWhole(descriptor, bytes);
+    written = ::close(descriptor) == 0 && written;
+    if (!written || ::rename(neighbour.c_str(), target.c_str()) != 0) {
+        ::unlink(neighbour.c_str());
+        return false;
+    }
+    flushFolder(target.parent_path());
+    return true;
+}
+
+bool makeFolder(std::string_view path) {
+    if (path.empty()) return false;
+    const fs::path native = nativePath(path);
+    std::error_code failure;
+    fs::create_directories(native, failure);
+    return fs::is_directory(native, failure);
+}
+
+std::vector<FolderEntry> listFolder(std::string_view path) {
+    std::vector<FolderEntry> entries;
+    std::error_code failure;
+    const fs::path native = nativePath(path);
+    if (native.empty()) return entries;
+    for (fs::directory_iterator entry(native, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        // A name outside the code page cannot be told to the program, nor handed back by it.
+        const auto name = programPath(entry->path().filename());
+        if (!name) continue;
+        std::error_code unknown;
+        const bool folder = entry->is_directory(unknown);
+        const std::uintmax_t size = folder ? 0 : entry->file_size(unknown);
+        entries.push_back({*name, folder, unknown ? 0 : size});
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
+    return entries;
+}
+
+} // namespace platform
