@@ -1,0 +1,189 @@
+#include "foundation/text.h"
+
+#include <cstdint>
+
+#include <gtest/gtest.h>
+
+#include "foundation/path.h"
+#include "foundation/random.h"
+
+namespace zelkova {
+namespace {
+
+// "表" ends in the byte of the backslash, "ポ" in that of the bar.
+TEST(Text, TellsCharactersFromBytes) {
+    const std::string text = "a表b";
+    const int kinds[] = {0, 1, 2, 0, -1};
+    for (std::size_t i = 0; i < 5; ++i)
+        EXPECT_EQ(byteKind(text, i), kinds[i]) << i;
+    EXPECT_EQ(byteKind("\x95", 0), 1) << "a lead byte with nothing behind it";
+}
+
+TEST(Text, FindsOnCharacterBoundariesOnly) {
+    EXPECT_EQ(findText("表\\x", "\\"), 2u);
+    EXPECT_EQ(findText("表", "\\"), npos);
+    EXPECT_EQ(findText("a|b|c", "|", 2), 3u);
+    EXPECT_EQ(findText("abc", ""), npos);
+    EXPECT_EQ(findText("ab", "abc"), npos);
+    EXPECT_EQ(findTextReverse("a\\表\\表", "\\"), 4u);
+    EXPECT_EQ(findTextReverse("a|b|c", "|", 2), 1u);
+    EXPECT_EQ(findTextReverse("表", "\\"), npos);
+}
+
+TEST(Text, SplitsAndReplacesOnBoundaries) {
+    EXPECT_EQ(split("ポ|ソ|", "|"), (std::vector<std::string>{"ポ", "ソ", ""}));
+    EXPECT_EQ(split("", ","), std::vector<std::string>{""});
+    EXPECT_EQ(split("a", ""), std::vector<std::string>{"a"});
+    EXPECT_EQ(replaceAll("aa表a", "a", "aa"), "aaaa表aa");
+    EXPECT_EQ(replaceAll("表\\", "\\", "/"), "表/");
+
+    std::string piece = "kept";
+    EXPECT_TRUE(firstToken("待機中|選んで", "|", 1, piece));
+    EXPECT_EQ(piece, "選んで");
+    EXPECT_FALSE(firstToken("待機中|選んで", "|", 2, piece));
+    EXPECT_FALSE(firstToken("待機中|選んで", "|", -1, piece));
+}
+
+TEST(Text, FoldsAndTrims) {
+    EXPECT_EQ(toUpperSjis("aあb"), "AあB");
+    // The trail byte of "ア" is the letter "A", that of "ヂ" is "a": neither may change.
+    EXPECT_EQ(toLowerSjis("ABアヂ"), "abアヂ");
+    EXPECT_EQ(toUpperSjis("ﾀ"), "ﾀ");
+    EXPECT_EQ(trim(" \t\r\n a b \n"), "a b");
+    EXPECT_EQ(trim("　a　"), "　a　");
+    EXPECT_EQ(trim(" \n"), "");
+}
+
+TEST(Text, ReadsNumbersWithoutOverflow) {
+    const struct {
+        const char* text;
+        std::int32_t number;
+    } cases[] = {
+        {"", 0},
+        {"-", 0},
+        {"abc", 0},
+        {"+12", 12},
+        {" 12 ", 12},
+        {"12abc", 12},
+        {"-5", -5},
+        {"1,000", 1},
+        {"- 5", 0},
+        {"+-5", 0},
+        {"007", 7},
+        {"2147483647", INT32_MAX},
+        {"2147483648", INT32_MAX},
+        {"-2147483648", INT32_MIN},
+        {"-2147483649", INT32_MIN},
+        {"99999999999999999999999999", INT32_MAX},
+        {"１２", 0},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(stringToInt(c.text), c.number) << c.text;
+}
+
+TEST(Text, WritesNumbers) {
+    EXPECT_EQ(numberToText(0, 1), "0");
+    EXPECT_EQ(numberToText(-5, 1), "-5");
+    EXPECT_EQ(numberToText(5, 1), "+5");
+    EXPECT_EQ(numberToText(5), "5");
+    EXPECT_EQ(numberWithCommas(1234567), "1,234,567");
+    EXPECT_EQ(numberWithCommas(-123), "-123");
+    EXPECT_EQ(numberWithCommas(-123456), "-123,456");
+    EXPECT_EQ(formatSize(1024), "(1,024Byte)");
+}
+
+TEST(Text, MatchesWildcards) {
+    const struct {
+        const char *text, *pattern;
+        bool matches;
+    } cases[] = {
+        {"abc", "a*c", true},
+        {"abc", "a?", false},
+        {"a*", "a#*", true},
+        {"ab", "a#*", false},
+        {"a*b", "a#*", false},
+        {"a?", "a#?", true},
+        {"a#b", "a#b", true},
+        {"a#", "a#", true},
+        {"", "*", true},
+        {"", "", true},
+        {"", "?", false},
+        {"abcabd", "a*bd", true},
+        {"aXbXc", "a*b*c", true},
+        {"aab", "*ab", true},
+        {"abab", "*ab", true},
+        {"abc", "ABC", false},
+        {"a*b", "a*#*b", true},
+        {"mississippi", "m*iss*pi", true},
+        {"mississippi", "m*iss*x", false},
+        {"さくらさくら", "さ*ら", true},
+        {"さくら", "さくら?", false},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(wildcardMatch(c.text, c.pattern), c.matches) << c.text << " " << c.pattern;
+    // Many stars against a long text end quickly.
+    EXPECT_FALSE(wildcardMatch(std::string(20000, 'a'), "*a*a*a*a*a*a*a*b"));
+}
+
+TEST(Text, GoesThroughUnicodeAndBack) {
+    for (const char* text : {"－～①Ⅲ㈱ﾊﾝｶｸ", "表ポソ能", "髙﨑", "abc\\~"})
+        EXPECT_EQ(utf16ToSjis(sjisToUtf16(text)), text);
+    EXPECT_EQ(sjisToUtf16("－～"), u"\uFF0D\uFF5E");
+    EXPECT_EQ(utf16ToSjis(u"\u2212\u301C"), "－～") << "what an input method may give";
+    EXPECT_EQ(utf16ToSjis(u"a\U0001F600b\u0E01"), "a??b?");
+    EXPECT_EQ(platform::utf8ToSjis(platform::sjisToUtf8("①表")), "①表");
+    EXPECT_EQ(platform::utf8ToSjis("a\xFF\xC0\x80"
+                                   "b\xE3\x81"),
+              "a???b??");
+    EXPECT_EQ(sjisToUtf16("a\x82"), u"a\u3013") << "half a character at the end";
+}
+
+// Every place of the code page leads to a character that leads back to the same character.
+TEST(Text, MapsTheWholeCodePage) {
+    EXPECT_EQ(sjisToUnicode(0x41), u'A');
+    EXPECT_EQ(sjisToUnicode(0xB1), u'\uFF71');
+    EXPECT_EQ(sjisToUnicode(0x80), 0);
+    EXPECT_EQ(sjisToUnicode(0x817F), 0);
+    EXPECT_EQ(sjisToUnicode(0x3040), 0);
+    EXPECT_EQ(sjisToUnicode(0x8540), u'\u3013');
+    EXPECT_EQ(unicodeToSjis(u'\u0E01'), 0);
+    int characters = 0;
+    for (unsigned code = 0x8140; code <= 0xFCFC; ++code) {
+        const char16_t unit = sjisToUnicode(static_cast<std::uint16_t>(code));
+        if (unit == 0 || (unit == u'\u3013' && code != 0x81AC)) continue;
+        ++characters;
+        EXPECT_EQ(sjisToUnicode(unicodeToSjis(unit)), unit) << std::hex << code;
+    }
+    // JIS X 0208, the rows of NEC and IBM, and 1880 places for a user's own characters.
+    EXPECT_EQ(characters, 6879 + 83 + 374 + 388 + 1880);
+}
+
+TEST(Path, TakesBothSeparatorsAndNoTrailByte) {
+    EXPECT_EQ(getFolder("C:\\表\\a.mp3"), "C:\\表");
+    EXPECT_EQ(getFileName("C:\\表\\a.mp3"), "a.mp3");
+    EXPECT_EQ(getFileName("x/y\\表.mp3"), "表.mp3");
+    EXPECT_EQ(getFolder("表.mp3"), "");
+    EXPECT_EQ(getExtension("a.b/c.tar.GZ"), "GZ");
+    EXPECT_EQ(getExtension("a.b/c"), "");
+    EXPECT_EQ(removeBackslash("a\\"), "a");
+    EXPECT_EQ(removeBackslash("表"), "表");
+    EXPECT_EQ(normalizePath("/a\\表/../b/./c"), "/a/b/c");
+    EXPECT_EQ(normalizePath("../cnf/x.xml"), getFolder(getFolder(getModuleFileName())) + "/cnf/x.xml");
+    EXPECT_EQ(getModuleFolder() + getFileName(getModuleFileName()), getModuleFileName());
+}
+
+TEST(Random, StaysBetweenItsEnds) {
+    bool seen[3] = {};
+    for (int i = 0; i < 300; ++i) {
+        const int drawn = randomBetween(-1, 1);
+        ASSERT_TRUE(drawn >= -1 && drawn <= 1);
+        seen[drawn + 1] = true;
+    }
+    EXPECT_TRUE(seen[0] && seen[1] && seen[2]);
+    EXPECT_EQ(randomBetween(5, 4), -1);
+    EXPECT_EQ(randomBetween(7, 7), 7);
+    EXPECT_LE(randomBetween(INT32_MIN, INT32_MAX), INT32_MAX);
+}
+
+} // namespace
+} // namespace zelkova
