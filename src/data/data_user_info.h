@@ -1,0 +1,23 @@
+#pragma once
+// One contestant during a quiz.
+
+#include "data/record.h"
+
+class DataUserInfo {
+public:
+    virtual ~DataUserInfo() = default;
+
+    virtual void clear() { *this = DataUserInfo(); }
+    virtual std::string toString(const std::string& separator) const;
+    static std::span<const record::Field<DataUserInfo>> fields();
+
+    KDL_FIELD(std::int32_t, UserId, 0); // 0 to 3
+    KDL_FIELD(std::string, Name);
+    KDL_FIELD(std::int32_t, Type, 0); // for the terminal: 0 show scores, 1 hide them, 5 end result
+    KDL_FIELD(std::int32_t, Score, 0);
+    KDL_FIELD(std::int32_t, AnswerRight, 0); // userStatusLabels
+    KDL_FIELD(std::int32_t, ActionId, 0);    // what the terminal is to show; 9: winner
+    KDL_FIELD(std::int32_t, Order, 0);
+    KDL_FIELD(std::int32_t, Hands, 0); // false starts under the stage's rule
+    KDL_FIELD(std::int32_t, Rest, 0);  // quests still to sit out
+};
