@@ -1,0 +1,14 @@
+#pragma once
+// Threads that nobody waits for, since the library they are in may never answer; only the end of the program
+// gives them a moment to finish.
+
+#include <functional>
+
+namespace platform::sound {
+
+void runInBackground(std::function<void()> work);
+
+// Waits at most so long for all of them; true when none is left.
+bool waitForBackground(int waitMs);
+
+} // namespace platform::sound

@@ -1,0 +1,38 @@
+#pragma once
+// The way to the loudspeaker: the system's own output, fed block by block at the pace of the sound card.
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <span>
+
+#include "platform/sound/gst.h"
+
+namespace platform::sound {
+
+class SpeakerLine {
+public:
+    // Waits for the output to come up, some seconds at most; none when there is no sound card.
+    static std::shared_ptr<SpeakerLine> open();
+    ~SpeakerLine();
+
+    // Waits until the card wants a block. False when it is gone, or has wanted none for a second.
+    bool waitForRoom();
+    // Interleaved stereo, 44100 Hz.
+    void write(std::span<const std::int16_t> samples);
+
+private:
+    bool start();
+    static void wantData(void* self);
+
+    Pipeline pipeline_;
+    GstElement* source_ = nullptr; // of the pipeline
+    std::atomic<bool> broken_ = false;
+    std::mutex mutex_;
+    std::condition_variable wanted_;
+    bool wants_ = false;
+};
+
+} // namespace platform::sound
