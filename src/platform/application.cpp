@@ -3,13 +3,25 @@
 #include <QApplication>
 #include <cstdlib>
 
+#include "platform/detail/delivery.h"
+#include "platform/detail/event_loop.h"
+#include "platform/detail/registry.h"
+#include "platform/detail/style.h"
+
 namespace platform {
 
 Application::Application(int& argc, char** argv) {
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    new QApplication(argc, argv);
+    auto* application = new QApplication(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    detail::applyStyle(*application);
+    detail::setDeliver(detail::deliver);
 }
 
-Application::~Application() { delete qApp; }
+Application::~Application() {
+    for (const WindowHandle window : detail::topWindows())
+        destroyWindow(window);
+    delete qApp;
+}
 
 } // namespace platform

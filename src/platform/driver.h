@@ -1,9 +1,10 @@
 #pragma once
 // A user's hands and eyes, for tests and for the program's own demonstration: what can be seen can be read
-// through window.h, controls.h and listview.h; what can be done is done here, as a user would do it (a disabled
-// or hidden control does not react, and the call answers false).
+// through window.h, controls.h and listview.h; what can be done is done here, as a user would do it (a
+// disabled or hidden control does not react, and the call answers false).
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,7 +13,7 @@
 
 namespace platform::driver {
 
-bool click(Control control);             // buttons, check boxes, radio buttons
+bool click(Control control); // buttons, check boxes, radio buttons
 bool select(Control comboOrList, int index);
 bool type(Control edit, std::string_view text); // replaces what stands there, key by key
 bool slide(Control bar, int position);
@@ -33,7 +34,8 @@ bool screenshot(WindowHandle window, const std::string& path, double scale = 1.0
 std::vector<std::string> clippedControls(WindowHandle window);
 
 struct OpenDialog {
-    std::string name; // of the template; "message box", "open file", "save file", "folder" for the system's own
+    std::string
+        name; // of the template; "message box", "open file", "save file", "folder" for the system's own
     WindowHandle window; // none for the system's own
     std::string text;    // message box: its text
 };
@@ -61,12 +63,16 @@ public:
 
     Script& expectDialog(std::string name, std::function<void(WindowHandle)> act);
     Script& expectMessageBox(Answer answer, std::function<void(const std::string& text)> look = {});
-    Script& expectFileDialog(std::string path); // empty: cancel
+    Script& expectFileDialog(std::string path);        // empty: cancel
     Script& expectMenu(std::string name, int command); // 0: closed without a choice
 
     // Faults so far, and unused expectations. A test ends with EXPECT_EQ(script.faults(), none).
     std::vector<std::string> faults() const;
     bool done() const; // every expectation was used
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
 } // namespace platform::driver

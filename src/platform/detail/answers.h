@@ -1,0 +1,24 @@
+#pragma once
+// Who answers what opens modally: with nobody set the user does, in a loop; a script answers at once.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/dialog.h"
+
+namespace platform::detail {
+
+class Answers {
+public:
+    virtual ~Answers() = default;
+    virtual void dialog(const std::string& name, WindowHandle dialog) = 0; // has to end it
+    virtual Answer messageBox(const std::string& text, Buttons buttons) = 0;
+    virtual std::optional<std::string> fileDialog(const std::string& kind) = 0;
+    virtual int menu(const std::string& name) = 0; // the command, 0 for none
+};
+
+Answers* answers();
+void setAnswers(Answers* answers); // none: the user
+
+} // namespace platform::detail

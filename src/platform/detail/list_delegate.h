@@ -1,0 +1,19 @@
+#pragma once
+// How a cell of a list view looks: grid lines, and the whole text of a cut cell in a tool tip.
+
+#include <QStyledItemDelegate>
+
+namespace platform::detail {
+
+class ListDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+};
+
+} // namespace platform::detail

@@ -1,0 +1,21 @@
+#pragma once
+// Menus from resources/menus/<name>.ui: a QMainWindow whose menu bar holds the menus. Each QAction that is a
+// command carries its number in the dynamic property controlId.
+
+#include <QMenuBar>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/types.h"
+
+namespace platform::detail {
+
+// A menu bar whose commands are sent to the window; none when the file is not usable.
+QMenuBar* loadMenuBar(WindowHandle window, const std::string& name);
+
+// The commands of a menu bar or menu, in the order of its entries.
+std::vector<QAction*> commandsOf(const QWidget* menu);
+int commandOf(const QAction* action); // 0 for titles and separators
+
+} // namespace platform::detail

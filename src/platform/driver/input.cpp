@@ -1,0 +1,166 @@
+// A user's hands on controls and windows.
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <cstdlib>
+
+#include "platform/detail/list_model.h"
+#include "platform/detail/menu_bar.h"
+#include "platform/detail/qt_text.h"
+#include "platform/detail/reach.h"
+#include "platform/detail/up_down.h"
+#include "platform/driver.h"
+
+namespace platform {
+
+namespace {
+
+using namespace detail;
+
+void pressAndRelease(QWidget* widget, int key, const QString& text = {}) {
+    const QPointer<QWidget> alive = widget;
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(widget, &press);
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+    if (alive) QApplication::sendEvent(alive, &release);
+}
+
+void mouse(QWidget* widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+} // namespace
+
+namespace detail {
+
+QWidget* reach(Control control) {
+    const Record* record = findRecord(control);
+    QWidget* widget = record ? record->widget.data() : nullptr;
+    if (!widget || !widget->isVisible() || !widget->isEnabled()) return nullptr;
+    const Record* top = findRecord(handleOf(widget->window()));
+    return top && isBlocked(*top) ? nullptr : widget;
+}
+
+} // namespace detail
+
+namespace driver {
+
+bool click(Control control) {
+    auto* button = reachAs<QAbstractButton>(control);
+    if (!button) return false;
+    if (button->focusPolicy() & Qt::ClickFocus) button->setFocus(Qt::MouseFocusReason);
+    button->click();
+    return true;
+}
+
+bool select(Control control, int index) {
+    if (auto* combo = reachAs<QComboBox>(control)) {
+        if (index < 0 || index >= combo->count()) return false;
+        combo->setFocus(Qt::MouseFocusReason);
+        combo->setCurrentIndex(index);
+        emit combo->activated(index);
+        return true;
+    }
+    auto* list = reachAs<QTreeView>(control);
+    ListModel* model = list ? ListModel::of(list) : nullptr;
+    if (!model || !model->hasRow(index)) return false;
+    list->setFocus(Qt::MouseFocusReason);
+    list->selectionModel()->setCurrentIndex(model->index(index, 0),
+                                            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return true;
+}
+
+bool type(Control control, std::string_view text) {
+    QWidget* widget = reach(control);
+    if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && !edit->isReadOnly()) {
+        edit->setFocus(Qt::MouseFocusReason);
+        edit->selectAll();
+    } else if (auto* area = qobject_cast<QPlainTextEdit*>(widget); area && !area->isReadOnly()) {
+        area->setFocus(Qt::MouseFocusReason);
+        area->selectAll();
+    } else {
+        return false;
+    }
+    const QPointer<QWidget> alive = widget;
+    pressAndRelease(widget, Qt::Key_Delete);
+    for (const QChar unit : toQt(text)) {
+        if (!alive) return false;
+        pressAndRelease(widget, unit == u'\n' ? Qt::Key_Return : Qt::Key_unknown, QString(unit));
+    }
+    return true;
+}
+
+bool slide(Control control, int position) {
+    auto* slider = reachAs<QAbstractSlider>(control);
+    if (!slider) return false;
+    slider->setValue(position);
+    return true;
+}
+
+bool spin(Control control, int steps) {
+    const auto* edit = reachAs<QLineEdit>(control);
+    const UpDown* upDown = edit ? UpDown::find(edit) : nullptr;
+    if (!upDown) return false;
+    const QPointer<QToolButton> arrow = upDown->arrow(steps > 0);
+    for (int left = std::abs(steps); left > 0 && arrow; --left)
+        arrow->click();
+    return true;
+}
+
+bool pressKey(WindowHandle window, const std::string& key) {
+    QWidget* top = reach(window);
+    const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
+    if (!top || sequence.isEmpty()) return false;
+    QWidget* focused = top->window()->focusWidget();
+    pressAndRelease(focused && focused->isEnabled() ? focused : top, sequence[0].key());
+    return true;
+}
+
+bool chooseMenu(WindowHandle window, int command) {
+    const Record* record = findRecord(window);
+    if (!record || !record->menuBar || !reach(window)) return false;
+    for (QAction* action : commandsOf(record->menuBar)) {
+        if (commandOf(action) != command || !action->isEnabled()) continue;
+        action->trigger();
+        return true;
+    }
+    return false;
+}
+
+bool closeBox(WindowHandle window) {
+    QWidget* top = reach(window);
+    if (!top || !top->isWindow() || !(top->windowFlags() & Qt::WindowCloseButtonHint)) return false;
+    top->close();
+    return true;
+}
+
+bool resize(WindowHandle window, int width, int height) {
+    QWidget* top = reach(window);
+    if (!top || !top->isWindow()) return false;
+    const QSize border = top->frameGeometry().size() - top->size();
+    top->resize(QSize(width, height) - border);
+    return true;
+}
+
+bool dragMouse(WindowHandle window, int fromX, int fromY, int toX, int toY) {
+    const Record* record = reach(window) ? findRecord(window) : nullptr;
+    const QPointer<QWidget> client = record ? record->client : nullptr;
+    if (!client) return false;
+    const QPoint from(fromX, fromY), to(toX, toY);
+    mouse(client, QEvent::MouseButtonPress, from, Qt::LeftButton);
+    for (const QPoint& at : {(from + to) / 2, to})
+        if (client) mouse(client, QEvent::MouseMove, at, Qt::LeftButton);
+    if (client) mouse(client, QEvent::MouseButtonRelease, to, Qt::NoButton);
+    return true;
+}
+
+} // namespace driver
+} // namespace platform

@@ -1,0 +1,201 @@
+// Text and look of controls.
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <map>
+
+#include "platform/controls.h"
+#include "platform/detail/delivery.h"
+#include "platform/detail/modal_stack.h"
+#include "platform/detail/qt_text.h"
+#include "platform/detail/up_down.h"
+
+namespace platform {
+
+namespace {
+
+using namespace detail;
+
+constexpr int iconSize = 32;
+
+// A single-line edit tells its window of every text it is given, also of the one that it had. Only a handler
+// of that very message that sets the same text again hears nothing.
+void setEditText(QLineEdit* edit, const QString& text) {
+    if (edit->text() != text) {
+        edit->setText(text);
+        return;
+    }
+    static QLineEdit* telling = nullptr;
+    if (telling == edit) return;
+    const QPointer<QLineEdit> alive = edit;
+    telling = edit;
+    emit edit->textChanged(text);
+    telling = nullptr;
+}
+
+void applyColors(const Record& record) {
+    QWidget* widget = record.widget;
+    QPalette palette;
+    const auto set = [&](const std::optional<Color>& color,
+                         std::initializer_list<QPalette::ColorRole> roles) {
+        if (!color) return;
+        for (const QPalette::ColorRole role : roles)
+            palette.setColor(QPalette::All, role, QColor(color->red, color->green, color->blue));
+    };
+    set(record.textColor, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText});
+    set(record.backColor, {QPalette::Window, QPalette::Base, QPalette::Button});
+    widget->setPalette(palette);
+    if (qobject_cast<QLabel*>(widget)) widget->setAutoFillBackground(record.backColor.has_value());
+}
+
+// Keeps the bytes of a multi-line edit within the limit by taking out what was typed last.
+void trim(QPlainTextEdit* edit, int bytes) {
+    const QString text = edit->toPlainText();
+    qsizetype end = edit->textCursor().position();
+    qsizetype start = end;
+    QString kept = text;
+    while (start > 0 && fromQt(kept).size() > static_cast<std::size_t>(bytes)) {
+        --start;
+        kept = text.left(start) + text.mid(end);
+    }
+    if (start == end) return;
+    QTextCursor cursor = edit->textCursor();
+    cursor.setPosition(static_cast<int>(start));
+    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+}
+
+} // namespace
+
+void setText(Control control, std::string_view text) {
+    const Record* record = findRecord(control);
+    QWidget* widget = record ? record->widget.data() : nullptr;
+    if (!widget) return;
+    const QString shown = toQt(text);
+    if (auto* label = qobject_cast<QLabel*>(widget))
+        label->setText(shown);
+    else if (auto* edit = qobject_cast<QLineEdit*>(widget))
+        setEditText(edit, shown);
+    else if (auto* area = qobject_cast<QPlainTextEdit*>(widget))
+        area->setPlainText(shown);
+    else if (auto* button = qobject_cast<QAbstractButton*>(widget))
+        button->setText(shown);
+    else if (auto* box = qobject_cast<QGroupBox*>(widget))
+        box->setTitle(shown);
+    else if (auto* combo = qobject_cast<QComboBox*>(widget))
+        combo->setCurrentIndex(combo->findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    else if (widget->isWindow())
+        widget->setWindowTitle(shown);
+}
+
+std::string getText(Control control) {
+    const Record* record = findRecord(control);
+    const QWidget* widget = record ? record->widget.data() : nullptr;
+    if (!widget) return {};
+    if (auto* label = qobject_cast<const QLabel*>(widget)) return fromQt(label->text());
+    if (auto* edit = qobject_cast<const QLineEdit*>(widget)) return fromQt(edit->text());
+    if (auto* area = qobject_cast<const QPlainTextEdit*>(widget)) return fromQt(area->toPlainText());
+    if (auto* button = qobject_cast<const QAbstractButton*>(widget)) return fromQt(button->text());
+    if (auto* box = qobject_cast<const QGroupBox*>(widget)) return fromQt(box->title());
+    if (auto* combo = qobject_cast<const QComboBox*>(widget)) return fromQt(combo->currentText());
+    return widget->isWindow() ? fromQt(widget->windowTitle()) : std::string();
+}
+
+void enable(Control control, bool enabled) {
+    const Record* record = findRecord(control);
+    if (record && record->widget) record->widget->setEnabled(enabled);
+}
+
+bool isEnabled(Control control) {
+    const Record* record = findRecord(control);
+    return record && record->widget && record->widget->isEnabled() && record->openModals == 0;
+}
+
+void show(Control control, bool visible) {
+    const Record* record = findRecord(control);
+    if (!record || !record->widget) return;
+    if (record->widget->isWindow())
+        showWindow(record->handle, visible);
+    else
+        record->widget->setVisible(visible);
+}
+
+bool isVisible(Control control) {
+    const Record* record = findRecord(control);
+    if (!record || !record->widget) return false;
+    return !record->widget->isHidden();
+}
+
+void setFocus(Control control) {
+    const Record* record = findRecord(control);
+    if (record && record->widget) record->widget->setFocus();
+}
+
+bool hasFocus(Control control) {
+    const Record* record = findRecord(control);
+    // Asked of the window, not of the desktop: another program in front changes nothing here.
+    return record && record->widget && record->widget->window()->focusWidget() == record->widget;
+}
+
+void setTextColor(Control control, std::optional<Color> color) {
+    Record* record = findRecord(control);
+    if (!record || !record->widget || record->textColor == color) return;
+    record->textColor = color;
+    applyColors(*record);
+}
+
+std::optional<Color> getTextColor(Control control) {
+    const Record* record = findRecord(control);
+    return record ? record->textColor : std::nullopt;
+}
+
+void setBackColor(Control control, std::optional<Color> color) {
+    Record* record = findRecord(control);
+    if (!record || !record->widget || record->backColor == color) return;
+    record->backColor = color;
+    applyColors(*record);
+}
+
+void setFontSize(Control control, int pixels) {
+    const Record* record = findRecord(control);
+    if (!record || !record->widget || pixels <= 0) return;
+    QFont font = record->widget->font();
+    font.setPixelSize(pixels);
+    record->widget->setFont(font);
+}
+
+void setToolTip(Control control, std::string_view text) {
+    const Record* record = findRecord(control);
+    if (record && record->widget) record->widget->setToolTip(toQt(text).toHtmlEscaped());
+}
+
+void setReadOnly(Control control, bool readOnly) {
+    if (auto* edit = widgetOf<QLineEdit>(control)) edit->setReadOnly(readOnly);
+    if (auto* area = widgetOf<QPlainTextEdit>(control)) area->setReadOnly(readOnly);
+}
+
+void limitText(Control control, int bytes) {
+    if (auto* edit = widgetOf<QLineEdit>(control)) EditRule::of(edit)->maxBytes = bytes;
+    if (auto* area = widgetOf<QPlainTextEdit>(control))
+        QObject::connect(area, &QPlainTextEdit::textChanged, area, [area, bytes] { trim(area, bytes); });
+}
+
+void setIcon(Control control, SystemIcon icon) {
+    static const std::map<SystemIcon, QStyle::StandardPixmap> pixmaps = {
+        {SystemIcon::Error, QStyle::SP_MessageBoxCritical},
+        {SystemIcon::Question, QStyle::SP_MessageBoxQuestion},
+        {SystemIcon::Warning, QStyle::SP_MessageBoxWarning},
+        {SystemIcon::Information, QStyle::SP_MessageBoxInformation}};
+    auto* label = widgetOf<QLabel>(control);
+    const auto found = pixmaps.find(icon);
+    if (!label || found == pixmaps.end()) return;
+    label->setPixmap(QApplication::style()->standardIcon(found->second).pixmap(iconSize));
+}
+
+} // namespace platform

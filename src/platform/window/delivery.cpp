@@ -1,0 +1,63 @@
+#include "platform/detail/delivery.h"
+
+#include <vector>
+
+#include "platform/detail/registry.h"
+
+namespace platform::detail {
+
+namespace {
+
+int handlersUnderWay = 0;
+
+std::vector<QPointer<QWidget>>& graveyard() {
+    static std::vector<QPointer<QWidget>> instance;
+    return instance;
+}
+
+} // namespace
+
+LResult deliver(const Message& message) {
+    const Record* record = findRecord(message.window);
+    if (!record) return 0;
+    if (record->dialogProc) {
+        const DialogProc& proc = *record->dialogProc;
+        const bool handled = proc(message.window, message);
+        if (!handled && message.id == WM_COMMAND && lowWord(message.wParam) == IDCANCEL)
+            endDialog(message.window, IDCANCEL);
+        return handled;
+    }
+    return record->proc ? record->proc(message.window, message.id, message.wParam, message.lParam) : 0;
+}
+
+LResult notify(WindowHandle window, unsigned message, WParam wParam, LParam lParam) {
+    ++handlersUnderWay;
+    const LResult result = sendMessage(window, message, wParam, lParam);
+    if (--handlersUnderWay == 0) {
+        // The toolkit's own handler is still above us: deleteLater waits for its end.
+        for (const auto& widget : std::exchange(graveyard(), {}))
+            if (widget) widget->deleteLater();
+    }
+    return result;
+}
+
+void bury(QWidget* widget) {
+    if (!widget) return;
+    if (handlersUnderWay == 0) {
+        delete widget;
+        return;
+    }
+    widget->hide();
+    graveyard().emplace_back(widget);
+}
+
+void reportSize(WindowHandle window) {
+    Record* record = findRecord(window);
+    if (!record || !record->client || record->client->size() == record->reportedSize) return;
+    record->reportedSize = record->client->size();
+    sendMessage(window, WM_SIZE, SIZE_RESTORED,
+                static_cast<LParam>(makeLong(static_cast<unsigned>(record->reportedSize.width()),
+                                             static_cast<unsigned>(record->reportedSize.height()))));
+}
+
+} // namespace platform::detail

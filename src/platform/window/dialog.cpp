@@ -1,0 +1,88 @@
+#include "platform/dialog.h"
+
+#include <QPushButton>
+#include <algorithm>
+
+#include "platform/detail/answers.h"
+#include "platform/detail/delivery.h"
+#include "platform/detail/dialog_window.h"
+#include "platform/detail/event_loop.h"
+#include "platform/detail/modal_stack.h"
+#include "platform/detail/template_loader.h"
+
+namespace platform {
+
+namespace {
+
+using namespace detail;
+
+Answers* currentAnswers = nullptr;
+
+bool hasEnded(WindowHandle dialog) {
+    const Record* record = findRecord(dialog);
+    return !record || record->result.has_value();
+}
+
+// Size and title are the form's own; without a default button there, OK is it.
+void fitToForm(DialogWindow& dialog, const QWidget& form, QPushButton* ok) {
+    const QList<QPushButton*> buttons = form.findChildren<QPushButton*>();
+    if (ok && std::ranges::none_of(buttons, &QPushButton::isDefault)) ok->setDefault(true);
+    dialog.setWindowTitle(form.windowTitle());
+    dialog.resize(form.size().expandedTo(dialog.minimumSizeHint()));
+}
+
+int finish(WindowHandle dialog) {
+    sendMessage(dialog, WM_DESTROY);
+    const Record* record = findRecord(dialog);
+    const int result = record ? record->result.value_or(IDCANCEL) : IDCANCEL;
+    removeRecord(dialog);
+    return result;
+}
+
+} // namespace
+
+namespace detail {
+
+Answers* answers() {
+    return currentAnswers;
+}
+
+void setAnswers(Answers* next) {
+    currentAnswers = next;
+}
+
+} // namespace detail
+
+int runDialog(WindowHandle owner, const std::string& name, const DialogProc& proc) {
+    auto* widget = new DialogWindow(ownerWidget(owner));
+    Record& record = addRecord(widget, {});
+    const WindowHandle dialog = record.handle;
+    Modal modal(name, owner, widget, dialog);
+    // A handle of its own chain: what destroys the owner must not take the dialog with it.
+    record.parent = owner;
+    const QWidget* form = loadForm(name, widget, dialog);
+    if (!form) {
+        removeRecord(dialog);
+        return -1;
+    }
+    fitToForm(*widget, *form, widgetOf<QPushButton>(Control(dialog, IDOK)));
+    record.reportedSize = widget->size();
+    record.dialogProc = &proc;
+
+    sendMessage(dialog, WM_INITDIALOG);
+    if (!hasEnded(dialog)) {
+        modal.show();
+        if (answers())
+            answers()->dialog(name, dialog);
+        else if (!modal.waitUntil([dialog] { return hasEnded(dialog); }))
+            sendMessage(dialog, WM_COMMAND, makeLong(IDCANCEL, BN_CLICKED));
+    }
+    return finish(dialog);
+}
+
+void endDialog(WindowHandle dialog, int result) {
+    Record* record = findRecord(dialog);
+    if (record && record->dialogProc && !record->result) record->result = result;
+}
+
+} // namespace platform

@@ -1,0 +1,151 @@
+#include <QAbstractItemView>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <filesystem>
+
+#include "platform/detail/answers.h"
+#include "platform/detail/modal_stack.h"
+#include "platform/detail/qt_text.h"
+#include "platform/dialog.h"
+#include "platform/files.h"
+
+namespace platform {
+
+namespace {
+
+using namespace detail;
+
+QString toQtPath(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+// Where the dialog starts and the file it proposes.
+struct Start {
+    QString folder, file;
+};
+
+Start splitStart(std::string_view startPath) {
+    if (startPath.empty()) return {};
+    const std::filesystem::path native = nativePath(fullPath(startPath));
+    std::error_code ignored;
+    if (std::filesystem::is_directory(native, ignored)) return {toQtPath(native), {}};
+    const std::string name = native.filename().string();
+    return {toQtPath(native.parent_path()), name == "*" ? QString() : QString::fromStdString(name)};
+}
+
+QString nameFilter(const FileDialog& options) {
+    QString patterns = toQt(options.pattern.empty() ? "*" : options.pattern);
+    patterns.replace(u';', u' ');
+    return QStringLiteral("%1 (%2)").arg(toQt(options.filterName), patterns);
+}
+
+// The toolkit's file dialog asks and warns in loops of its own, in which nothing else of the program would
+// run. So all questions are asked here, and what would open such a loop is left out.
+class Picker : public QFileDialog {
+public:
+    Picker(QWidget* owner, WindowHandle window) : QFileDialog(owner), window_(window) {
+        setOption(DontUseNativeDialog);
+        setOption(DontConfirmOverwrite);
+        setOption(ReadOnly); // no renaming and no deleting, which ask
+        setOption(DontResolveSymlinks);
+        for (QAbstractItemView* view : findChildren<QAbstractItemView*>())
+            view->setContextMenuPolicy(Qt::NoContextMenu);
+    }
+
+    void accept() override {
+        const QStringList files = selectedFiles();
+        if (files.isEmpty()) return;
+        const QFileInfo first(files.front());
+        const bool entersFolder = first.isDir() && fileMode() != Directory;
+        if (!entersFolder && !agreesTo(files, first)) return;
+        QFileDialog::accept();
+    }
+
+private:
+    bool agreesTo(const QStringList& files, const QFileInfo& first) {
+        const QPointer<Picker> alive = this;
+        if (acceptMode() == AcceptSave) {
+            if (!first.exists()) return true;
+            const QString question =
+                QStringLiteral(u"%1 は既に存在します。\n上書きしますか？").arg(first.fileName());
+            return messageBox(window_, fromQt(question), fromQt(windowTitle()), Buttons::YesNo,
+                              SystemIcon::Warning) == Answer::Yes &&
+                   alive;
+        }
+        for (const QString& file : files) {
+            if (QFileInfo::exists(file)) continue;
+            const QString notice = QStringLiteral(u"%1 が見つかりません。").arg(QFileInfo(file).fileName());
+            messageBox(window_, fromQt(notice), fromQt(windowTitle()), Buttons::Ok, SystemIcon::Warning);
+            return false;
+        }
+        return true;
+    }
+
+    WindowHandle window_;
+};
+
+std::vector<std::string> toProgram(const QStringList& files) {
+    std::vector<std::string> paths;
+    for (const QString& file : files)
+        if (auto path = programPath(file.toStdString())) paths.push_back(std::move(*path));
+    return paths;
+}
+
+// As a user who types the path.
+bool choose(Picker& picker, const std::string& path) {
+    picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(toQtPath(nativePath(path)));
+    picker.accept();
+    return picker.result() == QDialog::Accepted;
+}
+
+std::vector<std::string> run(Picker* picker, WindowHandle owner, const std::string& kind) {
+    Modal modal(kind, owner, picker);
+    modal.show();
+    const QPointer<Picker> open = picker;
+    if (answers()) {
+        const auto path = answers()->fileDialog(kind);
+        if (!path || path->empty() || !choose(*picker, *path) || !open) return {};
+    } else {
+        modal.waitUntil([&] { return !open || !open->isVisible(); });
+        if (!open || open->result() != QDialog::Accepted) return {};
+    }
+    return toProgram(open->selectedFiles());
+}
+
+Picker* makePicker(WindowHandle owner, const std::string& startPath) {
+    auto* picker = new Picker(ownerWidget(owner), owner);
+    const Start start = splitStart(startPath);
+    if (!start.folder.isEmpty()) picker->setDirectory(start.folder);
+    if (!start.file.isEmpty()) picker->selectFile(start.file);
+    return picker;
+}
+
+} // namespace
+
+std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& options) {
+    Picker* picker = makePicker(owner, options.startPath);
+    picker->setAcceptMode(QFileDialog::AcceptOpen);
+    picker->setFileMode(options.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    picker->setNameFilter(nameFilter(options));
+    return run(picker, owner, "open file");
+}
+
+std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& options) {
+    Picker* picker = makePicker(owner, options.startPath);
+    picker->setAcceptMode(QFileDialog::AcceptSave);
+    picker->setFileMode(QFileDialog::AnyFile);
+    picker->setNameFilter(nameFilter(options));
+    picker->setDefaultSuffix(toQt(options.defaultExtension));
+    const auto paths = run(picker, owner, "save file");
+    return paths.empty() ? std::nullopt : std::optional(paths.front());
+}
+
+std::optional<std::string> folderDialog(WindowHandle owner, const std::string& startFolder) {
+    Picker* picker = makePicker(owner, startFolder);
+    picker->setFileMode(QFileDialog::Directory);
+    picker->setOption(QFileDialog::ShowDirsOnly);
+    const auto paths = run(picker, owner, "folder");
+    return paths.empty() ? std::nullopt : std::optional(paths.front());
+}
+
+} // namespace platform

@@ -1,0 +1,17 @@
+#include "platform/detail/qt_text.h"
+
+#include "platform/text.h"
+
+namespace platform::detail {
+
+QString toQt(std::string_view sjis) {
+    const std::u16string units = sjisToUtf16(sjis);
+    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
+}
+
+std::string fromQt(const QString& text) {
+    return utf16ToSjis(std::u16string_view(reinterpret_cast<const char16_t*>(text.utf16()),
+                                           static_cast<std::size_t>(text.size())));
+}
+
+} // namespace platform::detail

@@ -1,0 +1,32 @@
+// What the user does to a control, as messages to its window.
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTreeView>
+
+#include "platform/detail/delivery.h"
+#include "platform/detail/list_model.h"
+#include "platform/detail/template_loader.h"
+
+namespace platform::detail {
+
+void wireControl(QWidget* control, WindowHandle window, int id) {
+    const auto command = [window, id](unsigned code) {
+        notify(window, WM_COMMAND, makeLong(static_cast<unsigned>(id), code));
+    };
+    if (auto* button = qobject_cast<QAbstractButton*>(control))
+        QObject::connect(button, &QAbstractButton::clicked, button, [command] { command(BN_CLICKED); });
+    else if (auto* combo = qobject_cast<QComboBox*>(control))
+        QObject::connect(combo, &QComboBox::activated, combo, [command] { command(CBN_SELCHANGE); });
+    else if (auto* edit = qobject_cast<QLineEdit*>(control))
+        QObject::connect(edit, &QLineEdit::textChanged, edit, [command] { command(EN_CHANGE); });
+    else if (auto* slider = qobject_cast<QAbstractSlider*>(control))
+        QObject::connect(slider, &QAbstractSlider::valueChanged, slider,
+                         [window, id] { notify(window, WM_HSCROLL, 0, id); });
+    else if (auto* list = qobject_cast<QTreeView*>(control))
+        wireList(list, window, id);
+}
+
+} // namespace platform::detail

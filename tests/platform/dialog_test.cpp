@@ -1,0 +1,235 @@
+// Modal dialogs: as scripts answer them, and as they run in their own loop.
+
+#include "platform/dialog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/clock.h"
+#include "platform/driver.h"
+#include "test_window.h"
+
+using namespace platform;
+using test_support::TestWindow;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+const std::string form = "IDD_TEST_CONTROLS";
+const DialogProc ignore = [](WindowHandle, const Message&) { return false; };
+
+// Ends the dialog on the buttons numbered 1 and 2.
+bool endOnButtons(WindowHandle dialog, const Message& message) {
+    if (message.id != WM_COMMAND || lowWord(message.wParam) > IDCANCEL) return false;
+    endDialog(dialog, static_cast<int>(lowWord(message.wParam)) * 10);
+    return true;
+}
+
+// Runs the action in the next turn of whichever loop is running.
+class Soon {
+public:
+    explicit Soon(TestWindow& window) : window_(window) {
+        window.onMessage = [this](const Message& message) {
+            if (message.id != WM_USER) return false;
+            actions_[message.wParam]();
+            return true;
+        };
+    }
+    void run(std::function<void()> action) {
+        actions_.push_back(std::move(action));
+        postMessage(window_, WM_USER, actions_.size() - 1);
+    }
+
+private:
+    TestWindow& window_;
+    std::vector<std::function<void()>> actions_;
+};
+
+} // namespace
+
+TEST(Dialog, TellsItsProcedureFromInitToDestroy) {
+    TestWindow main;
+    std::vector<unsigned> ids;
+    driver::Script script;
+    script.expectDialog(form, [](WindowHandle dialog) {
+        EXPECT_EQ(getText(dialog), "検査");
+        EXPECT_TRUE(driver::click({dialog, 113}));
+        EXPECT_TRUE(driver::click({dialog, IDOK}));
+    });
+    const int result = runDialog(main, form, [&](WindowHandle dialog, const Message& message) {
+        ids.push_back(message.id);
+        return endOnButtons(dialog, message);
+    });
+    EXPECT_EQ(result, 10);
+    EXPECT_THAT(ids, ElementsAre(WM_INITDIALOG, WM_COMMAND, WM_COMMAND, WM_DESTROY));
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST(Dialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
+    struct Case {
+        const char* what;
+        std::function<void(WindowHandle)> act;
+        int result;
+    };
+    const Case cases[] = {
+        {"Esc", [](WindowHandle d) { driver::pressKey(d, "Escape"); }, 20},
+        {"close box", [](WindowHandle d) { driver::closeBox(d); }, 20},
+        {"Enter in an edit",
+         [](WindowHandle d) {
+             setFocus({d, 103});
+             driver::pressKey(d, "Return");
+         },
+         10},
+        {"Enter in a list of choices",
+         [](WindowHandle d) {
+             setFocus({d, 110});
+             driver::pressKey(d, "Return");
+         },
+         10},
+        {"Enter on a focused button",
+         [](WindowHandle d) {
+             setFocus({d, IDCANCEL});
+             driver::pressKey(d, "Return");
+         },
+         20},
+    };
+    TestWindow main;
+    for (const Case& example : cases) {
+        driver::Script script;
+        script.expectDialog(form, example.act);
+        EXPECT_EQ(runDialog(main, form, endOnButtons), example.result) << example.what;
+        EXPECT_THAT(script.faults(), IsEmpty()) << example.what;
+    }
+}
+
+TEST(Dialog, UnhandledCancelEndsIt) {
+    TestWindow main;
+    driver::Script script;
+    script.expectDialog(form, [](WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
+    EXPECT_EQ(runDialog(main, form, ignore), IDCANCEL);
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST(Dialog, ADisabledCancelButtonKeepsItOpen) {
+    TestWindow main;
+    driver::Script script;
+    script.expectDialog(form, [](WindowHandle dialog) {
+        enable({dialog, IDCANCEL}, false);
+        driver::pressKey(dialog, "Escape");
+        driver::closeBox(dialog);
+        driver::click({dialog, IDOK});
+    });
+    EXPECT_EQ(runDialog(main, form, endOnButtons), 10);
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST(Dialog, EndedInItsInitIsNeverShown) {
+    TestWindow main;
+    driver::Script script;
+    const int result = runDialog(main, form, [](WindowHandle dialog, const Message& message) {
+        if (message.id == WM_INITDIALOG) endDialog(dialog, 77);
+        return true;
+    });
+    EXPECT_EQ(result, 77);
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST(Dialog, AMissingTemplateAnswersMinusOne) {
+    TestWindow main;
+    EXPECT_EQ(runDialog(main, "IDD_NOT_THERE", ignore), -1);
+    EXPECT_TRUE(isEnabled(main.window));
+}
+
+TEST(Dialog, TheOwnerIsDisabledUntilItsLastDialogCloses) {
+    TestWindow main(WS_VISIBLE);
+    Soon soon(main);
+    WindowHandle first;
+    const auto remember = [&](WindowHandle dialog, const Message& message) {
+        if (message.id == WM_INITDIALOG && !first) first = dialog;
+        return endOnButtons(dialog, message);
+    };
+    std::vector<bool> enabled;
+    soon.run([&] {
+        enabled.push_back(isEnabled(main.window));
+        soon.run([&] {
+            // Asked out of the inner loop, the outer dialog waits for the inner one.
+            endDialog(first, 5);
+            EXPECT_EQ(driver::openDialogs().size(), 2u);
+            EXPECT_FALSE(driver::closeBox(main));
+            EXPECT_FALSE(driver::click({first, IDOK}));
+            EXPECT_TRUE(driver::click({driver::openDialogs().back().window, IDOK}));
+        });
+        EXPECT_EQ(runDialog(main, form, remember), 10);
+        enabled.push_back(isEnabled(main.window));
+    });
+    EXPECT_EQ(runDialog(main, form, remember), 5);
+    enabled.push_back(isEnabled(main.window));
+    EXPECT_THAT(enabled, ElementsAre(false, false, true));
+}
+
+TEST(Dialog, TimersAndMessagesOfAllWindowsGoOnAndItsOwnTimersDieWithIt) {
+    ManualClock clock;
+    TestWindow main;
+    int mainTicks = 0, dialogTicks = 0;
+    main.onMessage = [&](const Message& message) {
+        mainTicks += message.id == WM_TIMER;
+        return false;
+    };
+    setTimer(main, 7, 50);
+    driver::Script script;
+    script.expectDialog(form, [&](WindowHandle dialog) {
+        setTimer(dialog, 8, 50);
+        clock.advance(120);
+        driver::click({dialog, IDOK});
+    });
+    runDialog(main, form, [&](WindowHandle dialog, const Message& message) {
+        dialogTicks += message.id == WM_TIMER;
+        return endOnButtons(dialog, message);
+    });
+    clock.advance(100);
+    EXPECT_EQ(mainTicks, 4);
+    EXPECT_EQ(dialogTicks, 2);
+}
+
+TEST(Dialog, AQuitOrTheEndOfTheOwnerEndsEveryDialog) {
+    for (const bool quit : {true, false}) {
+        TestWindow main(WS_VISIBLE);
+        Soon soon(main);
+        int inner = 0;
+        soon.run([&] {
+            soon.run([&] {
+                if (quit)
+                    postQuitMessage(3);
+                else
+                    destroyWindow(main);
+            });
+            inner = runDialog(main, form, ignore);
+        });
+        EXPECT_EQ(runDialog(main, form, ignore), IDCANCEL) << quit;
+        EXPECT_EQ(inner, IDCANCEL) << quit;
+        EXPECT_EQ(isWindow(main), quit);
+        Message message;
+        EXPECT_EQ(peekMessage(message) && message.id == WM_QUIT, quit);
+    }
+}
+
+TEST(Script, ReportsWhatCameUnexpectedAndWhatDidNotCome) {
+    TestWindow main;
+    driver::Script script;
+    script.expectDialog("IDD_OTHER", [](WindowHandle) {});
+    EXPECT_EQ(runDialog(main, form, endOnButtons), 20);
+    EXPECT_THAT(script.faults(), ElementsAre(HasSubstr("dialog IDD_TEST_CONTROLS came, but dialog IDD_OTHER"),
+                                             HasSubstr("dialog IDD_OTHER did not come")));
+    EXPECT_FALSE(script.done());
+}
+
+TEST(Script, ReportsADialogThatItsActionLeftOpen) {
+    TestWindow main;
+    driver::Script script;
+    script.expectDialog(form, [](WindowHandle) {});
+    EXPECT_EQ(runDialog(main, form, ignore), IDCANCEL);
+    EXPECT_THAT(script.faults(), ElementsAre(HasSubstr("without ending it")));
+    EXPECT_TRUE(script.done());
+}
