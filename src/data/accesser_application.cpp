@@ -1,0 +1,73 @@
+#include "data/accesser_application.h"
+
+#include <xercesc/dom/DOM.hpp>
+
+#include "data/xml_record.h"
+#include "data/xml_text.h"
+#include "data/xml_writer.h"
+#include "foundation/text.h"
+#include "platform/files.h"
+
+using namespace xercesc;
+
+namespace {
+
+constexpr const char* rootName = "config";
+constexpr const char* fundamentalName = "fundamental";
+constexpr const char* applicationName = "application";
+
+DOMElement* appendElement(DOMDocument& document, DOMElement& parent, const char* name) {
+    return static_cast<DOMElement*>(parent.appendChild(document.createElement(xml::fromSjis(name).c_str())));
+}
+
+bool putAside(const std::string& path) {
+    const auto bytes = platform::readFile(path);
+    if (!bytes) return false;
+    std::string aside = path + ".broken";
+    for (int number = 2; platform::pathExists(aside); ++number) {
+        if (platform::readFile(aside) == bytes) return true;
+        aside = path + ".broken" + zelkova::numberToText(number);
+    }
+    return platform::replaceFile(aside, *bytes);
+}
+
+} // namespace
+
+void AccesserFundamental::read(const DOMElement* root, DataApplication& settings) {
+    if (const DOMElement* half = findChild(root, fundamentalName))
+        xml::readFields(half, static_cast<DataFundamental&>(settings));
+}
+
+void AccesserFundamental::write(DOMDocument& document, DOMElement& root, const DataApplication& settings) {
+    xml::writeFields(appendElement(document, root, fundamentalName),
+                     static_cast<const DataFundamental&>(settings));
+}
+
+void AccesserApplication::read(const DOMElement* root, DataApplication& settings) {
+    AccesserFundamental::read(root, settings);
+    if (const DOMElement* half = findChild(root, applicationName)) xml::readFields(half, settings);
+}
+
+void AccesserApplication::write(DOMDocument& document, DOMElement& root, const DataApplication& settings) {
+    AccesserFundamental::write(document, root, settings);
+    xml::writeFields(appendElement(document, root, applicationName), settings);
+}
+
+int AccesserApplication::load(const std::string& path, DataApplication& settings) {
+    if (parse(path) != 0) return 0;
+    const DOMElement* root = findChild(getCurrentNode(), rootName);
+    if (!root) {
+        refuse("設定ファイルではありません");
+        return 0;
+    }
+    read(root, settings);
+    return 1;
+}
+
+int AccesserApplication::save(const std::string& path, const DataApplication& settings) {
+    DataApplication ignored;
+    if (platform::pathExists(path) && load(path, ignored) == 0 && !putAside(path)) return 0;
+    const xml::NewDocument document = xml::createDocument(rootName, "");
+    write(*document, *document->getDocumentElement(), settings);
+    return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
+}

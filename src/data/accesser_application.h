@@ -1,0 +1,30 @@
+#pragma once
+// The settings file, Config.xml. Written back whole, by the settings dialogs alone.
+
+#include <string>
+
+#include "data/data_application.h"
+#include "data/xml_dom.h"
+
+// The half that describes the product and the installation.
+class AccesserFundamental : public XmlDom {
+public:
+    // Elements that are missing leave their fields as they are.
+    virtual void read(const xercesc::DOMElement* root, DataApplication& settings);
+    virtual void write(xercesc::DOMDocument& document, xercesc::DOMElement& root,
+                       const DataApplication& settings);
+};
+
+// Both halves.
+class AccesserApplication : public AccesserFundamental {
+public:
+    // 1, or 0 when the file is no settings file: loadError() tells why and the record stays as it was.
+    int load(const std::string& path, DataApplication& settings);
+    // 1, or 0 when the file could not be written; the old one is then whole. A file that cannot be understood
+    // is put aside first, under its name and ".broken" (with a number where that is taken).
+    int save(const std::string& path, const DataApplication& settings);
+
+    void read(const xercesc::DOMElement* root, DataApplication& settings) override;
+    void write(xercesc::DOMDocument& document, xercesc::DOMElement& root,
+               const DataApplication& settings) override;
+};

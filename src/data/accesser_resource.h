@@ -1,0 +1,53 @@
+#pragma once
+// The music catalogue, ResourceData.xml. The document stays parsed for the whole run; changes are made in
+// memory and reach the disk with commit().
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/data_resource.h"
+#include "data/xml_dom.h"
+
+class AccesserResource : public XmlDom {
+public:
+    // For files that open() makes; call it first.
+    void setStylesheet(const std::string& name) { stylesheet_ = name; }
+    // Makes an empty catalogue where there is no file. 1, or 0 when there is no usable catalogue: loadError()
+    // tells why, and nothing will be written to that file.
+    int open(const std::string& path);
+    bool isOpened() const { return opened_; }
+    // 1, or 0 when nothing is open or the file could not be replaced; the old file is then whole and the
+    // changes are still in memory.
+    int commit();
+    int createFile(const std::string& path) const;
+
+    // 1, or 0 with a cleared record when there is no such entry. Does not walk the file.
+    int get(std::int32_t number, DataResource& resource) const;
+    // The new entry's number; 0 when nothing is open or no number is left. Numbers are never given twice.
+    std::int32_t add(const DataResource& resource);
+    // Numbers of -1 leave what the entry has; texts and the date are always written. 0 when there is no such
+    // entry.
+    int update(std::int32_t number, const DataResource& resource);
+    int remove(std::int32_t number);
+    std::int32_t getMaxId() const; // -1 when the element cannot be read
+    void setMaxId(std::int32_t number);
+
+    // Entries from 1 to the highest number given, ascending. A filter is off with a `noFrom` of 0 or less, an
+    // empty text, a `type` or `fileType` below 0, a year of 0. Texts are patterns (wildcardMatch); ends are
+    // included.
+    std::vector<DataResource> search(std::int32_t noFrom, std::int32_t noTo, const std::string& title,
+                                     std::int32_t type, const platform::SystemTime& dateFrom,
+                                     const platform::SystemTime& dateTo, const std::string& genre,
+                                     const std::string& artist, const std::string& artistKana,
+                                     std::int32_t fileType) const;
+
+private:
+    xercesc::DOMElement* find(std::int32_t number) const;
+
+    bool opened_ = false;
+    std::string stylesheet_;
+    std::int32_t maxId_ = 0;
+    std::map<std::int32_t, xercesc::DOMElement*> entries_; // the first of each number
+};

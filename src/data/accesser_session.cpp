@@ -1,0 +1,163 @@
+#include "data/accesser_session.h"
+
+#include <xercesc/dom/DOM.hpp>
+
+#include "data/xml_record.h"
+#include "data/xml_writer.h"
+#include "foundation/text.h"
+#include "platform/files.h"
+
+using namespace xercesc;
+
+namespace {
+
+constexpr const char* rootName = "session";
+
+std::string& stylesheet() {
+    static std::string name;
+    return name;
+}
+
+// The elements ahead of the stages. The blanks keep a text node in each element.
+constexpr const char* headerElements[][2] = {
+    {"maxPart", "0"}, {"conceptType", "0"}, {"sessionName", " "}, {"sessionVoice", " "},
+    {"mcVoice", " "}, {"day", " "},         {"total", "0"}};
+
+} // namespace
+
+void AccesserSession::setStylesheet(const std::string& name) {
+    stylesheet() = name;
+}
+
+int AccesserSession::createFile(const std::string& path) {
+    const xml::NewDocument document = xml::createDocument(rootName, stylesheet());
+    for (const auto& [name, text] : headerElements)
+        appendNode(document->getDocumentElement(), createTextElement(*document, name, text));
+    return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
+}
+
+int AccesserSession::open(const std::string& path) {
+    close();
+    if (!platform::pathExists(path)) createFile(path);
+    if (load(path) == 0) return 0;
+    if (!rootNamed(rootName)) {
+        refuse("出題ファイルではありません");
+        return 0;
+    }
+    opened_ = true;
+    maxPart_ = getMaxPart();
+    return 1;
+}
+
+void AccesserSession::close() {
+    releaseParser();
+    opened_ = false;
+    maxPart_ = 0;
+}
+
+int AccesserSession::save() {
+    return opened_ ? XmlDom::save(xml::encodingOfEdited) : 0;
+}
+
+DOMElement* AccesserSession::findPart(std::int32_t id) const {
+    const DOMElement* root = rootNamed(rootName);
+    for (DOMElement* part = root ? root->getFirstElementChild() : nullptr; part;
+         part = part->getNextElementSibling()) {
+        if (getNodeName(part) != "part") continue;
+        const DOMNode* first = part->getAttributes()->item(0);
+        if (first && zelkova::stringToInt(getNodeValue(first)) == id) return part;
+    }
+    return nullptr;
+}
+
+bool AccesserSession::getPart(std::int32_t id, DataSession& part) const {
+    part.clear();
+    // A record that is used again must not keep the songs of the stage before.
+    part.setResourceId("");
+    const DOMElement* element = findPart(id);
+    if (!element) return false;
+    xml::readFields(element, part);
+    std::string numbers;
+    if (xml::readPlace(element, "resourceId", numbers)) part.setResourceId(numbers);
+
+    std::vector<std::int32_t> songs;
+    const DOMElement* list = findChild(element, "resources");
+    for (const DOMElement* song = list ? list->getFirstElementChild() : nullptr; song;
+         song = song->getNextElementSibling())
+        if (getNodeName(song) == "resource") songs.push_back(zelkova::stringToInt(getChildValue(song)));
+    if (!songs.empty()) part.setResources(songs);
+    return true;
+}
+
+std::int32_t AccesserSession::addPart(const DataSession& part) {
+    if (!opened_) return 0;
+    DOMElement* element = createElement("part");
+    setAttribute(element, "id", zelkova::numberToText(maxPart_ + 1));
+    xml::writeFields(element, part);
+    DOMElement* songs = createElement("resources");
+    std::int32_t place = 0;
+    for (const std::int32_t number : part.getResources()) {
+        DOMElement* song = createTextElement(*document(), "resource", zelkova::numberToText(number));
+        setAttribute(song, "seq", zelkova::numberToText(place++));
+        appendNode(songs, song);
+    }
+    appendNode(element, songs);
+    appendNode(rootNamed(rootName), element);
+    setMaxPart(maxPart_ + 1);
+    return maxPart_;
+}
+
+std::string AccesserSession::header(std::string_view name) const {
+    return getChildValue(findChild(rootNamed(rootName), name));
+}
+
+std::int32_t AccesserSession::headerNumber(std::string_view name) const {
+    return findChild(rootNamed(rootName), name) ? zelkova::stringToInt(header(name)) : -1;
+}
+
+void AccesserSession::setHeader(std::string_view name, const std::string& text) {
+    DOMElement* root = rootNamed(rootName);
+    if (!root) return;
+    if (DOMElement* element = findChild(root, name))
+        setChildValue(element, text);
+    else
+        root->insertBefore(createTextElement(*document(), name, text), findChild(root, "part"));
+}
+
+std::int32_t AccesserSession::getMaxPart() const {
+    return headerNumber("maxPart");
+}
+void AccesserSession::setMaxPart(std::int32_t number) {
+    maxPart_ = number;
+    setHeader("maxPart", zelkova::numberToText(number));
+}
+std::string AccesserSession::getSessionName() const {
+    return header("sessionName");
+}
+void AccesserSession::setSessionName(const std::string& text) {
+    setHeader("sessionName", text);
+}
+std::string AccesserSession::getSessionVoice() const {
+    return header("sessionVoice");
+}
+void AccesserSession::setSessionVoice(const std::string& text) {
+    setHeader("sessionVoice", text);
+}
+std::string AccesserSession::getMcVoice() const {
+    return header("mcVoice");
+}
+void AccesserSession::setMcVoice(const std::string& text) {
+    setHeader("mcVoice", text);
+}
+std::int32_t AccesserSession::getTotal() const {
+    return headerNumber("total");
+}
+void AccesserSession::setTotal(std::int32_t number) {
+    setHeader("total", zelkova::numberToText(number));
+}
+std::string AccesserSession::getDay() const {
+    return header("day");
+}
+void AccesserSession::setDay(const platform::SystemTime& date) {
+    setHeader("day", record::toText(date));
+}

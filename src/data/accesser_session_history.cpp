@@ -1,0 +1,48 @@
+#include "data/accesser_session_history.h"
+
+#include <xercesc/dom/DOM.hpp>
+
+#include "data/xml_record.h"
+#include "data/xml_text.h"
+#include "data/xml_writer.h"
+#include "foundation/text.h"
+
+using namespace xercesc;
+
+namespace {
+
+std::string& stylesheet() {
+    static std::string name;
+    return name;
+}
+
+DOMElement* appendElement(DOMElement& parent, const char* name) {
+    return static_cast<DOMElement*>(
+        parent.appendChild(parent.getOwnerDocument()->createElement(xml::fromSjis(name).c_str())));
+}
+
+} // namespace
+
+void AccesserSessionHistory::setStylesheet(const std::string& name) {
+    stylesheet() = name;
+}
+
+int AccesserSessionHistory::save(const std::string& path, const DataSessionHistory& history) {
+    const xml::NewDocument document = xml::createDocument("session", stylesheet());
+    writeSession(*document, *document->getDocumentElement(), history);
+    return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
+}
+
+void AccesserSessionHistory::writeSession(DOMDocument&, DOMElement& root, const DataSessionHistory& history) {
+    xml::writeFields(&root, history);
+    DOMElement* parts = appendElement(root, "parts");
+    std::int32_t place = 0;
+    for (const DataPartHistory& stage : history.getDataPartHistoryList()) {
+        DOMElement* part = appendElement(*parts, "part");
+        setAttribute(part, "seq", zelkova::numberToText(place++));
+        xml::writeFields(part, stage);
+        DOMElement* quests = appendElement(*part, "historys");
+        for (const DataHistory& quest : stage.getDataHistoryList())
+            xml::writeFields(appendElement(*quests, "history"), quest);
+    }
+}
