@@ -139,7 +139,7 @@ bool replaceFile(std::string_view path, std::string_view bytes) {
     std::error_code failure;
     // A link stays a link: what it points at is replaced.
     if (fs::is_symlink(target, failure)) target = fs::weakly_canonical(target, failure);
-    if (failure || fs::is_directory(target, failure)) return false;
+    if (fs::is_directory(target, failure)) return false;
 
     std::string neighbour = target.native() + ".XXXXXX";
     const int descriptor = ::mkostemp(neighbour.data(), O_CLOEXEC);
