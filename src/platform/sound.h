@@ -1,7 +1,7 @@
 #pragma once
-// Sound: one device, many players. Two devices pass the same contract test: the GStreamer one, and a silent one
-// whose positions follow the platform clock. Nothing here throws, blocks for long or shows anything; a file that
-// cannot be played is silence with position 0 and end 0.
+// Sound: one device, many players. Two devices pass the same contract test: the GStreamer one, and a silent
+// one whose positions follow the platform clock. Nothing here throws, blocks for long or shows anything; a
+// file that cannot be played is silence. All of it is for the window thread.
 
 #include <cstddef>
 #include <cstdint>
@@ -16,32 +16,36 @@ class SoundPlayer {
 public:
     virtual ~SoundPlayer() = default;
 
-    // Starts to open the file (Shift-JIS path), over any file open before; speed is 1000 after it. False when
-    // there is no such regular file, or its head shows that it is no sound. Returns at once: several players
-    // opened one after the other prepare side by side, and seek, speed and volume given meanwhile are applied
-    // when the file is ready.
+    // Opens a WAV, MP3, WMA or MIDI file (Shift-JIS path, any name), over any file open before; its speed is
+    // 1000 and its place 0. False, with nothing open, when there is no such regular file or its head shows
+    // that it is none of these. Returns at once: several players opened one after the other prepare side by
+    // side (some 10 to 100 ms), and what is asked meanwhile holds when the file is ready. A file that turns
+    // out to be broken plays as far as it can be decoded and then stands at its end.
     virtual bool open(const std::string& path) = 0;
     virtual void close() = 0;
-    // From the present place. At the end the player stops by itself with position() == end().
+    // From the present place. At the end the player stops by itself with position() == end(). False when
+    // nothing is open, as all of the following.
     virtual bool play() = 0;
-    virtual bool playReverse() = 0;
-    virtual bool pause() = 0; // keeps the place
-    virtual bool stop() = 0;  // keeps the place
+    virtual bool playReverse() = 0; // of every kind of file; stops by itself at 0
+    virtual bool pause() = 0;       // keeps the place
+    virtual bool stop() = 0;        // keeps the place
     // Milliseconds, clipped to 0..end(). Stops a playing player. Exact to the sample that is heard.
     virtual bool seek(int milliseconds) = 0;
-    virtual int position() = 0; // milliseconds; 0 when nothing is open
+    virtual int position() = 0; // milliseconds, in steps of 10; 0 when nothing is open
     // Length in milliseconds, to a tenth of a second also for MP3 without a Xing header; 0 when nothing is
-    // open. Waits for the preparation (at most one second).
+    // open. Waits for the file to be measured (at most one second).
     virtual int end() = 0;
-    virtual bool setVolume(int thousandths) = 0; // 0 to 1000
-    virtual bool setSpeed(int thousandths) = 0;  // 3 to 2267; pitch follows speed
+    // 0 to 1000, a linear factor. Belongs to the player: no file need be open, and it stays for the next
+    // ones.
+    virtual bool setVolume(int thousandths) = 0;
+    virtual bool setSpeed(int thousandths) = 0; // 3 to 2267; pitch follows speed
 };
 
 class SoundDevice {
 public:
     virtual ~SoundDevice() = default;
     virtual std::unique_ptr<SoundPlayer> createPlayer() = 0;
-    // Fire and forget, one at a time: a new one cuts the old. A missing file is silence.
+    // Fire and forget, one at a time: a new one cuts the old, and a missing file is silence.
     virtual void playSound(const std::string& path) = 0;
     // Gain over all players and playSound. The word's low half is the left, the high half the right channel,
     // 0xFFFF is full, taken as a linear factor.
@@ -56,7 +60,7 @@ void setSoundDevice(std::unique_ptr<SoundDevice> device);
 
 // Where the sound of a GStreamer device goes.
 enum class SoundOutput {
-    Speakers, // the system's own output; where there is none, as Clocked
+    Speakers, // the system's own output; without a card, or when it fails, as Clocked until one is found
     Clocked,  // nowhere, at the speed of real time
     Captured, // as Clocked, and every block is also handed to the capture function
 };
@@ -64,7 +68,7 @@ enum class SoundOutput {
 // A block as it would have reached the loudspeaker: interleaved 16-bit stereo at 44100 Hz, gains applied.
 struct CapturedBlock {
     const void* player; // whose sound it is; the device itself for playSound
-    std::uint32_t tick; // getTickCount() when the first sample was due
+    std::uint32_t tick; // getTickCount() when the first sample was due, by the system's clock
     const std::int16_t* samples;
     std::size_t frames;
 };

@@ -19,6 +19,12 @@ std::string bytesOf(std::uint32_t value, int count, bool bigEndian = false) {
     return bytes;
 }
 
+std::string wavHeader(std::uint32_t rate, std::uint32_t bytesPerSample, std::uint32_t dataSize) {
+    return "RIFF" + bytesOf(36 + dataSize, 4) + "WAVEfmt " + bytesOf(16, 4) + bytesOf(1, 2) + bytesOf(1, 2) +
+           bytesOf(rate, 4) + bytesOf(rate * bytesPerSample, 4) + bytesOf(bytesPerSample, 2) +
+           bytesOf(bytesPerSample * 8, 2) + "data" + bytesOf(dataSize, 4);
+}
+
 Samples mixed(const std::vector<double>& hertz, double noiseLevel) {
     std::minstd_rand random(7);
     std::uniform_real_distribution<double> noise(-noiseLevel, noiseLevel);
@@ -47,13 +53,20 @@ void writeBytes(const std::filesystem::path& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
+void writeSilence(const std::filesystem::path& path, int milliseconds) {
+    constexpr int rate = 8000; // one byte each, 0x80 is silence
+    writeBytes(path, wavHeader(rate, 1, static_cast<std::uint32_t>(milliseconds) * rate / 1000) +
+                         std::string(static_cast<std::size_t>(milliseconds) * rate / 1000, '\x80'));
+}
+
 void writeWav(const std::filesystem::path& path, const Samples& samples) {
-    const auto dataSize = static_cast<std::uint32_t>(samples.size() * 2);
-    std::string bytes = "RIFF" + bytesOf(36 + dataSize, 4) + "WAVEfmt " + bytesOf(16, 4) + bytesOf(1, 2) +
-                        bytesOf(1, 2) + bytesOf(soundRate, 4) + bytesOf(soundRate * 2, 4) + bytesOf(2, 2) +
-                        bytesOf(16, 2) + "data" + bytesOf(dataSize, 4);
-    for (std::int16_t sample : samples)
-        bytes += bytesOf(static_cast<std::uint16_t>(sample), 2);
+    const auto size = static_cast<std::uint32_t>(samples.size() * 2);
+    std::string bytes = wavHeader(soundRate, 2, size);
+    bytes.reserve(bytes.size() + size);
+    for (std::int16_t sample : samples) {
+        bytes += static_cast<char>(sample);
+        bytes += static_cast<char>(sample >> 8);
+    }
     writeBytes(path, bytes);
 }
 

@@ -24,6 +24,8 @@ Samples tones(const std::vector<double>& hertz);
 Samples noisyTones(const std::vector<double>& hertz);
 
 void writeBytes(const std::filesystem::path& path, const std::string& bytes);
+// A WAV file of so much silence, cheap to make and to read.
+void writeSilence(const std::filesystem::path& path, int milliseconds);
 void writeWav(const std::filesystem::path& path, const Samples& samples);
 // Encodes through elements of the sound library, such as "lamemp3enc ! xingmux". False when it cannot.
 bool encode(const std::filesystem::path& path, const Samples& samples, const std::string& elements);

@@ -52,6 +52,7 @@ bool Voice::play(Direction direction) {
 bool Voice::halt() {
     const std::lock_guard lock(mutex_);
     playing_ = false;
+    sounding_ = false; // a play after this starts at its full volume
     return open_;
 }
 
@@ -59,6 +60,7 @@ bool Voice::seek(int milliseconds) {
     const std::lock_guard lock(mutex_);
     if (!open_) return false;
     playing_ = false;
+    sounding_ = false;
     const std::int64_t target = toFrames(std::max(0, milliseconds));
     if (target == frame_ && direction_ == Direction::Forward) return true; // the stream stands there already
     frame_ = target;
