@@ -10,8 +10,21 @@
 
 namespace platform {
 
+namespace {
+
+QtMessageHandler toolkitHandler = nullptr;
+
+// Drawing off screen, the toolkit regrets aloud for every window that nobody can raise it.
+void dropRegrets(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.startsWith(QStringLiteral("This plugin does not support"))) return;
+    toolkitHandler(type, context, message);
+}
+
+} // namespace
+
 Application::Application(int& argc, char** argv) {
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    toolkitHandler = qInstallMessageHandler(dropRegrets);
     auto* application = new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     detail::applyStyle(*application);
@@ -22,6 +35,7 @@ Application::~Application() {
     for (const WindowHandle window : detail::topWindows())
         destroyWindow(window);
     delete qApp;
+    qInstallMessageHandler(nullptr);
 }
 
 } // namespace platform

@@ -22,7 +22,9 @@ bool doubleClickRow(Control list, int row);
 bool rightClickRow(Control list, int row);
 bool clickColumn(Control list, int column);
 bool dragRow(Control from, int row, Control to, int toRow);
-bool pressKey(WindowHandle window, const std::string& key); // "Return", "Escape", "Tab", "Delete", "F4"
+// On what has the focus in the window; without a window, in the innermost open box. "Return", "Escape", "Tab",
+// "Delete", "F4", "Ctrl+A".
+bool pressKey(WindowHandle window, const std::string& key);
 bool chooseMenu(WindowHandle window, int command);
 bool closeBox(WindowHandle window);
 bool resize(WindowHandle window, int width, int height);

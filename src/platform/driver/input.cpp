@@ -23,11 +23,11 @@ namespace {
 
 using namespace detail;
 
-void pressAndRelease(QWidget* widget, int key, const QString& text = {}) {
+void pressAndRelease(QWidget* widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
     const QPointer<QWidget> alive = widget;
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QKeyEvent press(QEvent::KeyPress, key, held, text);
     QApplication::sendEvent(widget, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+    QKeyEvent release(QEvent::KeyRelease, key, held, text);
     if (alive) QApplication::sendEvent(alive, &release);
 }
 
@@ -117,10 +117,12 @@ bool spin(Control control, int steps) {
 
 bool pressKey(WindowHandle window, const std::string& key) {
     QWidget* top = reach(window);
+    if (!window && !openModals().empty()) top = openModals().back()->widget;
     const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
     if (!top || sequence.isEmpty()) return false;
     QWidget* focused = top->window()->focusWidget();
-    pressAndRelease(focused && focused->isEnabled() ? focused : top, sequence[0].key());
+    pressAndRelease(focused && focused->isEnabled() ? focused : top, sequence[0].key(), {},
+                    sequence[0].keyboardModifiers());
     return true;
 }
 

@@ -15,10 +15,12 @@ namespace {
 
 using namespace detail;
 
-// The middle of the row's first cell, scrolled into view; an empty place below the rows for row -1.
+// Where the hand goes, which also gives the list the focus: the middle of the row's first cell, scrolled into
+// view; for row -1 the corner below the rows.
 std::optional<QPoint> placeOf(QTreeView* list, int row) {
     const ListModel* model = list ? ListModel::of(list) : nullptr;
     if (!model) return std::nullopt;
+    list->setFocus(Qt::MouseFocusReason);
     if (row == -1) return list->viewport()->rect().bottomRight();
     if (!model->hasRow(row)) return std::nullopt;
     list->scrollTo(model->index(row, 0));

@@ -76,17 +76,17 @@ void FrameWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     const WindowHandle window = handleOf(this);
     if (const Record* record = findRecord(window); record && record->shown && !agreed_ && !isMinimized()) {
-        const Rect wanted{frameGeometry().left(), frameGeometry().top(), frameGeometry().width(),
-                          frameGeometry().height()};
+        const QRect outer = frameGeometry(), inner = geometry();
+        const QSize border = outer.size() - inner.size();
+        const Rect wanted{outer.left(), outer.top(), outer.width(), outer.height()};
         const Rect answer = askForRect(window, wanted);
         if (!findRecord(window)) return;
-        // The desktop has the new size already. What the window refused once becomes its least size, so that
-        // the desktop stops there by itself from now on.
-        if (answer.height > wanted.height) setMinimumHeight(answer.height - (wanted.height - height()));
-        if (answer.width > wanted.width) setMinimumWidth(answer.width - (wanted.width - width()));
-        const QSize size(answer.width - (wanted.width - width()), answer.height - (wanted.height - height()));
-        if (size != this->size())
-            applyGeometry({pos() + (geometry().topLeft() - frameGeometry().topLeft()), size});
+        const QSize agreed = QSize(answer.width, answer.height) - border;
+        if (agreed != inner.size()) applyGeometry({inner.topLeft(), agreed});
+        // What the window refused once becomes its least size, so that the desktop, which has gone too far by
+        // now, stops there by itself the next time.
+        if (answer.height > wanted.height) setMinimumHeight(agreed.height());
+        if (answer.width > wanted.width) setMinimumWidth(agreed.width());
     }
     layOut();
 }

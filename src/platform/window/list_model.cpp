@@ -95,6 +95,10 @@ void ListModel::insertRowAt(int row, const QString& text) {
 }
 
 void ListModel::deleteRow(int row) {
+    // The toolkit would hand the selection on to a neighbour.
+    QItemSelectionModel* selection = view_->selectionModel();
+    selection->select(index(row, 0), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    if (selection->currentIndex().row() == row) selection->clearCurrentIndex();
     beginRemoveRows({}, row, row);
     rows_.erase(rows_.begin() + row);
     endRemoveRows();

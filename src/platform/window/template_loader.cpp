@@ -95,6 +95,7 @@ QWidget* loadForm(const std::string& name, QWidget* host, WindowHandle window) {
     auto* layout = new QVBoxLayout(host);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(form);
+    form->show();
     return form;
 }
 

@@ -1,0 +1,176 @@
+// Message boxes, file dialogs and menus.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "platform/controls.h"
+#include "platform/driver.h"
+#include "platform/menu.h"
+#include "platform/text.h"
+#include "support/temporary_folder.h"
+#include "test_window.h"
+
+using namespace platform;
+using test_support::TestWindow;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+// In the next turn of the loop that waits for the box.
+void soon(TestWindow& window, std::function<void()> action) {
+    window.onMessage = [action](const Message& message) {
+        if (message.id != WM_USER) return false;
+        action();
+        return true;
+    };
+    postMessage(window, WM_USER);
+}
+
+} // namespace
+
+TEST(MessageBox, WaitsForItsButtonsAndGivesNoWayAroundYesAndNo) {
+    struct Case {
+        Buttons buttons;
+        std::string key; // or the answer's button
+        Answer answer;
+    };
+    const Case cases[] = {
+        {Buttons::Ok, "", Answer::Ok},
+        {Buttons::Ok, "Escape", Answer::Ok},
+        {Buttons::OkCancel, "Escape", Answer::Cancel},
+        {Buttons::OkCancel, "Return", Answer::Ok},
+        {Buttons::YesNo, "", Answer::No},
+        {Buttons::YesNo, "Return", Answer::Yes},
+        {Buttons::YesNoCancel, "Escape", Answer::Cancel},
+        {Buttons::YesNoCancel, "", Answer::No},
+    };
+    TestWindow main(WS_VISIBLE);
+    for (const Case& example : cases) {
+        soon(main, [&] {
+            ASSERT_EQ(driver::openDialogs().size(), 1u);
+            EXPECT_EQ(driver::openDialogs()[0].text, "よろしいですか？");
+            EXPECT_FALSE(isEnabled(main.window));
+            if (example.key.empty())
+                EXPECT_TRUE(driver::answerMessageBox(example.answer));
+            else
+                EXPECT_TRUE(driver::pressKey({}, example.key));
+        });
+        EXPECT_EQ(messageBox(main, "よろしいですか？", "題", example.buttons, SystemIcon::Question),
+                  example.answer);
+        EXPECT_TRUE(isEnabled(main.window));
+    }
+    soon(main, [] {
+        driver::pressKey({}, "Escape");
+        EXPECT_EQ(driver::openDialogs().size(), 1u) << "Yes/No is not closed by Esc";
+        EXPECT_FALSE(driver::answerMessageBox(Answer::Cancel));
+        driver::answerMessageBox(Answer::Yes);
+    });
+    EXPECT_EQ(messageBox(main, "？", "", Buttons::YesNo, SystemIcon::Warning), Answer::Yes);
+    EXPECT_FALSE(driver::answerMessageBox(Answer::Ok)) << "nothing is open";
+}
+
+TEST(MessageBox, IsAnsweredByAScriptThatReadsIt) {
+    TestWindow main;
+    driver::Script script;
+    std::string seen;
+    script.expectMessageBox(Answer::No, [&](const std::string& text) { seen = text; });
+    EXPECT_EQ(messageBox(main, "保存しますか？", "", Buttons::YesNo, SystemIcon::Question), Answer::No);
+    EXPECT_EQ(seen, "保存しますか？");
+    EXPECT_THAT(script.faults(), IsEmpty());
+    script.expectMessageBox(Answer::Yes);
+    EXPECT_EQ(messageBox(main, "a", "", Buttons::Ok, SystemIcon::Error), Answer::Ok);
+    messageBox(main, "b", "", Buttons::Ok, SystemIcon::Error);
+    EXPECT_THAT(script.faults(), ElementsAre(HasSubstr("does not offer"), HasSubstr("nothing was expected")));
+}
+
+class FileDialogs : public testing::Test {
+protected:
+    FileDialogs() : main(WS_VISIBLE) {
+        for (const char* name : {"曲一.xml", "two.xml"})
+            std::ofstream(path(name)) << "x";
+    }
+    std::string folderPath() const { return utf8ToSjis(folder.path().string()) + "/"; }
+    std::string path(const std::string& utf8) const { return folder.file(utf8); }
+    FileDialog options(std::string start) const {
+        FileDialog made;
+        made.startPath = std::move(start);
+        made.filterName = "XML";
+        made.pattern = "*.xml";
+        made.defaultExtension = "xml";
+        return made;
+    }
+
+    test_support::TemporaryFolder folder;
+    TestWindow main;
+};
+
+TEST_F(FileDialogs, OpenGivesFullPathsInProgramText) {
+    driver::Script script;
+    for (const std::string& start : {folderPath(), folderPath() + "*", std::string()}) {
+        script.expectFileDialog(folderPath() + "two.xml");
+        EXPECT_THAT(openFileDialog(main, options(start)), ElementsAre(folderPath() + "two.xml"));
+    }
+    script.expectFileDialog("");
+    EXPECT_THAT(openFileDialog(main, options(folderPath())), IsEmpty());
+    script.expectFileDialog(folderPath() + "missing.xml").expectMessageBox(Answer::Ok);
+    EXPECT_THAT(openFileDialog(main, options(folderPath())), IsEmpty());
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST_F(FileDialogs, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
+    driver::Script script;
+    script.expectFileDialog(folderPath() + "新しい");
+    EXPECT_EQ(saveFileDialog(main, options(folderPath())), folderPath() + "新しい.xml");
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        script.expectFileDialog(folderPath() + "two").expectMessageBox(answer, [](const std::string& text) {
+            EXPECT_THAT(text, HasSubstr("two.xml"));
+        });
+        EXPECT_EQ(saveFileDialog(main, options(folderPath())).has_value(), answer == Answer::Yes);
+    }
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST_F(FileDialogs, WaitInTheLoopAndCanBeCancelled) {
+    soon(main, [&] {
+        ASSERT_EQ(driver::openDialogs().size(), 1u);
+        EXPECT_EQ(driver::openDialogs()[0].name, "save file");
+        EXPECT_TRUE(driver::answerFileDialog(folderPath() + "proposed.xml"));
+    });
+    EXPECT_EQ(saveFileDialog(main, options(folderPath() + "proposed.xml")), folderPath() + "proposed.xml");
+    soon(main, [] { EXPECT_TRUE(driver::answerFileDialog("")); });
+    EXPECT_EQ(folderDialog(main, folderPath()), std::nullopt);
+    soon(main, [&] { EXPECT_TRUE(driver::answerFileDialog(folderPath())); });
+    EXPECT_EQ(folderDialog(main, folderPath()), folderPath().substr(0, folderPath().size() - 1));
+}
+
+TEST(Menu, SendsItsCommandsAndKeepsWhatIsOff) {
+    TestWindow main(WS_VISIBLE, "TestWindowWithMenu");
+    EXPECT_THAT(menuCommands(main), ElementsAre(301, 302, 303));
+    EXPECT_EQ(menuItemText(main, 301), "開く(&O)");
+    EXPECT_EQ(menuItemText(main, 999), "");
+    EXPECT_EQ(outerHeightFor(main, 200) - 200, getRect(main).height - getClientRect(main).height);
+    EXPECT_GT(outerHeightFor(main, 200), 210) << "the menu bar takes its room above the client area";
+    EXPECT_TRUE(driver::chooseMenu(main, 302));
+    EXPECT_EQ(main.count(WM_COMMAND, makeLong(302, 0)), 1);
+    enableMenuItem(main, 302, false);
+    EXPECT_FALSE(isMenuItemEnabled(main, 302));
+    EXPECT_FALSE(driver::chooseMenu(main, 302));
+    EXPECT_FALSE(driver::chooseMenu(main, 999));
+}
+
+TEST(Menu, PopsUpAndSendsTheChoiceBeforeItReturns) {
+    TestWindow main(WS_VISIBLE);
+    driver::Script script;
+    script.expectMenu("IDM_TEST_BAR", 303).expectMenu("IDM_TEST_BAR", 0).expectMenu("IDM_TEST_BAR", 301);
+    popupMenu(main, "IDM_TEST_BAR");
+    EXPECT_EQ(main.count(WM_COMMAND, makeLong(303, 0)), 1);
+    popupMenu(main, "IDM_TEST_BAR");
+    enableMenuItem(main, 301, false);
+    popupMenu(main, "IDM_TEST_BAR");
+    EXPECT_EQ(main.sent(WM_COMMAND).size(), 1u) << "what is off cannot be chosen";
+    EXPECT_THAT(script.faults(), IsEmpty());
+}

@@ -1,0 +1,271 @@
+// Controls: what the program sets is read back and tells nothing; what the user does is told.
+
+#include "platform/controls.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "platform/driver.h"
+#include "support/temporary_folder.h"
+#include "test_window.h"
+
+using namespace platform;
+using test_support::TestWindow;
+using testing::IsEmpty;
+
+namespace {
+
+enum Id { Label = 101, Title, Edit, Number, Memo, Check, Group, RadioA, RadioB, Combo, Slider, Bar, Button };
+
+class Controls : public testing::Test {
+protected:
+    Controls() : main(WS_VISIBLE) {
+        EXPECT_TRUE(loadTemplate(main, "IDD_TEST_CONTROLS"));
+        for (const char* entry : {"一", "二", "三"})
+            addItem({main, Combo}, entry);
+        setRange({main, Slider}, 0, 100);
+        setRange({main, Bar}, 0, 5000);
+        main.forget();
+    }
+    int commands(int id, unsigned code) const {
+        return main.count(WM_COMMAND, makeLong(static_cast<unsigned>(id), code));
+    }
+
+    TestWindow main;
+};
+
+} // namespace
+
+TEST_F(Controls, AreFoundByNumberAnywhereBelowTheWindow) {
+    EXPECT_EQ(getId(getItem(main, RadioB)), RadioB);
+    EXPECT_FALSE(getItem(main, 999));
+    EXPECT_FALSE(getItem(main, 0));
+    EXPECT_EQ(getText({main, 999}), "");
+    EXPECT_EQ(getPosition({main, Edit}), -1) << "an edit has no position";
+}
+
+TEST_F(Controls, KeepTheTextTheyWereGiven) {
+    const std::string text = "ポ－～①㈱ﾊﾝｶｸ <b>表</b> & Co";
+    for (const int id : {Label, Title, Edit, Memo, Check, Group, RadioA, Button}) {
+        setText({main, id}, text);
+        EXPECT_EQ(getText({main, id}), text) << id;
+    }
+    setText({main, Combo}, "二");
+    EXPECT_EQ(getText({main, Combo}), "二");
+    EXPECT_EQ(getSelection({main, Combo}), 1);
+    setText({main, Memo}, "上\n下");
+    EXPECT_EQ(getText({main, Memo}), "上\n下");
+}
+
+TEST_F(Controls, SetByTheProgramTellNothingButTheTextOfASingleLineEdit) {
+    setSelection({main, Combo}, 2);
+    setChecked({main, Check}, true);
+    setChecked({main, RadioA}, true);
+    setPosition({main, Slider}, 40);
+    setRange({main, Slider}, 0, 20);
+    setPosition({main, Bar}, 100);
+    setText({main, Memo}, "x");
+    setText({main, Combo}, "一");
+    EXPECT_THAT(main.messages, IsEmpty());
+    setText({main, Edit}, "x");
+    EXPECT_EQ(commands(Edit, EN_CHANGE), 1);
+    setText({main, Edit}, "x");
+    EXPECT_EQ(commands(Edit, EN_CHANGE), 2) << "also when the text stays the same";
+    EXPECT_EQ(main.messages.size(), 2u);
+}
+
+TEST_F(Controls, AnEditThatSetsItselfInItsOwnChangeComesToRest) {
+    main.onMessage = [this](const Message& message) {
+        if (message.id == WM_COMMAND) setText({main, Edit}, "整");
+        return false;
+    };
+    setText({main, Edit}, "x");
+    EXPECT_EQ(getText({main, Edit}), "整");
+}
+
+TEST_F(Controls, TellWhatTheUserDoes) {
+    struct Case {
+        const char* what;
+        std::function<bool()> act;
+        unsigned message;
+        WParam wParam;
+    };
+    const Case cases[] = {
+        {"button",
+         [this] {
+             return driver::click({main, Button});
+         },
+         WM_COMMAND, makeLong(Button, BN_CLICKED)},
+        {"check",
+         [this] {
+             return driver::click({main, Check});
+         },
+         WM_COMMAND, makeLong(Check, BN_CLICKED)},
+        {"radio",
+         [this] {
+             return driver::click({main, RadioB});
+         },
+         WM_COMMAND, makeLong(RadioB, BN_CLICKED)},
+        {"combo",
+         [this] {
+             return driver::select({main, Combo}, 1);
+         },
+         WM_COMMAND, makeLong(Combo, CBN_SELCHANGE)},
+        {"up-down",
+         [this] {
+             return driver::spin({main, Number}, 1);
+         },
+         WM_COMMAND, makeLong(Number, EN_CHANGE)},
+        {"slider",
+         [this] {
+             return driver::slide({main, Slider}, 60);
+         },
+         WM_HSCROLL, 0},
+    };
+    for (const Case& example : cases) {
+        main.forget();
+        EXPECT_TRUE(example.act()) << example.what;
+        EXPECT_EQ(main.count(example.message, example.wParam), 1) << example.what;
+    }
+    EXPECT_EQ(main.messages.back().lParam, Slider);
+    EXPECT_TRUE(isChecked({main, Check}));
+    EXPECT_TRUE(isChecked({main, RadioB}));
+    EXPECT_EQ(getSelection({main, Combo}), 1);
+    EXPECT_EQ(getPosition({main, Slider}), 60);
+    EXPECT_FALSE(driver::slide({main, Bar}, 1)) << "a progress bar only shows";
+
+    main.forget();
+    EXPECT_TRUE(driver::type({main, Edit}, "あいう"));
+    EXPECT_EQ(getText({main, Edit}), "あいう");
+    EXPECT_EQ(commands(Edit, EN_CHANGE), 3) << "one for each key";
+}
+
+TEST_F(Controls, ThatAreOffOrHiddenDoNotReact) {
+    const auto touchAll = [this] {
+        return driver::click({main, Button}) || driver::select({main, Combo}, 1) ||
+               driver::type({main, Edit}, "x") || driver::slide({main, Slider}, 60) ||
+               driver::spin({main, Number}, 1);
+    };
+    for (const int id : {Button, Combo, Edit, Slider, Number})
+        enable({main, id}, false);
+    EXPECT_FALSE(touchAll());
+    for (const int id : {Button, Combo, Edit, Slider, Number}) {
+        enable({main, id}, true);
+        show({main, id}, false);
+        EXPECT_FALSE(isVisible({main, id}));
+    }
+    EXPECT_FALSE(touchAll());
+    setReadOnly({main, Memo}, true);
+    EXPECT_FALSE(driver::type({main, Memo}, "x"));
+    enable({main, Group}, false);
+    EXPECT_FALSE(isEnabled({main, RadioA})) << "off with its frame";
+    EXPECT_FALSE(driver::click({main, RadioA}));
+    EXPECT_THAT(main.messages, IsEmpty());
+}
+
+TEST_F(Controls, VisibilityIsTheControlsOwn) {
+    showWindow(main, false);
+    EXPECT_TRUE(isVisible({main, Edit}));
+    show({main, Edit}, false);
+    showWindow(main, true);
+    EXPECT_FALSE(isVisible({main, Edit}));
+    EXPECT_TRUE(isVisible({main, Button}));
+}
+
+TEST_F(Controls, RadioButtonsLetOnlyOneStand) {
+    setChecked({main, RadioA}, true);
+    setChecked({main, RadioB}, true);
+    EXPECT_FALSE(isChecked({main, RadioA}));
+    setChecked({main, RadioB}, false);
+    EXPECT_FALSE(isChecked({main, RadioB})) << "the program may clear the whole group";
+}
+
+TEST_F(Controls, CombosAndBarsClipWhatIsOutOfRange) {
+    EXPECT_EQ(getSelection({main, Combo}), -1) << "filling selects nothing";
+    EXPECT_EQ(addItem({main, Combo}, "四"), 3);
+    for (const int outside : {-1, 4, 1000}) {
+        setSelection({main, Combo}, 1);
+        setSelection({main, Combo}, outside);
+        EXPECT_EQ(getSelection({main, Combo}), -1) << outside;
+    }
+    EXPECT_EQ(itemCount({main, Combo}), 4);
+    EXPECT_EQ(itemText({main, Combo}, 3), "四");
+    EXPECT_EQ(itemText({main, Combo}, 4), "");
+    clearItems({main, Combo});
+    EXPECT_EQ(itemCount({main, Combo}), 0);
+
+    for (const int id : {Slider, Bar}) {
+        setRange({main, id}, 10, 50);
+        EXPECT_EQ(getRangeHigh({main, id}), 50);
+        setPosition({main, id}, 999);
+        EXPECT_EQ(getPosition({main, id}), 50) << id;
+        setPosition({main, id}, -5);
+        EXPECT_EQ(getPosition({main, id}), 10) << id;
+    }
+}
+
+TEST_F(Controls, UpDownArrowsAreClippedAndTypingIsFree) {
+    const Control number(main, Number);
+    setSpinRange(number, -2000, 2000, 500);
+    setText(number, "1200");
+    driver::spin(number, 1);
+    EXPECT_EQ(getText(number), "1700") << "no separator of thousands";
+    driver::spin(number, 5);
+    EXPECT_EQ(getText(number), "2000");
+    driver::spin(number, -20);
+    EXPECT_EQ(getText(number), "-2000");
+    driver::type(number, "-99999");
+    EXPECT_EQ(getText(number), "-99999");
+    driver::type(number, "1a2.3");
+    EXPECT_EQ(getText(number), "123");
+    driver::type(number, "４５");
+    EXPECT_EQ(getText(number), "45");
+    setSpinRange(number, 0, 9);
+    driver::type(number, "-7");
+    EXPECT_EQ(getText(number), "7") << "no minus where nothing lies below 0";
+}
+
+TEST_F(Controls, LimitedEditsCountBytes) {
+    for (const int id : {Edit, Memo}) {
+        limitText({main, id}, 5);
+        driver::type({main, id}, "漢字かな");
+        EXPECT_EQ(getText({main, id}), "漢字") << id;
+        driver::type({main, id}, "漢字aな");
+        EXPECT_EQ(getText({main, id}), "漢字a") << id;
+    }
+}
+
+TEST_F(Controls, ColoursAreKeptAndTakenBack) {
+    for (const int id : {Label, Edit, Memo}) {
+        setTextColor({main, id}, Color{255, 80, 80});
+        EXPECT_EQ(getTextColor({main, id}), (Color{255, 80, 80})) << id;
+        setTextColor({main, id}, std::nullopt);
+        EXPECT_EQ(getTextColor({main, id}), std::nullopt) << id;
+    }
+}
+
+TEST_F(Controls, TextsThatDoNotFitAreFoundAndThosePreparedForItAreNot) {
+    driver::resize(main, 600, 700);
+    EXPECT_THAT(driver::clippedControls(main), IsEmpty());
+    const std::string longText(400, 'W');
+    setText({main, Title}, longText);
+    driver::settle();
+    EXPECT_THAT(driver::clippedControls(main), IsEmpty()) << "cut with dots and a tool tip";
+    setText({main, Check}, longText);
+    EXPECT_THAT(driver::clippedControls(main), testing::ElementsAre(testing::StartsWith("106: WWW")));
+}
+
+TEST_F(Controls, AreDrawnAtTheScaleAskedFor) {
+    const test_support::TemporaryFolder folder;
+    for (const double scale : {1.0, 2.0}) {
+        ASSERT_TRUE(driver::screenshot(main, folder.file("picture.png"), scale));
+        std::ifstream file(folder.file("picture.png"), std::ios::binary);
+        std::string head(24, '\0');
+        file.read(head.data(), 24);
+        const auto width = (static_cast<unsigned char>(head[18]) << 8) + static_cast<unsigned char>(head[19]);
+        EXPECT_EQ(width, getClientRect(main).width * scale);
+    }
+    EXPECT_FALSE(driver::screenshot(main, "/nowhere/picture.png"));
+}
