@@ -176,6 +176,13 @@ bool closeSocket(SocketHandle handle) {
     return true;
 }
 
+bool abortSocket(SocketHandle handle) {
+    const linger now{1, 0};
+    if (const Socket* socket = find(handle))
+        ::setsockopt(socket->descriptor, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+    return closeSocket(handle);
+}
+
 std::string hostName() {
     char name[4096] = "";
     return ::gethostname(name, sizeof name - 1) == 0 ? name : "";

@@ -50,6 +50,8 @@ int sendSocket(SocketHandle socket, std::string_view bytes);
 int receiveSocket(SocketHandle socket, char* buffer, int size);
 int shutdownSocket(SocketHandle socket, int how); // 0 or -1
 bool closeSocket(SocketHandle socket);
+// Closes without a farewell, as a program that was killed does: the peer's connection is reset.
+bool abortSocket(SocketHandle socket);
 
 std::string hostName();
 // First IPv4 address of this machine that is not loopback, "127.0.0.1" when there is no other, "" when the
