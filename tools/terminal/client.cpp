@@ -19,9 +19,9 @@ constexpr std::size_t longestMessage = 1024 * 1024;
 enum Timer : unsigned { connectTimer = 1, repeatTimer, sendTimer };
 constexpr unsigned connectPause = 500, repeatPause = 300;
 // The host takes one message from each read and drops the rest. So a message leaves only when the one before
-// it has been read for certain: the host has answered it, or has had this long. A request is always answered
-// but for a repeated announcement, a reply never.
-constexpr unsigned pauseAfterRequest = 1000, pauseAfterReply = 150;
+// it has been read for certain: the host has answered it, or has had this long. A buzz is always answered;
+// replies and repeated announcements are not.
+constexpr unsigned pauseForAnswer = 1000, pauseWithoutAnswer = 150;
 
 constexpr struct {
     std::string_view status;
@@ -88,7 +88,7 @@ void Client::dropConnection() {
     for (const unsigned timer : {connectTimer, repeatTimer, sendTimer})
         platform::killTimer(window_, timer);
     platform::closeSocket(std::exchange(socket_, 0));
-    connected_ = false;
+    connected_ = greeted_ = false;
     mayFollow_ = true;
     buzzing_ = -1;
     input_.clear();
@@ -130,6 +130,8 @@ void Client::readAll() {
     const int count = platform::receiveSocket(socket_, chunk, sizeof chunk);
     if (count <= 0) return;
     input_.append(chunk, static_cast<std::size_t>(count));
+    // The host speaks on only when it has read the reply. A request of ours may have crossed its words.
+    if (!requestOnItsWay_) mayFollow_ = true;
     for (std::size_t end; (end = input_.find(messageEnd)) != std::string::npos;) {
         VRMessage message;
         message.parse(std::string_view(input_).substr(0, end + messageEnd.size()));
@@ -140,10 +142,8 @@ void Client::readAll() {
 }
 
 void Client::onMessage(VRMessage& message) {
-    const bool answer = message.getMethod() == DefineVrp::MDS_RESPONSE;
-    // A request of the host is no answer to one of ours: the two have crossed.
-    if (answer || !requestOnItsWay_) mayFollow_ = true;
-    if (answer) {
+    if (message.getMethod() == DefineVrp::MDS_RESPONSE) {
+        mayFollow_ = true;
         onResponse(message);
     } else {
         model_.apply(message);
@@ -156,7 +156,10 @@ void Client::onMessage(VRMessage& message) {
 
 void Client::onResponse(const VRMessage& message) {
     const VRMResponse response(message);
-    if (response.getReply() == DefineVrp::MDS_OPEN) announce();
+    if (response.getReply() == DefineVrp::MDS_OPEN) {
+        greeted_ = true;
+        announce();
+    }
     if (response.getCode() == 501) {
         platform::setTimer(window_, repeatTimer, repeatPause);
         return;
@@ -189,7 +192,7 @@ void Client::reply(const VRMessage& request) {
 
 void Client::setUsers(const std::vector<std::string>& names) {
     model_.setNames(names);
-    if (connected_) announce();
+    if (greeted_) announce();
     changed();
 }
 
@@ -236,7 +239,8 @@ void Client::sendNext() {
     if (requestOnItsWay_) lastRequest_ = message;
     sendRaw(message.toString());
     mayFollow_ = false;
-    platform::setTimer(window_, sendTimer, requestOnItsWay_ ? pauseAfterRequest : pauseAfterReply);
+    const bool answered = requestOnItsWay_ && message.getMethod() != DefineVrp::MDS_USERNOTIFY;
+    platform::setTimer(window_, sendTimer, answered ? pauseForAnswer : pauseWithoutAnswer);
     if (listener_.sent) listener_.sent(message);
 }
 

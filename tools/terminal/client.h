@@ -37,7 +37,7 @@ public:
     void reset(); // as close, but the host sees a reset connection
     bool isConnected() const { return connected_; }
 
-    // Announces the users at once when connected, and in any case at the host's greeting.
+    // Announces the users at the host's greeting, and at once when that has been.
     void setUsers(const std::vector<std::string>& names);
     // False, and nothing sent, when the user has no right to answer now. `force` sends in any case.
     bool buzz(int user, bool force = false);
@@ -74,7 +74,7 @@ private:
     platform::SocketHandle socket_ = 0;
     std::string host_;
     int port_ = 0;
-    bool connected_ = false, wanted_ = false, reconnect_ = false;
+    bool connected_ = false, greeted_ = false, wanted_ = false, reconnect_ = false;
     std::string input_;
     std::deque<VRMessage> output_;
     std::map<std::string, int> replyCodes_;
