@@ -31,7 +31,8 @@ Room roomOf(const QWidget* widget) {
         const auto* own = dynamic_cast<const Label*>(label);
         if (own && own->isEliding()) return {label->text(), QSize(0, metrics.ascent()), label->size()};
         const QSize has = label->contentsRect().size();
-        if (!label->wordWrap()) return {label->text(), metrics.size(0, label->text()), has};
+        if (!label->wordWrap())
+            return {label->text(), label->buddy() ? line(label->text()) : metrics.size(0, label->text()), has};
         const QRect wrapped = metrics.boundingRect(QRect(QPoint(), QSize(has.width(), 1 << 20)),
                                                    Qt::TextWordWrap | Qt::AlignLeft, label->text());
         return {label->text(), wrapped.size(), has};

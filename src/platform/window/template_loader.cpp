@@ -95,6 +95,9 @@ QWidget* loadForm(const std::string& name, QWidget* host, WindowHandle window) {
     auto* layout = new QVBoxLayout(host);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(form);
+    // A form that keeps to the size of its contents takes its window with it.
+    if (form->layout() && form->layout()->sizeConstraint() == QLayout::SetFixedSize)
+        layout->setSizeConstraint(QLayout::SetFixedSize);
     form->show();
     return form;
 }
