@@ -97,6 +97,10 @@ void AppLogger::setMessageList(const DataLogMessageList& messages) {
     state().messages = messages;
 }
 
+DataLogMessage AppLogger::getMessage(std::int32_t code) {
+    return state().messages.getMessage(code);
+}
+
 bool AppLogger::configure(const DataLogFile& settings) {
     close();
     setLevel(settings.getLevel());

@@ -26,6 +26,8 @@ public:
 namespace AppLogger {
 
 void setMessageList(const DataLogMessageList& messages);
+// The record of the logger's own copy of the catalogue, a cleared one when there is none.
+DataLogMessage getMessage(std::int32_t code);
 // False when the file cannot be written: the program goes on without a log file.
 bool configure(const DataLogFile& settings);
 // Closes the file.
