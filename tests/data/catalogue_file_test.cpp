@@ -1,0 +1,229 @@
+#include "data/accesser_resource.h"
+
+#include <climits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/xml_writer.h"
+#include "platform/files.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+using test_support::TemporaryFolder;
+using testing::ElementsAre;
+
+DataResource song(const std::string& title, int type = 1, int fileType = 0) {
+    DataResource resource;
+    resource.setTitle(title);
+    resource.setType(type);
+    resource.setFileType(fileType);
+    resource.setReleaseDate({2011, 2, 0, 3, 0, 0, 0, 0});
+    return resource;
+}
+
+class CatalogueFile : public testing::Test {
+protected:
+    void fill(AccesserResource& catalogue, int count) {
+        catalogue.setStylesheet("ResourceData.xsl");
+        ASSERT_EQ(catalogue.open(path), 1);
+        for (int i = 1; i <= count; ++i)
+            ASSERT_EQ(catalogue.add(song("曲" + std::to_string(i))), i);
+    }
+    void write(const std::string& body) {
+        ASSERT_TRUE(platform::replaceFile(path, "<?xml version=\"1.0\" encoding=\"shift_jis\"?>\n" + body));
+    }
+    static std::vector<int> numbers(const std::vector<DataResource>& songs) {
+        std::vector<int> out;
+        for (const DataResource& one : songs)
+            out.push_back(one.getNo());
+        return out;
+    }
+    static std::vector<DataResource> all(const AccesserResource& catalogue) {
+        return catalogue.search(0, 0, "", -1, {}, {}, "", "", "", -1);
+    }
+
+    TemporaryFolder folder;
+    std::string path = folder.file("ResourceData.xml");
+};
+
+TEST_F(CatalogueFile, GivesEachNumberOnce) {
+    AccesserResource catalogue;
+    fill(catalogue, 3);
+    EXPECT_EQ(catalogue.remove(3), 1);
+    EXPECT_EQ(catalogue.remove(3), 0);
+    EXPECT_EQ(catalogue.add(song("4")), 4);
+    EXPECT_EQ(catalogue.getMaxId(), 4);
+    EXPECT_THAT(numbers(all(catalogue)), ElementsAre(1, 2, 4));
+    DataResource out = song("stale");
+    EXPECT_EQ(catalogue.get(3, out), 0);
+    EXPECT_EQ(out.toString(","), DataResource().toString(","));
+}
+
+// Every field, and every character that the code page has beyond the plain ones, through a file and back.
+TEST_F(CatalogueFile, LosesNothing) {
+    DataResource full;
+    int number = 10;
+    for (const auto& field : DataResource::fields())
+        record::setText(full, field,
+                        std::holds_alternative<std::int32_t DataResource::*>(field.member)
+                            ? std::to_string(number++)
+                        : std::string(field.key) == "releaseDate"
+                            ? std::string("2011/02/03")
+                            : std::string(field.key) + " －～①Ⅲ㈱髙ﾊﾝｶｸ表ポ <&\"'> ]]> \\|");
+    full.setNo(1);
+    {
+        AccesserResource catalogue;
+        fill(catalogue, 0);
+        ASSERT_EQ(catalogue.add(full), 1);
+        ASSERT_EQ(catalogue.commit(), 1);
+    }
+    AccesserResource catalogue;
+    ASSERT_EQ(catalogue.open(path), 1);
+    DataResource out;
+    ASSERT_EQ(catalogue.get(1, out), 1);
+    EXPECT_EQ(out.toString("\n"), full.toString("\n"));
+}
+
+TEST_F(CatalogueFile, KeepsItsFormOverSaves) {
+    {
+        AccesserResource catalogue;
+        fill(catalogue, 0);
+    }
+    const std::string fresh = platform::readFile(path).value();
+    EXPECT_EQ(fresh, "<?xml version=\"1.0\" encoding=\"shift_jis\" standalone=\"no\" ?>\n"
+                     "<?xml-stylesheet type=\"text/xsl\" href=\"ResourceData.xsl\"?>\n"
+                     "<root>\n\n  <maxId>0</maxId>\n\n</root>\n");
+    std::string before;
+    for (int i = 0; i < 3; ++i) {
+        AccesserResource catalogue;
+        ASSERT_EQ(catalogue.open(path), 1);
+        if (i == 0) catalogue.add(song("表"));
+        ASSERT_EQ(catalogue.commit(), 1);
+        const std::string after = platform::readFile(path).value();
+        EXPECT_NE(after.find("encoding=\"shift-jis\""), std::string::npos);
+        EXPECT_EQ(after.find('\r'), std::string::npos);
+        if (i > 1) {
+            EXPECT_EQ(after, before);
+        }
+        before = after;
+    }
+}
+
+TEST_F(CatalogueFile, TextThatNoXmlMayHoldDoesNotSpoilIt) {
+    {
+        AccesserResource catalogue;
+        fill(catalogue, 0);
+        catalogue.add(song(std::string("a\x01\0b\x1F", 5)));
+        ASSERT_EQ(catalogue.commit(), 1);
+    }
+    AccesserResource catalogue;
+    ASSERT_EQ(catalogue.open(path), 1) << catalogue.loadError();
+    DataResource out;
+    ASSERT_EQ(catalogue.get(1, out), 1);
+    EXPECT_EQ(out.getTitle(), "a  b ");
+}
+
+TEST_F(CatalogueFile, UpdatesWhatTheRecordSets) {
+    AccesserResource catalogue;
+    fill(catalogue, 1);
+    DataResource change = song("");
+    change.setIntroStart(153);
+    EXPECT_EQ(catalogue.update(1, change), 1);
+    change.setIntroStart(-1);
+    change.setType(-1);
+    change.setArtist("歌手");
+    EXPECT_EQ(catalogue.update(1, change), 1);
+    EXPECT_EQ(catalogue.update(2, change), 0);
+    DataResource out;
+    catalogue.get(1, out);
+    EXPECT_EQ(out.getIntroStart(), 153);
+    EXPECT_EQ(out.getType(), 1);
+    EXPECT_EQ(out.getTitle(), "") << "texts are always written";
+    EXPECT_EQ(out.getArtist(), "歌手");
+}
+
+TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
+    write("<root><maxId>99999999999</maxId>"
+          "<data id=\"2\"><no>2</no><length/><title/><introEnd>99999999999999</introEnd><new>x</new></data>"
+          "<data other=\"5\"><title>by its first attribute</title></data>"
+          "<data id=\"5\"><title>the second 5</title></data>"
+          "<data><title>none</title></data><data id=\"-4\"/></root>");
+    AccesserResource catalogue;
+    ASSERT_EQ(catalogue.open(path), 1);
+    DataResource out;
+    ASSERT_EQ(catalogue.get(2, out), 1);
+    EXPECT_EQ(out.getLength(), 0) << "an empty number";
+    EXPECT_EQ(out.getIntroStart(), -1) << "a missing one";
+    EXPECT_EQ(out.getIntroEnd(), INT_MAX);
+    ASSERT_EQ(catalogue.get(5, out), 1);
+    EXPECT_EQ(out.getTitle(), "by its first attribute");
+    EXPECT_EQ(all(catalogue).size(), 2u) << "without two thousand million look-ups";
+    EXPECT_EQ(catalogue.add(song("no number left")), 0);
+}
+
+TEST_F(CatalogueFile, NumbersBelowTheEntriesAreNotGivenTwice) {
+    write("<root><maxId>1</maxId><data id=\"2\"><title>two</title></data></root>");
+    AccesserResource catalogue;
+    ASSERT_EQ(catalogue.open(path), 1);
+    EXPECT_EQ(catalogue.add(song("new")), 3);
+}
+
+TEST_F(CatalogueFile, SearchesByEveryFilter) {
+    AccesserResource catalogue;
+    fill(catalogue, 0);
+    DataResource one = song("a*", 1, 0), two = song("ab", 2, 5), three = song("さくら", 1, 0);
+    one.setGenre("Pop");
+    two.setArtist("歌手");
+    three.setArtistKana("ｶｼｭ");
+    three.setReleaseDate({2012, 2, 0, 29, 0, 0, 0, 0});
+    for (const DataResource* each : {&one, &two, &three})
+        catalogue.add(*each);
+    const platform::SystemTime from{2012, 2, 0, 29, 0, 0, 0, 0}, to{2012, 3, 0, 1, 0, 0, 0, 0};
+
+    EXPECT_THAT(numbers(all(catalogue)), ElementsAre(1, 2, 3));
+    EXPECT_THAT(numbers(catalogue.search(2, 3, "", -1, {}, {}, "", "", "", -1)), ElementsAre(2, 3));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "a#*", -1, {}, {}, "", "", "", -1)), ElementsAre(1));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "a*", -1, {}, {}, "", "", "", -1)), ElementsAre(1, 2));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "", 1, {}, {}, "", "", "", -1)), ElementsAre(1, 3));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, from, to, "", "", "", -1)), ElementsAre(3));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "P*", "", "", -1)), ElementsAre(1));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "", "歌?*", "", -1)), ElementsAre(2));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "", "", "ｶ*", -1)), ElementsAre(3));
+    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "", "", "", 5)), ElementsAre(2));
+}
+
+TEST_F(CatalogueFile, KeepsTheChangesWhenTheDiskRefuses) {
+    AccesserResource catalogue;
+    fill(catalogue, 1);
+    ASSERT_EQ(catalogue.commit(), 1);
+    const std::string before = platform::readFile(path).value();
+    catalogue.add(song("second"));
+    const std::filesystem::path away = folder.path().string() + "-away";
+    std::filesystem::rename(folder.path(), away);
+    EXPECT_EQ(catalogue.commit(), 0);
+    std::filesystem::rename(away, folder.path());
+    EXPECT_EQ(platform::readFile(path), before);
+    EXPECT_EQ(catalogue.writeTo(folder.file("elsewhere.xml"), xml::encodingOfEdited), 1);
+    AccesserResource other;
+    EXPECT_EQ(other.open(folder.file("elsewhere.xml")), 1);
+    EXPECT_EQ(all(other).size(), 2u);
+}
+
+TEST(XmlDom, WalksPaths) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("x.xml");
+    ASSERT_TRUE(platform::replaceFile(path, "<root a=\"1\"><maxId>7</maxId><b c=\"2\"/></root>"));
+    XmlDom dom;
+    EXPECT_EQ(dom.select("root"), nullptr);
+    ASSERT_EQ(dom.load(path), 1);
+    EXPECT_EQ(XmlDom::getChildValue(dom.select("root/maxId")), "7");
+    EXPECT_EQ(XmlDom::getNodeValue(dom.select("root/b/@c")), "2");
+    EXPECT_EQ(XmlDom::getNodeName(dom.select("root/@none/b")), "b")
+        << "an attribute that is not there is passed over";
+    EXPECT_EQ(dom.select("root/none"), nullptr);
+    EXPECT_EQ(XmlDom::getChildValue(nullptr), "");
+}
+
+} // namespace

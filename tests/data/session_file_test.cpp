@@ -1,0 +1,165 @@
+#include "data/accesser_session.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+using test_support::TemporaryFolder;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class SessionFile : public testing::Test {
+protected:
+    void write(const std::string& body) {
+        ASSERT_TRUE(platform::replaceFile(path, "<?xml version=\"1.0\" encoding=\"shift_jis\"?>\n" + body));
+    }
+
+    TemporaryFolder folder;
+    std::string path = folder.file("SessionFile_0.xml");
+};
+
+TEST_F(SessionFile, StartsWithItsHeader) {
+    AccesserSession::setStylesheet("/cnf/SessionPrint.xsl");
+    AccesserSession session;
+    EXPECT_EQ(session.save(), 0);
+    ASSERT_EQ(session.open(path), 1);
+    EXPECT_EQ(platform::readFile(path),
+              "<?xml version=\"1.0\" encoding=\"shift_jis\" standalone=\"no\" ?>\n"
+              "<?xml-stylesheet type=\"text/xsl\" href=\"/cnf/SessionPrint.xsl\"?>\n"
+              "<session>\n\n"
+              "  <maxPart>0</maxPart>\n\n  <conceptType>0</conceptType>\n\n"
+              "  <sessionName> </sessionName>\n\n  <sessionVoice> </sessionVoice>\n\n"
+              "  <mcVoice> </mcVoice>\n\n  <day> </day>\n\n  <total>0</total>\n\n"
+              "</session>\n");
+    EXPECT_EQ(session.getMaxPart(), 0);
+}
+
+TEST_F(SessionFile, KeepsStagesAndHeader) {
+    DataSession stage;
+    stage.setName("第１ステージ①");
+    stage.setQuestNum(3);
+    stage.setRange(2);
+    stage.setInterval(6);
+    stage.setSpeed(4);
+    stage.setMulti(5);
+    stage.setScore(10);
+    stage.setDeduction(-5);
+    stage.setHandsType(2);
+    stage.setHands(1);
+    stage.setSteal(0);
+    stage.setLimit(7);
+    stage.setResourceId("3,5,9");
+    {
+        AccesserSession session;
+        ASSERT_EQ(session.open(path), 1);
+        EXPECT_EQ(session.addPart(stage), 1);
+        stage.setName("second");
+        EXPECT_EQ(session.addPart(stage), 2);
+        session.setSessionName("夏の大会 －～");
+        session.setSessionVoice("");
+        session.setMcVoice("c:\\表\\mc.wav");
+        session.setDay({2026, 3, 0, 1, 0, 0, 0, 0});
+        session.setTotal(6);
+        ASSERT_EQ(session.save(), 1);
+    }
+    AccesserSession session;
+    ASSERT_EQ(session.open(path), 1);
+    EXPECT_EQ(session.getMaxPart(), 2);
+    EXPECT_EQ(session.getSessionName(), "夏の大会 －～");
+    EXPECT_EQ(session.getSessionVoice(), "");
+    EXPECT_EQ(session.getMcVoice(), "c:\\表\\mc.wav");
+    EXPECT_EQ(session.getDay(), "2026/03/01");
+    EXPECT_EQ(session.getTotal(), 6);
+    DataSession out;
+    EXPECT_TRUE(session.getPart(2, out));
+    EXPECT_EQ(out.toString(","), stage.toString(","));
+    EXPECT_THAT(out.getResources(), ElementsAre(3, 5, 9));
+    EXPECT_THAT(platform::readFile(path).value(), HasSubstr("<deductionPenalty>-5</deductionPenalty>"));
+    // A text that was emptied has no node in the file any more; setting it again makes one.
+    session.setSessionVoice("voice.wav");
+    EXPECT_EQ(session.getSessionVoice(), "voice.wav");
+
+    EXPECT_FALSE(session.getPart(3, out));
+    EXPECT_THAT(out.getResources(), IsEmpty());
+    EXPECT_EQ(out.getName(), "");
+    session.close();
+    EXPECT_FALSE(session.isOpened());
+    EXPECT_FALSE(session.getPart(1, out));
+}
+
+TEST_F(SessionFile, TakesSongsFromElementsElseFromTheText) {
+    const struct {
+        const char* songs;
+        std::vector<std::int32_t> numbers;
+    } cases[] = {
+        {"<resourceId>3,5,9</resourceId><resources/>", {3, 5, 9}},
+        {"<resourceId>3,5</resourceId><resources><resource seq=\"1\">8</resource><x/><resource "
+         "seq=\"0\">7</resource></resources>",
+         {8, 7}},
+        {"<resources><resource>2</resource></resources><resourceId>1</resourceId>", {2}},
+        {"<resourceId/>", {}},
+        {"", {}},
+        {"<resourceId>1,,x,99999999999</resourceId>", {1, 0, 0, 2147483647}},
+    };
+    AccesserSession session;
+    DataSession used;
+    used.setResourceId("77");
+    for (const auto& c : cases) {
+        write("<session><maxPart>1</maxPart><part id=\"1\">" + std::string(c.songs) + "</part></session>");
+        ASSERT_EQ(session.open(path), 1);
+        ASSERT_TRUE(session.getPart(1, used));
+        EXPECT_EQ(used.getResources(), c.numbers) << c.songs;
+    }
+}
+
+TEST_F(SessionFile, ReadsNumbersOutOfRange) {
+    write("<session><maxPart>-99999999999</maxPart><total>x</total><part "
+          "id=\"99999999999\"><multi>99999999999</multi>"
+          "<deductionPenalty/></part></session>");
+    AccesserSession session;
+    ASSERT_EQ(session.open(path), 1);
+    EXPECT_EQ(session.getMaxPart(), -2147483647 - 1);
+    EXPECT_EQ(session.getTotal(), 0);
+    DataSession out;
+    ASSERT_TRUE(session.getPart(2147483647, out));
+    EXPECT_EQ(out.getMulti(), 2147483647);
+    EXPECT_EQ(out.getDeduction(), 0);
+}
+
+TEST(ResourceFitsSession, AsksForTheSpansOfTheRange) {
+    const TemporaryFolder folder;
+    DataResource song;
+    song.setFileName(folder.file("song.mp3"));
+    ASSERT_TRUE(platform::replaceFile(song.getFileName(), "x"));
+    DataSession stage;
+    stage.setSpeed(0);
+    const auto fits = [&](int range) {
+        stage.setRange(range);
+        return resourceFitsSession(song, stage);
+    };
+    for (int range = 0; range < 7; ++range)
+        EXPECT_EQ(fits(range), range >= 3 && range <= 5) << range;
+    song.setIntroEnd(1);
+    EXPECT_TRUE(fits(0));
+    EXPECT_FALSE(fits(2));
+    song.setSabiEnd(1);
+    song.setAnsEnd(1);
+    for (int range = 0; range < 7; ++range)
+        EXPECT_TRUE(fits(range)) << range;
+
+    stage.setSpeed(1);
+    for (int fileType = -1; fileType < 7; ++fileType) {
+        song.setFileType(fileType);
+        EXPECT_EQ(fits(0), fileType == 0 || fileType == 3) << fileType;
+    }
+    stage.setSpeed(0);
+    song.setFileName(folder.file("gone.mp3"));
+    EXPECT_FALSE(fits(0));
+}
+
+} // namespace

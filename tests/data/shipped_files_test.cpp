@@ -1,0 +1,114 @@
+// What is shipped has to fit the program: every message number that the sources use has its text, and the
+// prepared settings are in the form that the program itself writes.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "data/accesser_application.h"
+#include "data/acs_log_message.h"
+#include "foundation/text.h"
+#include "platform/files.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path sources = KDL_SOURCE_FOLDER;
+
+std::string shipped(const char* name) {
+    return (sources / "dist/cnf" / name).string();
+}
+
+std::set<int> numbersIn(const fs::path& folder) {
+    std::set<int> numbers;
+    const std::regex number("\\b[1-4]0000[0-9][0-9]\\b");
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
+        std::ifstream file(entry.path());
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        for (std::sregex_iterator match(text.begin(), text.end(), number), end; match != end; ++match)
+            numbers.insert(std::stoi(match->str()));
+    }
+    return numbers;
+}
+
+DataLogMessageList messages() {
+    AcsLogMessage accesser;
+    EXPECT_EQ(accesser.open(shipped("LogMessage.xml")), 1) << accesser.loadError();
+    DataLogMessageList list;
+    accesser.read(list);
+    return list;
+}
+
+TEST(ShippedMessages, CoverEveryNumberOfTheSources) {
+    const DataLogMessageList list = messages();
+    const std::set<int> used = numbersIn(sources / "src");
+    EXPECT_TRUE(used.count(1000000)) << "the search itself finds nothing";
+    for (const int code : used)
+        EXPECT_NE(list.find(code), nullptr) << code;
+}
+
+TEST(ShippedMessages, CanBeFilledAndShown) {
+    std::set<int> seen;
+    for (const DataLogMessage& message : messages()) {
+        SCOPED_TRACE(message.getCode());
+        EXPECT_TRUE(seen.insert(message.getCode()).second) << "stands twice";
+        EXPECT_EQ(message.getLogging(), message.getCode() / 1000000);
+        EXPECT_FALSE(message.getContents().empty());
+        for (const std::string& text : {message.getContents(), message.getRestore()}) {
+            const auto tokens = zelkova::split(text, "%");
+            EXPECT_EQ(tokens.size() % 2, 1u) << "a marker without its other";
+            std::set<std::string> keys;
+            for (std::size_t i = 1; i < tokens.size(); ++i) {
+                if (i % 2 == 1) {
+                    EXPECT_TRUE(keys.insert(tokens[i]).second) << "empty when it stands twice";
+                }
+                // Nothing between two placeholders would print a marker.
+                EXPECT_TRUE(!tokens[i].empty() || i + 1 == tokens.size());
+            }
+        }
+        // The status bar shows what stands on both sides of the bar; no trail byte may look like a second
+        // one.
+        const bool statusText = zelkova::findText(message.getContents(), "|") != zelkova::npos;
+        if (statusText) {
+            EXPECT_EQ(zelkova::split(message.getContents(), "|").size(), 2u);
+            EXPECT_EQ(std::count(message.getContents().begin(), message.getContents().end(), '|'), 1);
+        }
+    }
+}
+
+TEST(ShippedSettings, AreInTheProgramsOwnForm) {
+    DataApplication settings;
+    AccesserApplication accesser;
+    ASSERT_EQ(accesser.load(shipped("Config.xml"), settings), 1) << accesser.loadError();
+    EXPECT_GT(settings.getServerPort(), 1023);
+    EXPECT_EQ(settings.getLogLevel(), "INFO");
+    for (const auto& field : DataApplication::fields())
+        if (std::string(field.element).starts_with("effect/")) {
+            EXPECT_FALSE(record::textOf(settings, field).empty()) << field.element;
+        }
+
+    // Nothing that the program does not know, nothing that it would write otherwise.
+    const test_support::TemporaryFolder folder;
+    ASSERT_EQ(accesser.save(folder.file("Config.xml"), settings), 1);
+    const auto withoutEmptyTags = [](std::string text) {
+        return std::regex_replace(text, std::regex("<(\\w+)/>"), "<$1></$1>");
+    };
+    EXPECT_EQ(withoutEmptyTags(platform::readFile(folder.file("Config.xml")).value()),
+              withoutEmptyTags(platform::readFile(shipped("Config.xml")).value()));
+}
+
+TEST(ShippedSheets, AreWellFormed) {
+    for (const char* name : {"Common.xsl", "ResourceData.xsl", "SessionPrint.xsl", "SessionHistory.xsl"}) {
+        XmlDom sheet;
+        EXPECT_EQ(sheet.load(shipped(name)), 1) << name << ": " << sheet.loadError();
+    }
+}
+
+} // namespace
