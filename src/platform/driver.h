@@ -22,10 +22,10 @@ bool doubleClickRow(Control list, int row);
 bool rightClickRow(Control list, int row);
 bool clickColumn(Control list, int column);
 bool dragRow(Control from, int row, Control to, int toRow);
-// On what has the focus in the window; without a window, in the innermost open box. "Return", "Escape", "Tab",
-// "Delete", "F4", "Ctrl+A".
+// On what has the focus in the window; without a window, in the open pop-up menu or the innermost box.
+// "Return", "Escape", "Tab", "Delete", "F4", "Ctrl+A".
 bool pressKey(WindowHandle window, const std::string& key);
-bool chooseMenu(WindowHandle window, int command);
+bool chooseMenu(WindowHandle window, int command); // in the open pop-up menu, else in the menu bar
 bool closeBox(WindowHandle window);
 bool resize(WindowHandle window, int width, int height);
 bool dragMouse(WindowHandle window, int fromX, int fromY, int toX, int toY);

@@ -174,3 +174,13 @@ TEST(Menu, PopsUpAndSendsTheChoiceBeforeItReturns) {
     EXPECT_EQ(main.sent(WM_COMMAND).size(), 1u) << "what is off cannot be chosen";
     EXPECT_THAT(script.faults(), IsEmpty());
 }
+
+TEST(Menu, PopsUpInTheLoopUntilSomethingIsChosenOrItIsClosed) {
+    TestWindow main(WS_VISIBLE);
+    soon(main, [&] { EXPECT_TRUE(driver::chooseMenu(main, 303)); });
+    popupMenu(main, "IDM_TEST_BAR");
+    EXPECT_EQ(main.count(WM_COMMAND, makeLong(303, 0)), 1);
+    soon(main, [] { EXPECT_TRUE(driver::pressKey({}, "Escape")); });
+    popupMenu(main, "IDM_TEST_BAR");
+    EXPECT_EQ(main.sent(WM_COMMAND).size(), 1u);
+}

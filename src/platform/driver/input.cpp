@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <cstdlib>
@@ -35,6 +36,12 @@ void mouse(QWidget* widget, QEvent::Type type, const QPoint& at, Qt::MouseButton
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
+}
+
+// The open pop-up menu, else the innermost modal box.
+QWidget* innermostOpen() {
+    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+    return openModals().empty() ? nullptr : openModals().back()->widget.data();
 }
 
 } // namespace
@@ -117,7 +124,7 @@ bool spin(Control control, int steps) {
 
 bool pressKey(WindowHandle window, const std::string& key) {
     QWidget* top = reach(window);
-    if (!window && !openModals().empty()) top = openModals().back()->widget;
+    if (!window) top = innermostOpen();
     const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
     if (!top || sequence.isEmpty()) return false;
     QWidget* focused = top->window()->focusWidget();
@@ -128,10 +135,13 @@ bool pressKey(WindowHandle window, const std::string& key) {
 
 bool chooseMenu(WindowHandle window, int command) {
     const Record* record = findRecord(window);
-    if (!record || !record->menuBar || !reach(window)) return false;
-    for (QAction* action : commandsOf(record->menuBar)) {
+    auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    const QWidget* menu = popup ? static_cast<QWidget*>(popup) : record ? record->menuBar.data() : nullptr;
+    if (!menu || !reach(window)) return false;
+    for (QAction* action : commandsOf(menu)) {
         if (commandOf(action) != command || !action->isEnabled()) continue;
         action->trigger();
+        if (popup) popup->close();
         return true;
     }
     return false;
