@@ -4,8 +4,9 @@
 #include <QFontDatabase>
 #include <QLibraryInfo>
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTranslator>
+
+#include "platform/detail/desk_style.h"
 
 namespace platform::detail {
 
@@ -62,7 +63,7 @@ QString chooseFamily() {
 } // namespace
 
 void applyStyle(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new DeskStyle);
     QApplication::setPalette(makePalette());
 
     const QString family = chooseFamily();

@@ -1,0 +1,18 @@
+#pragma once
+// Fusion with the program's own message icons, sharp at every scale, and without pictures on the buttons of
+// boxes.
+
+#include <QProxyStyle>
+
+namespace platform::detail {
+
+class DeskStyle : public QProxyStyle {
+public:
+    DeskStyle();
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
+};
+
+} // namespace platform::detail

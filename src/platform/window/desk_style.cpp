@@ -1,0 +1,80 @@
+#include "platform/detail/desk_style.h"
+
+#include <QIconEngine>
+#include <QPainter>
+
+namespace platform::detail {
+
+namespace {
+
+// On a field of 32 by 32.
+struct Sign {
+    QStyle::StandardPixmap icon;
+    QRgb ground;
+    bool triangle;
+    char16_t glyph;
+};
+
+constexpr Sign signs[] = {
+    {QStyle::SP_MessageBoxInformation, 0x1F5FA8, false, u'i'},
+    {QStyle::SP_MessageBoxQuestion, 0x1F5FA8, false, u'?'},
+    {QStyle::SP_MessageBoxWarning, 0xE0A100, true, u'!'},
+    {QStyle::SP_MessageBoxCritical, 0xC62F2F, false, u'×'},
+};
+
+class SignEngine : public QIconEngine {
+public:
+    explicit SignEngine(const Sign& sign) : sign_(sign) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / 32.0, rect.height() / 32.0);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QColor(sign_.ground));
+        if (sign_.triangle)
+            painter->drawPolygon(QPolygonF({{16, 2}, {31, 30}, {1, 30}}));
+        else
+            painter->drawEllipse(QRectF(1, 1, 30, 30));
+        QFont font = painter->font();
+        font.setPixelSize(22);
+        font.setBold(true);
+        painter->setFont(font);
+        painter->setPen(Qt::white);
+        painter->drawText(QRectF(0, sign_.triangle ? 6 : 0, 32, 32), Qt::AlignCenter,
+                          QString(QChar(sign_.glyph)));
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+
+    QIconEngine* clone() const override { return new SignEngine(sign_); }
+
+private:
+    const Sign& sign_;
+};
+
+} // namespace
+
+DeskStyle::DeskStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+QIcon DeskStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    for (const Sign& sign : signs)
+        if (sign.icon == icon) return QIcon(new SignEngine(sign));
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
+int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* result) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, result);
+}
+
+} // namespace platform::detail
