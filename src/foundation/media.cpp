@@ -48,8 +48,12 @@ bool takesSpeed(MediaType type, int speed) {
 
 } // namespace
 
-Media::~Media() {
+Media::~Media() { destroy(); }
+
+void Media::destroy() {
+    stop();
     if (opened) close();
+    window.reset();
 }
 
 bool Media::create(platform::WindowHandle, unsigned, const char* fileName) {

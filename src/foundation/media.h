@@ -31,6 +31,9 @@ public:
     bool create(platform::WindowHandle parentWindow, unsigned style = hiddenStyle,
                 const char* fileName = nullptr);
 
+    // Closes the file and gives the player back; create() makes the object usable again.
+    void destroy();
+
     // When the player refuses the file, the type stays what it was. The speed of the file before goes on to
     // this one where its type allows a speed.
     bool open(const char* fileName);

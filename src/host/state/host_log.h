@@ -8,5 +8,6 @@
 void writeLog(int code, const zelkova::DataPairsList& pairs = {},
               const std::source_location& place = std::source_location::current());
 
-// A free text at level DEBUG with the pair MESSAGE.
-void writeDebug(const std::string& message, const std::source_location& place = std::source_location::current());
+// A line at level DEBUG that holds nothing but the pairs.
+void writeDebug(const zelkova::DataPairsList& pairs,
+                const std::source_location& place = std::source_location::current());

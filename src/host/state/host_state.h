@@ -1,7 +1,7 @@
 #pragma once
-// The state of the host: one thread, one show, one record of everything that its windows and dialogs share. Nothing
-// else in the program is global. The objects are built in the order they stand here, before the first window,
-// and destroyed in reverse order after the last.
+// The state of the host: one thread, one show, one record of everything that its windows and dialogs share.
+// Nothing else in the program is global. The objects are built in the order they stand here, before the first
+// window, and destroyed in reverse order after the last.
 
 #include <array>
 #include <memory>
@@ -52,31 +52,35 @@ struct HostState {
     std::array<zelkova::Media, maxSongs> questMedia;
     zelkova::Media voiceMedia; // only ever stopped
     zelkova::Media effectMedia, bgmMedia;
-    std::array<int, maxSongs> playStart{}, playEnd{}; // milliseconds
+    std::array<int, maxSongs> playStart{}, playEnd{};        // milliseconds
     std::array<platform::WindowHandle, maxSongs> questCheck; // the console's check boxes
 
     std::unique_ptr<KdlState> kdlState; // made and deleted by the main window
     std::unique_ptr<ServerVrp> server;  // none when no server runs
 
-    std::string modulePath; // folder of the executable, with a final separator
-    std::string effectPath; // folder of the program's sounds, with a final separator
+    std::string modulePath;  // folder of the executable, with a final separator
+    std::string effectPath;  // folder of the program's sounds, with a final separator
     std::string logFileName; // the file in use, which may be the default one
     std::string sessionFileName, sessionName, sessionVoice, mcVoice;
-    int curQuestNumber = 0;   // from 1; 0 when no session is open
-    int allQuestNumber = 0;   // quests of all stages in sessionList
-    int totalQuestNumber = 0; // as the session file says
-    int maxPart = 0;          // stages in the file
-    int questsLeftInPart = 0; // still to play in the stage that is being recorded
-    int masterVolume = 50;    // 0 to 100
-    int requestUserId = -1;   // index of the user who last buzzed in
+    int curQuestNumber = 0;    // from 1; 0 when no session is open
+    int allQuestNumber = 0;    // quests of all stages in sessionList
+    int totalQuestNumber = 0;  // as the session file says
+    int maxPart = 0;           // stages in the file
+    int questsLeftInPart = 0;  // still to play in the stage that is being recorded
+    int masterVolume = 50;     // 0 to 100
+    int requestUserId = -1;    // index of the user who last buzzed in
     std::string requestMethod; // the request that awaits its reply
     int vrmStatus = 0;         // 1 while a request of the host awaits its reply
     bool connectionFlg = false;
+    bool endingSession = false;         // the command 出題の終了 is under way, its questions may be open
+    std::string serverHost, clientHost; // dotted addresses, for the log
+    int clientPort = 0;
+    DataSession trainingSession; // settings of the training mode
 
-    int playLimit = 0;   // milliseconds; -1 the whole range, -2 no limit
-    int playElapsed = 0; // milliseconds since the songs were started, counted in ticks
-    int leadInEnd = 0;   // milliseconds
-    int leadInPosition = -1;   // where the lead-in stood at the tick before
+    int playLimit = 0;         // milliseconds; -1 the whole range, -2 no limit
+    int playElapsed = 0;       // milliseconds since the songs were started, counted in ticks
+    int leadInEnd = 0;         // milliseconds
+    int leadInPosition = -1;   // milliseconds; where the lead-in stood at the tick before
     bool songsStarted = false; // the terminal's 302 has started the songs of this play
     bool hideScores = false;
     platform::SystemTime sessionStartTime, sessionEndTime;

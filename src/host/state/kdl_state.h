@@ -1,6 +1,6 @@
 #pragma once
-// The state machine of a quiz: which events are possible now, what comes next, which controls of the console are
-// live. It knows nothing of songs, scores or sockets; callers ask it first and do the work themselves.
+// The state machine of a quiz: which events are possible now, what comes next, which controls of the console
+// are live. It knows nothing of songs, scores or sockets; callers ask it first and do the work themselves.
 
 #include <string>
 
@@ -27,8 +27,8 @@ enum QuizEvent : int {
 
 class KdlState;
 
-// One state. Each concrete class has one object for the run, reached by getInstance(); two states are the same
-// when their names are equal.
+// One state. Each concrete class has one object for the run, reached by getInstance(); two states are the
+// same when their names are equal.
 class IntroState {
 public:
     virtual ~IntroState() = default;

@@ -7,8 +7,8 @@ namespace zelkova {
 class Media;
 }
 
-// Opens the songs of the current quest side by side, works out their ranges and the limit of the play time. Songs without
-// a file stay silent. Stops what still plays.
+// Opens the songs of the current quest side by side, works out their ranges and the limit of the play time.
+// Songs without a file stay silent. Stops what still plays.
 void initResource();
 
 // The part of it that only the play time concerns.
@@ -25,10 +25,14 @@ bool checkPlayStop();
 void startSongs();
 void stopSongs();
 
+// Stops the songs and their watch; the time of the next play counts from 0.
+void haltSongs();
+
 // The songs' progress on the console's play bar.
 void showProgress();
 
-// Sets the volume of all players of the host and the master volume, and what the console shows of it. 0 to 100.
+// Sets the volume of all players of the host and the master volume, and what the console shows of it. 0 to
+// 100.
 void applyMasterVolume(int level);
 
 // Opens the sound in the player and plays it from the start, cutting what it played before.

@@ -18,8 +18,8 @@ struct QuestPlace {
 // For a quest counted over the whole session, from 1 (0 gives the first stage); none beyond the last.
 std::optional<QuestPlace> findQuest(const std::vector<DataSession>& stages, int quest);
 
-// Fills both for a quest of the open session. False, with `session` as it was, when there is no such quest. A stage
-// with too few songs gives none for it; a number without a catalogue entry gives a cleared record.
+// Fills both for a quest of the open session. False, with `session` as it was, when there is no such quest. A
+// stage with too few songs gives none for it; a number without a catalogue entry gives a cleared record.
 bool questToSessionInfo(int quest, DataSession& session, std::vector<DataResource>& resources);
 
 // 1 to 5, whatever stands in the record.
@@ -30,3 +30,6 @@ std::string answerText();
 
 // Title and artist of each song of the current quest.
 zelkova::DataPairsList questAnswers();
+
+// Appends SCORE1 to SCORE4, the users' present scores.
+void addScorePairs(zelkova::DataPairsList& pairs);

@@ -1,6 +1,6 @@
 #pragma once
-// What the host asks of the terminal, one request at a time: each call notes the method, marks the request as open
-// and sends it. Without a server nothing is done.
+// What the host asks of the terminal, one request at a time: each call notes the method, marks the request as
+// open and sends it. Without a server nothing is done.
 
 #include "host/state/kdl_state.h"
 

@@ -7,9 +7,6 @@
 #include "data/data_session.h"
 #include "data/data_user_info.h"
 
-// States of a user (answerRight).
-enum : int { rightNone = 0, rightIn = 1, rightOut = 2, rightAbsent = 3 };
-
 // The false-start rule of the stage, for a wrong answer of this user.
 void applyFalseStart(const DataSession& stage, DataUserInfo& user);
 
@@ -17,8 +14,8 @@ void applyFalseStart(const DataSession& stage, DataUserInfo& user);
 // otherwise 0.
 int wrongAnswerPoints(const DataSession& stage);
 
-// The end-of-quest rule for every user in state お手つき. `stageEnds`: the next quest belongs to a stage of another
-// name, or there is none.
+// The end-of-quest rule for every user in state お手つき. `stageEnds`: the next quest belongs to a stage of
+// another name, or there is none.
 void endQuestPenalties(const DataSession& stage, bool stageEnds, std::vector<DataUserInfo>& users);
 
 // The same for the current quest of the open session.

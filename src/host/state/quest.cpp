@@ -1,0 +1,65 @@
+#include "host/state/quest.h"
+
+#include <algorithm>
+
+#include "foundation/text.h"
+#include "host/state/host_state.h"
+
+std::optional<QuestPlace> findQuest(const std::vector<DataSession>& stages, int quest) {
+    int sum = 0;
+    for (std::size_t i = 0; i < stages.size(); ++i) {
+        const int count = std::max(stages[i].getQuestNum(), 0);
+        sum += count;
+        if (sum >= quest) return QuestPlace{i, count - (sum - quest)};
+    }
+    return std::nullopt;
+}
+
+int songCount(const DataSession& session) {
+    return std::clamp(session.getMulti(), 1, maxSongs);
+}
+
+bool questToSessionInfo(int quest, DataSession& session, std::vector<DataResource>& resources) {
+    resources.clear();
+    const auto place = findQuest(host().sessionList, quest);
+    if (!place) return false;
+    session = host().sessionList[place->stage];
+
+    // The list was written with the stage's own count of songs, also where that count cannot be played.
+    const auto perQuest = static_cast<std::ptrdiff_t>(std::max(session.getMulti(), 1));
+    const std::vector<std::string> numbers = zelkova::split(session.getResourceId(), ",");
+    const std::ptrdiff_t first = (place->local - 1) * perQuest;
+    const bool listed = !session.getResourceId().empty() && first >= 0 &&
+                        first + perQuest <= static_cast<std::ptrdiff_t>(numbers.size());
+    if (!listed) return true;
+    for (int i = 0; i < songCount(session); ++i) {
+        DataResource song;
+        host().accesserResource.get(zelkova::stringToInt(numbers[static_cast<std::size_t>(first + i)]), song);
+        resources.push_back(song);
+    }
+    return true;
+}
+
+std::string answerText() {
+    std::string text;
+    int number = 1;
+    for (const DataResource& song : host().dataResourceList) {
+        if (number > 1) text += ' ';
+        text += "<" + zelkova::numberToText(number) + ">:" + song.getTitle() + "(" + song.getArtist() + ")";
+        ++number;
+    }
+    return text;
+}
+
+zelkova::DataPairsList questAnswers() {
+    zelkova::DataPairsList answers;
+    for (const DataResource& song : host().dataResourceList)
+        answers.add(song.getTitle(), song.getArtist());
+    return answers;
+}
+
+void addScorePairs(zelkova::DataPairsList& pairs) {
+    int number = 1;
+    for (const DataUserInfo& user : host().userList)
+        pairs.add("SCORE" + zelkova::numberToText(number++), user.getScore());
+}

@@ -1,0 +1,25 @@
+#include "host/state/status_bar.h"
+
+#include "foundation/text.h"
+#include "host/state/console_ids.h"
+#include "host/state/host_log.h"
+#include "host/state/host_state.h"
+#include "platform/controls.h"
+
+void showStatusBar(int code, const zelkova::DataPairsList& pairs) {
+    const DataLogMessage message = host().logMessageList.getMessage(code);
+    const std::string text = zelkova::formatWithPairs(message.getContents(), pairs, "%", true);
+    for (int part = 0; part < 2; ++part) {
+        std::string token;
+        zelkova::firstToken(text, "|", part, token);
+        platform::setStatusText({host().mainWindow, ids::statusBar}, part, token);
+    }
+}
+
+void showQuestWarning(const std::string& reason) {
+    zelkova::DataPairsList pairs;
+    pairs.add("QUEST", host().curQuestNumber);
+    pairs.add("REASON", reason);
+    writeLog(3000020, pairs);
+    showStatusBar(3000020, pairs);
+}
