@@ -1,0 +1,61 @@
+#include "host/shell/applause.h"
+
+#include <algorithm>
+
+#include "host/state/host_state.h"
+#include "host/state/intro_state.h"
+#include "host/state/process_message.h"
+
+namespace {
+
+constexpr int repeatStartMs = 500;
+constexpr int repeatBeforeEndMs = 1000;
+constexpr int closeBeforeEndMs = 100;
+constexpr unsigned patienceMs = 3000; // for a player whose position stands still
+
+bool sessionEnded() {
+    return !host().kdlState || !host().kdlState->is(StateEnd::getInstance());
+}
+
+// False when there is nothing left to wait for. The end is read anew each round: the player may have been
+// rebuilt.
+bool waitUntilBeforeEnd(int milliseconds) {
+    zelkova::Media& media = host().effectMedia;
+    int reached = -1;
+    std::uint32_t movedAt = platform::getTickCount();
+    while (!sessionEnded() && media.isPlaying()) {
+        const int end = media.getEnd(), position = media.getPosition();
+        if (end <= 0) return false;
+        if (position >= std::max(end - milliseconds, 0)) return true;
+        if (position != reached) {
+            reached = position;
+            movedAt = platform::getTickCount();
+        } else if (platform::getTickCount() - movedAt > patienceMs) {
+            return false;
+        }
+        if (!processMessage()) return false;
+    }
+    return false;
+}
+
+void replayFrom(int position) {
+    host().effectMedia.seek(position);
+    host().effectMedia.play();
+}
+
+} // namespace
+
+void playClosingApplause() {
+    zelkova::Media& media = host().effectMedia;
+    media.stop();
+    media.close();
+    media.open(host().dataApplication.getEfcApplause2());
+    replayFrom(0);
+    for (int repeat = 0; repeat < 2; ++repeat) {
+        if (!waitUntilBeforeEnd(repeatBeforeEndMs)) return;
+        replayFrom(repeatStartMs);
+    }
+    if (!waitUntilBeforeEnd(closeBeforeEndMs)) return;
+    media.stop();
+    media.close();
+}

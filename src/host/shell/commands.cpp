@@ -1,0 +1,150 @@
+#include "host/shell/commands.h"
+
+#include <array>
+
+#include "console/player_board.h"
+#include "foundation/path.h"
+#include "foundation/text.h"
+#include "foundation/views/message_box.h"
+#include "host/shell/players.h"
+#include "host/shell/session_commands.h"
+#include "host/state/host_log.h"
+#include "host/state/host_state.h"
+#include "host/state/play_control.h"
+#include "host/state/quest.h"
+#include "host/state/scoring.h"
+#include "platform/shell.h"
+
+namespace {
+
+// What the help address holds where a message's code is wanted.
+constexpr const char* codePlaceholder = "%__SERCH_MESSAGE_CODE__%";
+
+// The desktop may have no program for it; the host is then told where the thing is.
+void open(const std::string& target, bool (*way)(const std::string&) = platform::shellOpen) {
+    if (way(target)) return;
+    zelkova::DataPairsList pairs;
+    pairs.add("FILE", target);
+    writeLog(3000021, pairs);
+    zelkova::showMessage_pairs(host().mainWindow, 3000021, zelkova::MessageButtons::Ok, 0, pairs);
+}
+
+void showRunningOrder() {
+    if (host().sessionFileName.empty())
+        zelkova::showMessage(host().mainWindow, 3000002, zelkova::MessageButtons::Ok, 0);
+    else
+        open(host().sessionFileName);
+}
+
+void openLogFile() {
+    open(host().logFileName);
+}
+void exploreLogFolder() {
+    open(zelkova::getFolder(host().logFileName), platform::shellExplore);
+}
+
+void exploreHistoryFolder() {
+    open(zelkova::normalizePath(host().modulePath + "../hst/"), platform::shellExplore);
+}
+
+void openHelp() {
+    open(zelkova::replaceAll(host().dataApplication.getHelpUrl(), codePlaceholder, ""));
+}
+
+void closeWindow() {
+    platform::sendMessage(host().mainWindow, platform::WM_CLOSE);
+}
+
+bool confirmed(int code, const zelkova::DataPairsList& pairs) {
+    return zelkova::plainMessage(host().mainWindow, code, pairs, platform::Buttons::YesNo,
+                                 platform::SystemIcon::Question) == platform::Answer::Yes;
+}
+
+void clearScores() {
+    zelkova::DataPairsList pairs;
+    pairs.add("SUBJECT", "得点クリア");
+    if (!confirmed(2000004, pairs)) return;
+    for (DataUserInfo& user : host().userList)
+        user.setScore(0);
+    refreshUserPane();
+}
+
+void clearUsers() {
+    if (!confirmed(2000005, {})) return;
+    for (DataUserInfo& user : host().userList) {
+        user.clear();
+        user.setType(host().hideScores ? 1 : 0);
+    }
+    refreshUserPane();
+}
+
+void showTurnRoundPoints() {
+    zelkova::DataPairsList pairs;
+    pairs.add("SCORE", pointsToTurnRound(host().userList));
+    zelkova::plainMessage(host().mainWindow, 2000006, pairs, platform::Buttons::Ok,
+                          platform::SystemIcon::Information);
+}
+
+void rebuildPlayers() {
+    HostState& state = host();
+    createPlayers();
+    state.songsStarted = false;
+    if (state.curQuestNumber != 0 &&
+        questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
+        initResource();
+}
+
+template <const std::string& (DataApplication::*Sound)() const>
+void playMusic() {
+    playEffect(host().bgmMedia, (host().dataApplication.*Sound)());
+}
+
+// Windows that this version does not have yet.
+void notYet() {
+    zelkova::plainNotice(host().mainWindow, "この機能は準備中です。");
+}
+
+struct Command {
+    int id;
+    void (*run)();
+};
+
+constexpr std::array commands{
+    Command{11001, closeWindow},
+    Command{11002, openSession},
+    Command{11003, notYet}, // 音楽ファイルの追加・編集
+    Command{11004, notYet}, // 出題ファイルの作成
+    Command{11005, closeSession},
+    Command{11008, playMusic<&DataApplication::getEfcApplause>},
+    Command{11009, notYet}, // 基本設定
+    Command{11010, notYet}, // バージョン情報
+    Command{11012, clearScores},
+    Command{11013, clearUsers},
+    Command{11015, rebuildPlayers},
+    Command{11016, showRunningOrder},
+    Command{11018, showTurnRoundPoints},
+    Command{11019, playMusic<&DataApplication::getEfcOpening>},
+    Command{11020, playMusic<&DataApplication::getEfcThinking>},
+    Command{11021, playMusic<&DataApplication::getEfcEndingl>},
+    Command{11022, playMusic<&DataApplication::getEfcTimeUp>},
+    Command{11023, openHelp},
+    Command{11024, openLogFile},
+    Command{11025, exploreLogFolder},
+    Command{11097, notYet}, // 賞状の作成
+    Command{11098, playMusic<&DataApplication::getEfcApplause2>},
+    Command{11099, exploreHistoryFolder},
+    Command{11102, notYet}, // 参加用申請書の作成
+    Command{11150, notYet}, // トーナルプレイヤーの起動
+    Command{11151, notYet}, // 特訓モード
+};
+
+} // namespace
+
+bool onCommand(int command) {
+    for (const Command& entry : commands) {
+        if (entry.id != command) continue;
+        entry.run();
+        return true;
+    }
+    return false;
+}

@@ -1,0 +1,135 @@
+#include "host/shell/server_events.h"
+
+#include "foundation/text.h"
+#include "foundation/views/message_box.h"
+#include "host/shell/terminal_replies.h"
+#include "host/shell/terminal_requests.h"
+#include "host/state/console_ids.h"
+#include "host/state/host_log.h"
+#include "host/state/host_state.h"
+#include "host/state/status_bar.h"
+#include "platform/messages.h"
+#include "platform/socket.h"
+#include "platform/sound.h"
+#include "protocol/define_vrp.h"
+#include "protocol/messages.h"
+
+namespace {
+
+void logEvent(const std::string& event) {
+    zelkova::DataPairsList pairs;
+    pairs.add("EVENT", event);
+    writeLog(1000003, pairs);
+}
+
+void onAccept() {
+    HostState& state = host();
+    logEvent("FD_ACCEPT");
+    if (state.connectionFlg) return;
+    platform::PeerAddress peer;
+    if (!state.server->accept(peer)) return; // the listener stays open for the next try
+    state.server->asyncSelectConnected(state.mainWindow, socketMessage,
+                                       platform::FD_READ | platform::FD_WRITE | platform::FD_CLOSE);
+    state.server->closeListener();
+
+    state.serverHost = state.server->getLocalAddress();
+    state.server->getClientAddress(peer, state.clientHost, state.clientPort);
+    state.connectionFlg = true;
+    state.server->setClientHost(state.clientHost);
+    state.server->setServerHost(state.serverHost);
+
+    zelkova::DataPairsList pairs;
+    pairs.add("SERVER_HOST", state.serverHost);
+    pairs.add("SERVER_PORT", state.dataApplication.getServerPort());
+    writeLog(2000015, pairs);
+}
+
+void onWritable() {
+    HostState& state = host();
+    logEvent("FD_WRITE");
+    platform::soundDevice().playSound(state.effectPath + "Connect_1.wav");
+
+    VRMResponse greeting;
+    greeting.setTarget(state.serverHost);
+    greeting.setReply(DefineVrp::MDS_OPEN);
+    greeting.setCode(201);
+    greeting.setMessage(DefineVrp::getReplyText(201));
+    state.server->send(greeting);
+
+    zelkova::DataPairsList pairs;
+    pairs.add("SERVER_HOST", state.serverHost);
+    pairs.add("SERVER_PORT", state.dataApplication.getServerPort());
+    pairs.add("CLIENT_HOST", state.clientHost);
+    pairs.add("CLIENT_PORT", state.clientPort);
+    writeLog(2000016, pairs);
+    showStatusBar(2000023);
+}
+
+void dispatch(const VRMessage& message) {
+    HostState& state = host();
+    if (message.getMethod() == DefineVrp::MDS_RESPONSE) {
+        if (state.vrmStatus == 1) onReply(message);
+        return;
+    }
+    if (state.vrmStatus == 1) {
+        zelkova::DataPairsList pairs;
+        pairs.add("CONDITION", "vrmStatus==1");
+        writeLog(1000003, pairs);
+        state.server->sendResponse(501, message.getMethod());
+        return;
+    }
+    onRequest(message);
+}
+
+void onReadable() {
+    VRMessage message;
+    const int result = host().server->receive(message);
+    if (result <= 0) {
+        zelkova::DataPairsList pairs;
+        pairs.add("MESSAGE", message.toString());
+        writeLog(1000004, pairs);
+        host().server->sendResponse(503, "Unkown");
+        return;
+    }
+    zelkova::DataPairsList pairs;
+    pairs.add("EVENT", "FD_READ");
+    pairs.add("METHOD", message.getMethod());
+    pairs.add("MESSAGE", zelkova::replaceAll(message.toString(), "\r\n", "[↓]"));
+    writeLog(1000003, pairs);
+    dispatch(message);
+}
+
+void onClosed() {
+    HostState& state = host();
+    logEvent("FD_CLOSE");
+    state.server->sendResponse(202, DefineVrp::MDS_CLOSE);
+    state.server->shutdown(platform::SD_BOTH);
+    state.server->close();
+    if (state.endingSession) return; // its questions are open; the session ends anyway
+    zelkova::showMessage(state.mainWindow, 3000011, zelkova::MessageButtons::Ok, 0);
+    platform::sendMessage(state.mainWindow, platform::WM_COMMAND, ids::endSession);
+}
+
+} // namespace
+
+void onSocketEvent(platform::LParam lParam) {
+    const auto bits = static_cast<std::uintptr_t>(lParam);
+    if (platform::highWord(bits) != 0 || !host().server) return;
+    switch (platform::lowWord(bits)) {
+    case platform::FD_ACCEPT:
+        onAccept();
+        break;
+    case platform::FD_WRITE:
+        onWritable();
+        break;
+    case platform::FD_READ:
+        onReadable();
+        break;
+    case platform::FD_CLOSE:
+        onClosed();
+        break;
+    default:
+        logEvent(zelkova::numberToText(static_cast<int>(platform::lowWord(bits))));
+        break;
+    }
+}

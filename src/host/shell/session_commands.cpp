@@ -1,0 +1,234 @@
+#include "host/shell/session_commands.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+
+#include "console/console_pane.h"
+#include "console/data_pane.h"
+#include "console/player_board.h"
+#include "foundation/datetime.h"
+#include "foundation/path.h"
+#include "foundation/text.h"
+#include "foundation/views/message_box.h"
+#include "host/shell/server_events.h"
+#include "host/state/console_ids.h"
+#include "host/state/history_record.h"
+#include "host/state/host_log.h"
+#include "host/state/host_state.h"
+#include "host/state/play_control.h"
+#include "host/state/quest.h"
+#include "host/state/requests.h"
+#include "host/state/status_bar.h"
+#include "platform/dialog.h"
+#include "platform/menu.h"
+#include "platform/socket.h"
+
+namespace {
+
+// A stage of a file from elsewhere may claim any number; the editors allow 100.
+constexpr int mostQuestsInStage = 9999;
+
+struct SessionPlan {
+    std::string name, sessionVoice, mcVoice;
+    int total = 0, maxPart = 0, questCount = 0;
+    std::vector<DataSession> stages;
+};
+
+std::optional<std::string> askSessionFile() {
+    const HostState& state = host();
+    std::string folder = state.dataApplication.getSessionFileName();
+    if (folder.empty()) folder = state.modulePath + "../cnf";
+    platform::FileDialog options;
+    options.startPath = folder + "\\*";
+    options.filterName = "XML";
+    options.pattern = "*.xml";
+    const std::vector<std::string> chosen = platform::openFileDialog(state.mainWindow, options);
+    if (chosen.empty() || !zelkova::fileExists(chosen[0])) return std::nullopt;
+    return chosen[0];
+}
+
+// None when the file holds no stage that can be read.
+std::optional<SessionPlan> readSession(const std::string& file) {
+    AccesserSession& accesser = host().accesserSession;
+    accesser.close();
+    accesser.open(file);
+    SessionPlan plan;
+    plan.maxPart = accesser.getMaxPart();
+    for (int id = 1; id <= plan.maxPart; ++id) {
+        DataSession stage;
+        if (!accesser.getPart(id, stage)) {
+            if (id > static_cast<int>(plan.stages.size()) + mostQuestsInStage) break;
+            continue;
+        }
+        stage.setQuestNum(std::clamp(stage.getQuestNum(), 0, mostQuestsInStage));
+        plan.questCount += stage.getQuestNum();
+        plan.stages.push_back(stage);
+    }
+    plan.name = accesser.getSessionName();
+    plan.sessionVoice = accesser.getSessionVoice();
+    plan.mcVoice = accesser.getMcVoice();
+    plan.total = accesser.getTotal();
+    accesser.close();
+    if (plan.stages.empty() || plan.questCount == 0) return std::nullopt;
+    return plan;
+}
+
+void takeOver(const SessionPlan& plan, const std::string& file) {
+    HostState& state = host();
+    state.sessionFileName = file;
+    state.totalQuestNumber = plan.total;
+    state.maxPart = plan.maxPart;
+    state.sessionName = plan.name;
+    state.sessionVoice = plan.sessionVoice;
+    state.mcVoice = plan.mcVoice;
+    state.sessionList = plan.stages;
+    state.allQuestNumber = plan.questCount;
+    state.curQuestNumber = 1;
+    showSessionName(plan.name);
+    fillQuestList();
+    showQuest(state.sessionList, state.curQuestNumber);
+    refreshUserPane();
+}
+
+void destroyServer() {
+    HostState& state = host();
+    if (!state.server) return;
+    state.server->close();
+    state.server.reset();
+    state.connectionFlg = false;
+}
+
+bool startServer() {
+    HostState& state = host();
+    destroyServer();
+    const int port = state.dataApplication.getServerPort();
+    auto server = std::make_unique<ServerVrp>(2, 0);
+    if (!server->create() || !server->bind(port) || !server->listen()) {
+        zelkova::DataPairsList pairs;
+        pairs.add("PORT", port);
+        zelkova::showMessage_pairs(state.mainWindow, 4000006, zelkova::MessageButtons::Ok, 0, pairs);
+        return false;
+    }
+    server->asyncSelectListener(state.mainWindow, socketMessage, platform::FD_ACCEPT);
+    state.server = std::move(server);
+    return true;
+}
+
+void enableSessionCommands(bool running) {
+    platform::enableMenuItem(host().mainWindow, ids::openSession, !running);
+    platform::enableMenuItem(host().mainWindow, ids::endSession, running);
+}
+
+std::string historyStartPath() {
+    const HostState& state = host();
+    const platform::SystemTime& at = state.sessionStartTime;
+    char stamp[64];
+    std::snprintf(stamp, sizeof stamp, "%04d%02d%02d_%02d%02d%02d", at.year, at.month, at.day, at.hour,
+                  at.minute, at.second);
+    const std::string path = zelkova::normalizePath(state.modulePath + "../hst/History_" + state.sessionName +
+                                                    "_" + stamp + ".xml");
+    return zelkova::replaceAll(path, "/", "\\");
+}
+
+// Asks until the history is written or the host gives it up.
+void offerHistory() {
+    HostState& state = host();
+    if (zelkova::plainMessage(state.mainWindow, 2000014, {}, platform::Buttons::YesNo,
+                              platform::SystemIcon::Information) != platform::Answer::Yes)
+        return;
+    platform::FileDialog options;
+    options.startPath = historyStartPath();
+    options.filterName = "XML";
+    options.pattern = "*.xml";
+    options.defaultExtension = "xml";
+    while (const auto file = platform::saveFileDialog(state.mainWindow, options)) {
+        if (state.accesserSessionHistory.save(*file, state.dataSessionHistory)) return;
+        zelkova::DataPairsList pairs;
+        pairs.add("FILE", *file);
+        writeLog(4000011, pairs);
+        zelkova::showMessage_pairs(state.mainWindow, 4000011, zelkova::MessageButtons::Ok, 0, pairs);
+        options.startPath = *file;
+    }
+}
+
+void forgetSession() {
+    HostState& state = host();
+    state.vrmStatus = 0;
+    state.curQuestNumber = 0;
+    state.allQuestNumber = 0;
+    state.requestUserId = -1;
+    state.requestMethod.clear();
+    state.sessionList.clear();
+    state.dataResourceList.clear();
+    state.sessionFileName.clear();
+    state.hideScores = false;
+    for (DataUserInfo& user : state.userList)
+        user.clear();
+}
+
+} // namespace
+
+void openSession() {
+    HostState& state = host();
+    if (!accepts(EV_OPEN)) return;
+    const auto file = askSessionFile();
+    if (!file) return;
+    const auto plan = readSession(*file);
+    if (!plan) {
+        zelkova::DataPairsList pairs;
+        pairs.add("SESSION", *file);
+        writeLog(4000005, pairs);
+        zelkova::showMessage_pairs(state.mainWindow, 4000005, zelkova::MessageButtons::Ok, 0, pairs);
+        return;
+    }
+    takeOver(*plan, *file);
+    if (!startServer()) {
+        state.curQuestNumber = 0;
+        return;
+    }
+    state.vrmStatus = 0;
+    state.kdlState->changeState(EV_OPEN);
+    enableSessionCommands(true);
+    questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList);
+    initResource();
+    checkAllSongs();
+    resetHistory();
+
+    state.sessionStartTime = platform::getLocalTime();
+    zelkova::DataPairsList pairs;
+    pairs.add("SESSION", state.sessionName);
+    pairs.add("PORT", state.dataApplication.getServerPort());
+    writeLog(2000007, pairs);
+    zelkova::DataPairsList address;
+    address.add("HOST", state.server->getLocalAddress());
+    address.add("PORT", state.dataApplication.getServerPort());
+    showStatusBar(2000022, address);
+}
+
+void closeSession() {
+    HostState& state = host();
+    if (state.endingSession) return;
+    state.endingSession = true;
+    haltSongs();
+    platform::killTimer(state.mainWindow, ids::leadInTimer);
+    platform::killTimer(state.mainWindow, ids::applauseTimer);
+
+    state.sessionEndTime = platform::getLocalTime();
+    closeSessionRecord();
+    if (historyHasContent()) offerHistory();
+
+    destroyServer();
+    forgetSession();
+    if (state.kdlState) state.kdlState->reset();
+    enableSessionCommands(false);
+    clearConsole();
+    clearQuestList();
+    refreshUserPane();
+
+    zelkova::DataPairsList pairs;
+    pairs.add("SESSION", state.sessionName);
+    writeLog(2000008, pairs);
+    showStatusBar(2000021);
+    state.endingSession = false;
+}

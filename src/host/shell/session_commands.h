@@ -1,0 +1,9 @@
+#pragma once
+
+// 出題の開始: asks for a session file, reads it whole, starts the server. Nothing has changed when the file
+// cannot be used; when the port cannot be had, the lists stay filled and no session is open.
+void openSession();
+
+// 出題の終了: from the menu, from closing the window, or after a lost connection, in any state. Offers to
+// save the history; does nothing while it is already under way.
+void closeSession();

@@ -1,0 +1,67 @@
+#include "host/shell/timers.h"
+
+#include "host/shell/applause.h"
+#include "host/state/console_ids.h"
+#include "host/state/host_state.h"
+#include "host/state/intro_state.h"
+#include "host/state/play_control.h"
+#include "host/state/requests.h"
+#include "platform/messages.h"
+
+namespace {
+
+constexpr int playTickMs = 50;
+
+// A lead-in that stands still between two ticks has ended, whatever its length was said to be.
+bool leadInPlays() {
+    HostState& state = host();
+    const int before = state.leadInPosition;
+    state.leadInPosition = state.effectMedia.getPosition();
+    return state.leadInPosition < state.leadInEnd && state.leadInPosition != before;
+}
+
+void onLeadInTick() {
+    HostState& state = host();
+    if (leadInPlays()) return;
+    platform::killTimer(state.mainWindow, ids::leadInTimer);
+    state.effectMedia.stop();
+    state.effectMedia.close();
+    if (!accepts(EV_PLAY)) return;
+    state.kdlState->changeState(EV_PLAY);
+    notifyStatus();
+    platform::setTimer(state.mainWindow, ids::playTimer, playTickMs);
+}
+
+void onPlayTick() {
+    HostState& state = host();
+    if (!state.songsStarted) return; // the terminal has not yet answered that it plays
+    state.playElapsed += playTickMs;
+    if (!checkPlayStop()) {
+        showProgress();
+        return;
+    }
+    if (!state.kdlState->is(StatePlay::getInstance())) return;
+    haltSongs();
+    if (!accepts(EV_STOP)) return;
+    state.kdlState->changeState(EV_PLAY_END);
+    notifyStatus();
+}
+
+} // namespace
+
+void onTimer(unsigned id) {
+    switch (id) {
+    case ids::leadInTimer:
+        onLeadInTick();
+        break;
+    case ids::playTimer:
+        onPlayTick();
+        break;
+    case ids::applauseTimer:
+        platform::killTimer(host().mainWindow, ids::applauseTimer);
+        playClosingApplause();
+        break;
+    default:
+        break;
+    }
+}

@@ -1,0 +1,4 @@
+#pragma once
+// The main window's ticks: lead-in (500 ms), play watch (50 ms), closing applause (500 ms).
+
+void onTimer(unsigned id);

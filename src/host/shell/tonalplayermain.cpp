@@ -1,0 +1,224 @@
+#include "host/shell/tonalplayermain.h"
+
+#include <clocale>
+#include <exception>
+#include <locale>
+#include <vector>
+
+#include "data/accesser_application.h"
+#include "data/acs_log_message.h"
+#include "data/app_logger.h"
+#include "data/log_message.h"
+#include "foundation/path.h"
+#include "foundation/views/message_box.h"
+#include "host/shell/main_window.h"
+#include "host/shell/server_events.h"
+#include "host/state/host_log.h"
+#include "host/state/host_state.h"
+#include "platform/dialog.h"
+#include "platform/files.h"
+
+namespace {
+
+// What went wrong before there was a window to say it in.
+struct StartProblem {
+    int code;
+    std::string file, reason;
+};
+
+class Start {
+public:
+    explicit Start(const std::string& moduleFolder) : folder_(moduleFolder) {}
+
+    void preparePaths();
+    void loadSettings();
+    void loadMessages();
+    void openLog();
+    void openCatalogue();
+    void nameStylesheets();
+    void createMainWindow(MainWnd& mainWnd);
+    void fillTrainingSession();
+    void dumpSettings();
+    void tellProblems();
+
+private:
+    std::string path(const char* relative) const { return zelkova::normalizePath(folder_ + relative); }
+
+    std::string folder_;
+    std::vector<StartProblem> problems_;
+    bool messagesRead_ = true;
+};
+
+void Start::preparePaths() {
+    // Text stays Shift-JIS bytes and numbers keep their plain form, whatever the desktop's language is.
+    std::locale::global(std::locale::classic());
+    std::setlocale(LC_NUMERIC, "C");
+    host().modulePath = folder_;
+    host().effectPath = zelkova::getFullPath(folder_ + "../eft/");
+    if (host().effectPath.empty() || host().effectPath.back() != '/') host().effectPath += "/";
+    for (const char* wanted : {"../log/", "../cnf/", "../hst/"})
+        platform::makeFolder(folder_ + wanted);
+}
+
+void Start::loadSettings() {
+    const std::string file = path("../cnf/Config.xml");
+    if (!zelkova::fileExists(file)) return;
+    AccesserApplication accesser;
+    if (!accesser.load(file, host().dataApplication))
+        problems_.push_back({4000012, file, accesser.loadError()});
+}
+
+void Start::loadMessages() {
+    AcsLogMessage accesser;
+    messagesRead_ = accesser.open(path("../cnf/LogMessage.xml"));
+    if (messagesRead_) accesser.read(host().logMessageList);
+}
+
+void Start::openLog() {
+    HostState& state = host();
+    state.logFileName = state.dataApplication.getLogFileName().empty()
+                            ? path("../log/kdl_server.log")
+                            : zelkova::normalizePath(state.dataApplication.getLogFileName());
+    DataLogFile settings;
+    settings.setLevel(levelFromText(state.dataApplication.getLogLevel()));
+    settings.setFileName(state.logFileName);
+    settings.setRollBackNumber(state.dataApplication.getLogRollBackNumber());
+    settings.setRollFileSize(state.dataApplication.getLogRollFileSize());
+    AppLogger::setMessageList(state.logMessageList);
+    if (!AppLogger::configure(settings)) problems_.push_back({4000013, state.logFileName, ""});
+    writeLog(2000001);
+}
+
+void Start::openCatalogue() {
+    HostState& state = host();
+    state.accesserResource.setStylesheet("ResourceData.xsl");
+    const std::string wanted = state.dataApplication.getResourceFileName();
+    if (wanted.empty() || !zelkova::fileExists(wanted))
+        state.dataApplication.setResourceFileName(path("../cnf/ResourceData.xml"));
+    const std::string file = state.dataApplication.getResourceFileName();
+    if (!state.accesserResource.open(file))
+        problems_.push_back({4000012, file, state.accesserResource.loadError()});
+}
+
+void Start::nameStylesheets() {
+    host().accesserSession.setStylesheet(path("../cnf/SessionPrint.xsl"));
+    // An absolute path begins with "/", which is the third slash of the address.
+    const std::string history = path("../cnf/SessionHistory.xsl");
+    host().accesserSessionHistory.setStylesheet((history.starts_with("/") ? "file://" : "file:///") +
+                                                history);
+}
+
+void Start::createMainWindow(MainWnd& mainWnd) {
+    struct ClassRow {
+        const char* name;
+        const char* menu;
+    };
+    static constexpr ClassRow classes[] = {{"MainWndClass", "IDM_KDL0101_MAINMENUE"},
+                                           {"BaseWndClass", ""},
+                                           {"ChildWndClass", ""},
+                                           {"BaseWndClassPlayer", ""},
+                                           {"ChildWndClassPlayer", ""}};
+    for (const ClassRow& row : classes) {
+        platform::WindowClass windowClass;
+        windowClass.name = row.name;
+        windowClass.menu = row.menu;
+        windowClass.icon = "ICO_INTRO_SERVER";
+        zelkova::Component::registerClass(windowClass);
+    }
+    platform::CreateParams params;
+    params.title = host().dataApplication.getNameJpn();
+    params.style = 0x02CF0000;
+    mainWnd.create(params);
+}
+
+void Start::fillTrainingSession() {
+    DataSession& training = host().trainingSession;
+    training.clear();
+    training.setName("特訓メニュー");
+    training.setQuestNum(10);
+    training.setRange(0);
+    training.setSpeed(0);
+    training.setInterval(4);
+    training.setMulti(1);
+}
+
+void Start::dumpSettings() {
+    writeDebug(host().dataApplication.settings());
+}
+
+void Start::tellProblems() {
+    const platform::WindowHandle owner = host().mainWindow;
+    // Without the catalogue of messages there is no text to take from it.
+    if (!messagesRead_)
+        platform::messageBox(owner, "メッセージの一覧を読み込めません。\r\n" + path("../cnf/LogMessage.xml"),
+                             host().dataApplication.getNameJpn(), platform::Buttons::Ok,
+                             platform::SystemIcon::Warning);
+    for (const StartProblem& problem : problems_) {
+        zelkova::DataPairsList pairs;
+        pairs.add("FILE", problem.file);
+        pairs.add("MESSAGE", problem.reason);
+        writeLog(problem.code, pairs);
+        zelkova::showMessage_pairs(owner, problem.code, zelkova::MessageButtons::Ok, 0, pairs);
+    }
+}
+
+// Log line and message 4000002.
+void tellFault(const std::string& text, int returned) {
+    zelkova::DataPairsList pairs;
+    pairs.add("MESSAGE", text);
+    pairs.add("RETCODE", returned);
+    writeLog(4000002, pairs);
+    zelkova::showMessage_pairs(host().mainWindow, 4000002, zelkova::MessageButtons::Ok, 0, pairs);
+}
+
+int runLoop() {
+    platform::Message message;
+    for (;;) {
+        const int result = platform::getMessage(message);
+        if (result == -1) tellFault("GetMessage function error.", result);
+        if (result <= 0) return static_cast<int>(message.wParam);
+        platform::dispatchMessage(message);
+    }
+}
+
+void start(MainWnd& mainWnd, Start& steps) {
+    steps.preparePaths();
+    steps.loadSettings();
+    steps.loadMessages();
+    steps.openLog();
+    const DataApplication& settings = host().dataApplication;
+    zelkova::setCatalogPath(zelkova::normalizePath(host().modulePath + "../cnf/LogMessage.xml"));
+    zelkova::setTitleParts(settings.getDetail() + "-", settings.getNameJpn());
+    zelkova::setHelpUrl(settings.getHelpUrl());
+    steps.openCatalogue();
+    steps.nameStylesheets();
+    steps.createMainWindow(mainWnd);
+    steps.fillTrainingSession();
+    steps.dumpSettings();
+}
+
+} // namespace
+
+void init(MainWnd& mainWnd, const std::string& moduleFolder) {
+    Start steps(moduleFolder);
+    start(mainWnd, steps);
+    steps.tellProblems();
+}
+
+int WinMain(const std::string& moduleFolder) {
+    int exitCode = 1;
+    try {
+        MainWnd mainWnd;
+        Start steps(moduleFolder);
+        start(mainWnd, steps);
+        mainWnd.show(true);
+        mainWnd.update();
+        steps.tellProblems();
+        exitCode = runLoop();
+    } catch (const std::exception& fault) {
+        tellFault(fault.what(), -1);
+    }
+    writeLog(2000002);
+    host().userList.clear();
+    return exitCode;
+}
