@@ -15,23 +15,19 @@ namespace {
 constexpr gint64 bufferMicroseconds = 40'000;
 constexpr gint64 periodMicroseconds = 10'000;
 constexpr auto startLimit = 5 * GST_SECOND;
-constexpr auto roomLimit = std::chrono::seconds(1);
+constexpr auto roomLimit = std::chrono::milliseconds(500);
 
-void setUpSink(GstBin*, GstBin*, GstElement* element, gpointer broken) {
+// Sees each sink that the automatic choice tries, the last one being the choice.
+void setUpSink(GstBin*, GstBin*, GstElement* element, gpointer standIn) {
+    if (!GST_OBJECT_FLAG_IS_SET(element, GST_ELEMENT_FLAG_SINK) || GST_IS_BIN(element)) return;
     const GstElementFactory* factory = gst_element_get_factory(element);
-    if (factory && std::strcmp(GST_OBJECT_NAME(factory), "fakesink") == 0)
-        *static_cast<std::atomic<bool>*>(broken) = true; // stands in where no card was found
+    *static_cast<std::atomic<bool>*>(standIn) =
+        factory && std::strcmp(GST_OBJECT_NAME(factory), "fakesink") == 0;
     GObjectClass* kind = G_OBJECT_GET_CLASS(element);
     if (!g_object_class_find_property(kind, "buffer-time")) return;
     // The card takes blocks as it plays them; timestamps would make it skip after any delay.
     g_object_set(element, "buffer-time", bufferMicroseconds, "latency-time", periodMicroseconds, "sync",
                  FALSE, nullptr);
-}
-
-GstBusSyncReply noteErrors(GstBus*, GstMessage* message, gpointer broken) {
-    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR) *static_cast<std::atomic<bool>*>(broken) = true;
-    gst_message_unref(message);
-    return GST_BUS_DROP;
 }
 
 } // namespace
@@ -49,7 +45,7 @@ bool SpeakerLine::start() {
     GstElement* resampler = gst_element_factory_make("audioresample", nullptr);
     GstElement* sink = gst_element_factory_make("autoaudiosink", nullptr);
     pipeline_.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
-    g_signal_connect(pipeline_.get(), "deep-element-added", G_CALLBACK(setUpSink), &broken_);
+    g_signal_connect(pipeline_.get(), "deep-element-added", G_CALLBACK(setUpSink), &standIn_);
     for (GstElement* element : {source_, converter, resampler, sink}) {
         if (element)
             gst_bin_add(GST_BIN(pipeline_.get()), element);
@@ -67,7 +63,7 @@ bool SpeakerLine::start() {
     gst_app_src_set_callbacks(GST_APP_SRC(source_), &callbacks, this, nullptr);
     gst_element_link_many(source_, converter, resampler, sink, nullptr);
     GstBus* bus = gst_element_get_bus(pipeline_.get());
-    gst_bus_set_sync_handler(bus, noteErrors, &broken_, nullptr);
+    gst_bus_set_sync_handler(bus, noteErrors, this, nullptr);
     gst_object_unref(bus);
 
     // The card comes up only with something to play.
@@ -75,7 +71,18 @@ bool SpeakerLine::start() {
     write(silence);
     return gst_element_set_state(pipeline_.get(), GST_STATE_PLAYING) != GST_STATE_CHANGE_FAILURE &&
            gst_element_get_state(pipeline_.get(), nullptr, nullptr, startLimit) == GST_STATE_CHANGE_SUCCESS &&
-           !broken_;
+           !broken_ && !standIn_;
+}
+
+GstBusSyncReply SpeakerLine::noteErrors(GstBus*, GstMessage* message, gpointer self) {
+    auto* line = static_cast<SpeakerLine*>(self);
+    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR) {
+        const std::lock_guard lock(line->mutex_);
+        line->broken_ = true;
+        line->wanted_.notify_one();
+    }
+    gst_message_unref(message);
+    return GST_BUS_DROP;
 }
 
 void SpeakerLine::wantData(void* self) {
@@ -87,7 +94,7 @@ void SpeakerLine::wantData(void* self) {
 
 bool SpeakerLine::waitForRoom() {
     std::unique_lock lock(mutex_);
-    const bool wanted = wanted_.wait_for(lock, roomLimit, [&] { return wants_; });
+    const bool wanted = wanted_.wait_for(lock, roomLimit, [&] { return wants_ || broken_; });
     wants_ = false;
     return wanted && !broken_;
 }

@@ -18,7 +18,7 @@ public:
     static std::shared_ptr<SpeakerLine> open();
     ~SpeakerLine();
 
-    // Waits until the card wants a block. False when it is gone, or has wanted none for a second.
+    // Waits until the card wants a block. False when it is gone, or has wanted none for half a second.
     bool waitForRoom();
     // Interleaved stereo, 44100 Hz.
     void write(std::span<const std::int16_t> samples);
@@ -26,10 +26,12 @@ public:
 private:
     bool start();
     static void wantData(void* self);
+    static GstBusSyncReply noteErrors(GstBus* bus, GstMessage* message, void* self);
 
     Pipeline pipeline_;
     GstElement* source_ = nullptr; // of the pipeline
     std::atomic<bool> broken_ = false;
+    std::atomic<bool> standIn_ = false; // no card was found, and something silent stands in its place
     std::mutex mutex_;
     std::condition_variable wanted_;
     bool wants_ = false;
