@@ -13,7 +13,7 @@ struct WindowClass {
     std::string name;
     WindowProc proc = nullptr;
     std::string menu; // name of a menu under resources/menus/, or empty
-    std::string icon; // name of an icon under resources/icons/, or empty
+    std::string icon; // resources/icons/<icon>.png, or empty
 };
 
 // False when the name is already taken.

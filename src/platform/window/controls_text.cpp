@@ -90,7 +90,7 @@ void setText(Control control, std::string_view text) {
         box->setTitle(shown);
     else if (auto* combo = qobject_cast<QComboBox*>(widget))
         combo->setCurrentIndex(combo->findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
-    else if (widget->isWindow())
+    else
         widget->setWindowTitle(shown);
 }
 
@@ -104,7 +104,7 @@ std::string getText(Control control) {
     if (auto* button = qobject_cast<const QAbstractButton*>(widget)) return fromQt(button->text());
     if (auto* box = qobject_cast<const QGroupBox*>(widget)) return fromQt(box->title());
     if (auto* combo = qobject_cast<const QComboBox*>(widget)) return fromQt(combo->currentText());
-    return widget->isWindow() ? fromQt(widget->windowTitle()) : std::string();
+    return fromQt(widget->windowTitle());
 }
 
 void enable(Control control, bool enabled) {

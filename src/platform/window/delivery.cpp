@@ -15,6 +15,20 @@ std::vector<QPointer<QWidget>>& graveyard() {
     return instance;
 }
 
+// For as long as a handler of the toolkit is in the program.
+class Handler {
+public:
+    Handler() { ++handlersUnderWay; }
+    ~Handler() {
+        if (--handlersUnderWay > 0) return;
+        // The toolkit's own part of the handler is still above us: deleteLater waits for its end.
+        for (const auto& widget : std::exchange(graveyard(), {}))
+            if (widget) widget->deleteLater();
+    }
+    Handler(const Handler&) = delete;
+    Handler& operator=(const Handler&) = delete;
+};
+
 } // namespace
 
 LResult deliver(const Message& message) {
@@ -31,14 +45,8 @@ LResult deliver(const Message& message) {
 }
 
 LResult notify(WindowHandle window, unsigned message, WParam wParam, LParam lParam) {
-    ++handlersUnderWay;
-    const LResult result = sendMessage(window, message, wParam, lParam);
-    if (--handlersUnderWay == 0) {
-        // The toolkit's own handler is still above us: deleteLater waits for its end.
-        for (const auto& widget : std::exchange(graveyard(), {}))
-            if (widget) widget->deleteLater();
-    }
-    return result;
+    const Handler handler;
+    return sendMessage(window, message, wParam, lParam);
 }
 
 void bury(QWidget* widget) {

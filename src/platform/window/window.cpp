@@ -28,6 +28,7 @@ QWidget* makeWidget(const CreateParams& params, QWidget* parent) {
         auto* child = new ClientWidget(parent);
         const Rect rect = params.rect.value_or(Rect{});
         child->setGeometry(rect.left, rect.top, rect.width, rect.height);
+        child->setWindowTitle(toQt(params.title));
         return child;
     }
     auto* frame = new FrameWidget(parent);
@@ -73,7 +74,7 @@ WindowHandle createWindow(const CreateParams& params) {
             frame->setMenuBar(record.menuBar);
         frame->layOut();
         if (!windowClass.icon.empty())
-            frame->setWindowIcon(QIcon(QStringLiteral(":/icons/") + toQt(windowClass.icon)));
+            frame->setWindowIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(toQt(windowClass.icon))));
     }
     record.reportedSize = record.client->size();
 
