@@ -199,3 +199,21 @@ TEST(Window, TheStatusBarStaysAtTheFootOfTheClientArea) {
     const Rect client = getClientRect(main), rect = getRect(getItem(main, 55));
     EXPECT_EQ(rect, (Rect{0, client.height - statusBarHeight(bar), client.width, statusBarHeight(bar)}));
 }
+
+TEST(Window, MayEndInTheHandlerOfItsOwnButtonWhileLoopsRunInside) {
+    TestWindow main(WS_VISIBLE);
+    ASSERT_TRUE(loadTemplate(main, "IDD_TEST_CONTROLS"));
+    bool survived = false;
+    main.onMessage = [&](const Message& message) {
+        if (message.id != WM_COMMAND) return false;
+        destroyWindow(main);
+        // The button's own handler is still at work in the toolkit while this loop turns.
+        driver::settle();
+        survived = true;
+        return true;
+    };
+    EXPECT_TRUE(driver::click({main, 113}));
+    EXPECT_TRUE(survived);
+    EXPECT_FALSE(isWindow(main));
+    driver::settle();
+}
