@@ -1,0 +1,87 @@
+#pragma once
+// Finds the longest earlier text among the positions that were entered, the nearest among equals, in time that
+// grows with the length of the answer and not with the number of candidates.
+//
+// The positions form a tree of their texts (a trie without the nodes where nothing branches): a fork stands for a
+// text that at least two positions share, its children differ in the byte behind that text. Children stand
+// newest first, and a fork's newest position is that of its first child. So the way down from a fork follows its
+// first children without a look at their siblings until the newest position's text ends to agree, and only there
+// the other children are asked.
+//
+// Nothing is ever taken out. A link remembers the newest position below it, and a link whose position has left
+// the window is the end of its list.
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace HiSpeed_SlideDic {
+
+struct Match {
+    std::int32_t length = 0; // 0 when nothing was found, else at least 3
+    std::int32_t distance = 0;
+};
+
+class MatchIndex {
+public:
+    static constexpr std::int32_t reach = 32768; // longest distance
+    // Texts are read in words: that many bytes behind the last must be readable, whatever they hold.
+    static constexpr std::int32_t slack = 8;
+
+    explicit MatchIndex(std::int32_t longestMatch);
+
+    // Looks for the text at `position` of `window`, of which `filled` bytes hold input, then enters the position.
+    // Positions must rise from call to call. The oldest position in the window of all that begin with the same
+    // two bytes is never taken for a match.
+    Match findAndEnter(const unsigned char* window, std::int32_t position, std::int32_t filled);
+
+    // The window's content moved down by that many bytes, at most 32768; what fell out is forgotten.
+    void slide(std::int32_t bytes);
+
+private:
+    // Time is the count of bytes since the start of the input; it begins at one window's length so that 0 has
+    // left the window from the beginning.
+    using Time = std::uint32_t;
+    static constexpr std::uint32_t windowSize = 65536;
+
+    static constexpr int rootBits = 16;
+    static constexpr int tagBits = 24 - rootBits; // what the place of the root does not tell of three bytes
+
+    struct Link {
+        Time newest = 0;
+        std::uint32_t node : 32 - tagBits = 0; // a leaf, from `firstFork` on a fork
+        std::uint32_t tag : tagBits = 0;       // tells siblings apart: at a fork the byte behind its text
+    };
+    struct Fork {
+        Link child;
+        std::int32_t depth = 0; // length of its text
+    };
+
+    // Each position takes one leaf, so this many later a leaf has left the window.
+    static constexpr std::uint32_t leafCount = reach + 1;
+    static constexpr std::uint32_t firstFork = leafCount;
+    // Forks in the window are fewer than its bytes and two for each literal among them, so at least half of the
+    // greatest number is always free.
+    static constexpr std::size_t fewestForks = 1024, mostForks = 131072;
+
+    const unsigned char* text(Time time) const { return window_ + (time - windowTime_); }
+    Fork& fork(std::uint32_t node) { return forks_[node - firstFork]; }
+    std::uint32_t takeFork();
+    Link makeLeaf(Time now, std::uint32_t tag, Link next);
+    bool bringToFront(Link& first, std::uint32_t tag);
+
+    std::int32_t longestMatch_;
+    const unsigned char* window_ = nullptr;
+    Time windowTime_ = windowSize; // of the window's first byte
+    Time oldest_ = windowSize;     // everything before has left the window
+    std::vector<Time> heads_ = std::vector<Time>(65536);                               // newest of each two bytes
+    std::unique_ptr<Time[]> previous_ = std::make_unique_for_overwrite<Time[]>(windowSize); // the one before, by time
+    std::vector<Link> roots_ = std::vector<Link>(std::size_t{1} << rootBits); // by a hash of three bytes
+    std::unique_ptr<Link[]> next_ = std::make_unique_for_overwrite<Link[]>(firstFork + mostForks); // siblings
+    std::vector<Fork> forks_;
+    std::uint32_t nextLeaf_ = 0;
+    std::size_t nextFork_ = 0;
+    std::size_t freeForks_ = 0; // found since the ring of forks began anew
+};
+
+} // namespace HiSpeed_SlideDic

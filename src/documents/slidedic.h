@@ -1,0 +1,79 @@
+#pragma once
+// The sliding dictionary: reads a stream to its end and says it again as literals and matches of the last 32768
+// bytes (LZ77 as RFC 1951 section 4 describes it, greedy).
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "documents/crc32.h"
+#include "documents/match_index.h"
+
+namespace HiSpeed_SlideDic {
+
+// `Input` needs read(char* bytes, count) and gcount() as std::istream has them. The longest match is
+// `longestMatch`; only the first byte of a match is entered in the index.
+template <class Input, std::int32_t longestMatch>
+class SDicEnc {
+public:
+    // Runs the whole input through `block`, which needs literal_put and match_len_put as BBlkOut has them, and
+    // leaves its last block to the caller. What they throw comes through.
+    template <class Block>
+    SDicEnc(Input& input, Block& block) : input_(input) {
+        fill();
+        while (position_ < filled_) {
+            const Match match = index_.findAndEnter(dictionary_.data(), position_, filled_);
+            if (match.length < shortestMatch) {
+                block.literal_put(dictionary_[static_cast<std::size_t>(position_)]);
+                advance(1);
+            } else {
+                block.match_len_put(match.length, match.distance);
+                advance(match.length);
+            }
+        }
+    }
+
+    // Running CRC-32 of all that was read; its inverse is the checksum.
+    std::uint32_t crc() const { return crc_; }
+
+private:
+    static constexpr std::int32_t windowSize = 65536;
+    static constexpr std::int32_t slideBytes = MatchIndex::reach;
+    static constexpr std::int32_t slideAt = windowSize - longestMatch; // the longest match lies in the window
+    static constexpr std::int32_t shortestMatch = 3;
+
+    void fill() {
+        while (filled_ < windowSize) {
+            unsigned char* const bytes = dictionary_.data() + filled_;
+            input_.read(reinterpret_cast<char*>(bytes), windowSize - filled_);
+            const auto count = static_cast<std::int32_t>(input_.gcount());
+            if (count <= 0)
+                return;
+            crc_ = updateCrc32(crc_, bytes, static_cast<std::size_t>(count));
+            filled_ += count;
+        }
+    }
+
+    // A match is taken in one step; where it crosses the place of the slide, the index sees no difference, for
+    // nothing is looked for in between.
+    void advance(std::int32_t bytes) {
+        position_ += bytes;
+        if (position_ < slideAt)
+            return;
+        position_ -= slideBytes;
+        std::memcpy(dictionary_.data(), dictionary_.data() + slideBytes, slideBytes);
+        index_.slide(slideBytes);
+        filled_ = std::max(filled_ - slideBytes, 0);
+        fill();
+    }
+
+    Input& input_;
+    std::vector<unsigned char> dictionary_ = std::vector<unsigned char>(windowSize + MatchIndex::slack);
+    std::int32_t filled_ = 0;   // bytes of the dictionary that hold input
+    std::int32_t position_ = 0; // now being coded
+    MatchIndex index_{longestMatch};
+    std::uint32_t crc_ = 0xFFFFFFFF;
+};
+
+} // namespace HiSpeed_SlideDic
