@@ -8,8 +8,8 @@
 
 namespace BitStream {
 
-// `Sink` needs write(const unsigned char* bytes, std::size_t count). It is given `BufferBytes` at a time and is
-// not owned. Bits that were put and neither filled the buffer nor were flushed are lost at the end.
+// `Sink` needs write(const unsigned char* bytes, std::size_t count). It is given `BufferBytes` at a time and
+// is not owned. Bits that were put and neither filled the buffer nor were flushed are lost at the end.
 template <class Sink, int BufferBytes>
 class BStrmOut {
     static_assert(BufferBytes > 0 && BufferBytes % 8 == 0, "the buffer is filled by words of 64 bits");
@@ -19,13 +19,11 @@ public:
 
     // Appends the low `count` bits of `value`, 0 to 32 of them. Throws "n_bit_put: out of range.".
     void n_bit_put(std::uint32_t value, int count) {
-        if (count < 0 || count > 32)
-            throw "n_bit_put: out of range.";
+        if (count < 0 || count > 32) throw "n_bit_put: out of range.";
         const std::uint64_t bits = value & ((std::uint64_t{1} << count) - 1);
         word_ |= bits << wordBits_;
         wordBits_ += count;
-        if (wordBits_ < 64)
-            return;
+        if (wordBits_ < 64) return;
         wordBits_ -= 64;
         storeWord();
         word_ = bits >> (count - wordBits_);
@@ -42,8 +40,8 @@ public:
         handOver();
     }
 
-    int bitCount() const { return used_ * 8 + wordBits_; }  // in the buffer
-    std::uint64_t bytesOut() const { return bytesOut_; }    // handed to the sink so far
+    int bitCount() const { return used_ * 8 + wordBits_; } // in the buffer
+    std::uint64_t bytesOut() const { return bytesOut_; }   // handed to the sink so far
 
 private:
     void storeWord() {
@@ -53,13 +51,11 @@ private:
             for (int i = 0; i < 8; ++i)
                 buffer_[used_ + i] = static_cast<unsigned char>(word_ >> (8 * i));
         used_ += 8;
-        if (used_ == BufferBytes)
-            handOver();
+        if (used_ == BufferBytes) handOver();
     }
 
     void handOver() {
-        if (used_ == 0)
-            return;
+        if (used_ == 0) return;
         sink_.write(buffer_.data(), static_cast<std::size_t>(used_));
         bytesOut_ += static_cast<std::uint64_t>(used_);
         used_ = 0;

@@ -24,8 +24,7 @@ public:
 
     // Throws "literal_put: out of range." outside 0 to 255.
     void literal_put(int value) {
-        if (value < 0 || value > 255)
-            throw "literal_put: out of range.";
+        if (value < 0 || value > 255) throw "literal_put: out of range.";
         symbols_.push_back(static_cast<std::uint16_t>(value));
         sendWhenFull();
     }
@@ -35,15 +34,16 @@ public:
     void match_len_put(int length, int distance) {
         const int lengthWord = length + lengthBase;
         const int distanceWord = distance - 1;
-        if (lengthWord < 260 || lengthWord > 516 || distanceWord < 0 || distanceWord >= Converter::CvDistance::farthest)
+        if (lengthWord < 260 || lengthWord > 516 || distanceWord < 0 ||
+            distanceWord >= Converter::CvDistance::farthest)
             throw "match_len_put: out of range.";
         symbols_.push_back(static_cast<std::uint16_t>(lengthWord));
         symbols_.push_back(static_cast<std::uint16_t>(distanceWord));
         sendWhenFull();
     }
 
-    // Sends what is held as one block, even when that is nothing, and forgets it; `last` (0 or 1) marks the last
-    // block of the stream. Throws "out of range." for a length or a distance that Deflate does not have.
+    // Sends what is held as one block, even when that is nothing, and forgets it; `last` (0 or 1) marks the
+    // last block of the stream. Throws "out of range." for a length or a distance that Deflate does not have.
     void encode(int last) {
         Huffman::FrequencyTable literalCounts(literalSymbols), distanceCounts;
         count(literalCounts, distanceCounts);
@@ -66,23 +66,19 @@ private:
     static constexpr std::size_t wordKinds = lengthBase + Converter::CvMatchLength::longest + 1;
 
     void sendWhenFull() {
-        if (symbols_.size() > blockLimit_)
-            encode(0);
+        if (symbols_.size() > blockLimit_) encode(0);
     }
 
     void count(Huffman::FrequencyTable& literals, Huffman::FrequencyTable& distances) const {
         std::array<std::uint32_t, wordKinds> words{};
         std::array<std::uint32_t, 30> distanceCodes{};
-        for (std::size_t i = 0; i < symbols_.size(); ++i) {
-            const std::uint16_t word = symbols_[i];
-            if (word >= wordKinds)
-                throw "out of range.";
+        for (auto symbol = symbols_.begin(), end = symbols_.end(); symbol != end; ++symbol) {
+            const std::uint16_t word = *symbol;
+            if (word >= wordKinds) throw "out of range.";
             ++words[word];
-            if (word <= endOfBlock)
-                continue;
-            const std::uint16_t distance = symbols_[++i];
-            if (distance >= Converter::CvDistance::farthest)
-                throw "out of range.";
+            if (word <= endOfBlock) continue;
+            const std::uint16_t distance = *++symbol;
+            if (distance >= Converter::CvDistance::farthest) throw "out of range.";
             ++distanceCodes[distanceConverter_[distance].code];
         }
         literals.count(endOfBlock);
@@ -90,14 +86,12 @@ private:
             if (words[word] > 0)
                 literals.count(word <= endOfBlock ? word : lengthCode(word).code, words[word]);
         for (std::size_t code = 0; code < distanceCodes.size(); ++code)
-            if (distanceCodes[code] > 0)
-                distances.count(code, distanceCodes[code]);
+            if (distanceCodes[code] > 0) distances.count(code, distanceCodes[code]);
     }
 
     const Converter::Code& lengthCode(std::size_t word) const {
         const int length = static_cast<int>(word) - lengthBase;
-        if (length < Converter::CvMatchLength::shortest)
-            throw "out of range.";
+        if (length < Converter::CvMatchLength::shortest) throw "out of range.";
         return lengthConverter_[length];
     }
 
@@ -118,7 +112,8 @@ private:
         for (int i = 0; i < places; ++i) {
             const std::size_t symbol = codeLengthOrder[static_cast<std::size_t>(i)];
             stream_.n_bit_put(
-                symbol < encoder.lengths().size() ? static_cast<std::uint32_t>(encoder.lengths()[symbol]) : 0, 3);
+                symbol < encoder.lengths().size() ? static_cast<std::uint32_t>(encoder.lengths()[symbol]) : 0,
+                3);
         }
         for (const LengthSymbol& symbol : symbols) {
             const Huffman::HuffEnc::Bits bits = encoder.bits(symbol.symbol);
@@ -135,32 +130,27 @@ private:
     void sendSymbols(const Huffman::HuffEnc& literals, const Huffman::HuffEnc& distances) {
         std::array<Huffman::HuffEnc::Bits, wordKinds> words{}; // no bits for a word that has no code
         for (std::size_t word = 0; word < wordKinds; ++word) {
-            if (word > endOfBlock && word < lengthBase + Converter::CvMatchLength::shortest)
-                continue;
+            if (word > endOfBlock && word < lengthBase + Converter::CvMatchLength::shortest) continue;
             const std::size_t symbol = word <= endOfBlock ? word : lengthCode(word).code;
-            if (symbol >= literals.lengths().size() || literals.lengths()[symbol] == 0)
-                continue;
-            words[word] = word <= endOfBlock ? literals.bits(symbol) : joined(literals.bits(symbol), lengthCode(word));
+            if (symbol >= literals.lengths().size() || literals.lengths()[symbol] == 0) continue;
+            words[word] =
+                word <= endOfBlock ? literals.bits(symbol) : joined(literals.bits(symbol), lengthCode(word));
         }
         std::array<Huffman::HuffEnc::Bits, 30> distanceCodes{};
         for (std::size_t code = 0; code < distances.lengths().size(); ++code)
-            if (distances.lengths()[code] > 0)
-                distanceCodes[code] = distances.bits(code);
+            if (distances.lengths()[code] > 0) distanceCodes[code] = distances.bits(code);
 
-        for (std::size_t i = 0; i < symbols_.size(); ++i) {
-            const std::uint16_t word = symbols_[i];
-            put(words[word]);
-            if (word <= endOfBlock)
-                continue;
-            const Converter::Code distance = distanceConverter_[symbols_[++i]];
+        for (auto symbol = symbols_.begin(), end = symbols_.end(); symbol != end; ++symbol) {
+            put(words[*symbol]);
+            if (*symbol <= endOfBlock) continue;
+            const Converter::Code distance = distanceConverter_[*++symbol];
             put(joined(distanceCodes[distance.code], distance));
         }
         put(words[endOfBlock]);
     }
 
     void put(Huffman::HuffEnc::Bits bits) {
-        if (bits.length == 0)
-            throw "encode: out of range.";
+        if (bits.length == 0) throw "encode: out of range.";
         stream_.n_bit_put(bits.pattern, bits.length);
     }
 

@@ -19,8 +19,7 @@ CvDistance::CvDistance() {
         extraBits_[code] = static_cast<std::uint8_t>(code < 4 ? 0 : code / 2 - 1);
         first_[code] = static_cast<std::uint16_t>(value);
         for (const std::uint32_t end = value + (1u << extraBits_[code]); value < end; ++value) {
-            if (value < 256)
-                near_[value] = code;
+            if (value < 256) near_[value] = code;
             far_[value >> 7] = code;
         }
     }

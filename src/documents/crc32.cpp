@@ -6,8 +6,8 @@ namespace HiSpeed_SlideDic {
 
 namespace {
 
-// crcTable[n][b]: what byte b does to the value n bytes later. The first is the table of the method that takes
-// one byte at a time; the others let eight go at once.
+// crcTable[n][b]: what byte b does to the value n bytes later. The first is the table of the method that
+// takes one byte at a time; the others let eight go at once.
 constexpr auto crcTable = [] {
     std::array<std::array<std::uint32_t, 256>, 8> table{};
     for (std::uint32_t byte = 0; byte < 256; ++byte) {

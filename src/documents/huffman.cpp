@@ -9,9 +9,9 @@ namespace {
 using TreeNode = BitLengthTable::TreeNode;
 using SortValue = BitLengthTable::SortValue;
 
-// Joins the two lightest nodes until one is left, the earlier node first among equals. Sums never fall from one
-// join to the next, so the inner nodes are in order as they are made: a sorted list of leaves and the tail of
-// the list of nodes serve as the one ordered queue.
+// Joins the two lightest nodes until one is left, the earlier node first among equals. Sums never fall from
+// one join to the next, so the inner nodes are in order as they are made: a sorted list of leaves and the
+// tail of the list of nodes serve as the one ordered queue.
 void growTree(std::vector<TreeNode>& nodes) {
     const std::size_t leafCount = nodes.size();
     std::vector<SortValue> leaves;
@@ -51,15 +51,13 @@ void limitDepths(std::vector<TreeNode>& nodes, std::size_t leafCount, int limit)
     std::int64_t excess = -(std::int64_t{1} << limit);
     for (int length = 0; length <= limit; ++length)
         excess += counts[at(length)] << (limit - length);
-    if (excess <= 0)
-        return;
+    if (excess <= 0) return;
 
     for (; excess > 0; --excess) {
         int shorter = limit - 3;
         while (shorter >= 0 && counts[at(shorter)] == 0)
             --shorter;
-        if (shorter < 0)
-            continue;
+        if (shorter < 0) continue;
         --counts[at(shorter)];
         counts[at(shorter + 1)] += 2;
         --counts[at(limit)];
@@ -69,8 +67,7 @@ void limitDepths(std::vector<TreeNode>& nodes, std::size_t leafCount, int limit)
     for (std::size_t i = leafCount; i < nodes.size(); ++i)
         for (const std::int32_t child : {nodes[i].left, nodes[i].right}) {
             TreeNode& node = nodes[static_cast<std::size_t>(child)];
-            if (node.symbol < 0)
-                continue;
+            if (node.symbol < 0) continue;
             while (length > 0 && counts[at(length)] == 0)
                 --length;
             node.depth = length;
@@ -91,8 +88,8 @@ BitLengthTable::BitLengthTable(const FrequencyTable& frequencies, int limit) : l
     std::vector<TreeNode> nodes;
     for (std::size_t symbol = 0; symbol < frequencies.size(); ++symbol)
         if (frequencies[symbol] > 0)
-            nodes.push_back({static_cast<std::int32_t>(frequencies[symbol]), static_cast<std::int32_t>(symbol),
-                             -1, -1, 1});
+            nodes.push_back({static_cast<std::int32_t>(frequencies[symbol]),
+                             static_cast<std::int32_t>(symbol), -1, -1, 1});
     if (nodes.empty()) {
         lengths_.assign(1, 1);
         return;
@@ -108,13 +105,11 @@ BitLengthTable::BitLengthTable(const FrequencyTable& frequencies, int limit) : l
 }
 
 BitPatternTable::BitPatternTable(const BitLengthTable& lengths) {
-    if (lengths.size() == 0)
-        throw "BitPatternTable: program error.";
+    if (lengths.size() == 0) throw "BitPatternTable: program error.";
     const int limit = lengths.limit();
     std::vector<std::uint64_t> counts(static_cast<std::size_t>(limit) + 1);
     for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
-        if (lengths[symbol] < 0 || lengths[symbol] > limit)
-            throw "BitPatternTable: out of range.";
+        if (lengths[symbol] < 0 || lengths[symbol] > limit) throw "BitPatternTable: out of range.";
         ++counts[static_cast<std::size_t>(lengths[symbol])];
     }
 
@@ -126,8 +121,7 @@ BitPatternTable::BitPatternTable(const BitLengthTable& lengths) {
         increment[length] = std::uint64_t{1} << (static_cast<std::size_t>(limit) - length);
         total += counts[length] * increment[length];
     }
-    if (total > std::uint64_t{1} << limit)
-        throw "BitPatternTable: bit-pattern cannot be made.";
+    if (total > std::uint64_t{1} << limit) throw "BitPatternTable: bit-pattern cannot be made.";
 
     patterns_.resize(lengths.size());
     for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol)

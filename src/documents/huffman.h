@@ -1,6 +1,6 @@
 #pragma once
-// Prefix codes of limited length for one alphabet: counts, code lengths, bit patterns (RFC 1951 section 3.2.2).
-// Symbols are numbers from 0. All errors are constant texts, thrown as `const char*`.
+// Prefix codes of limited length for one alphabet: counts, code lengths, bit patterns (RFC 1951
+// section 3.2.2). Symbols are numbers from 0. All errors are constant texts, thrown as `const char*`.
 
 #include <compare>
 #include <cstddef>
@@ -16,8 +16,7 @@ public:
     explicit FrequencyTable(std::size_t symbols = 0) : counts_(symbols) {}
 
     void count(std::size_t symbol, std::uint32_t times = 1) {
-        if (symbol >= counts_.size())
-            counts_.resize(symbol + 1);
+        if (symbol >= counts_.size()) counts_.resize(symbol + 1);
         counts_[symbol] += times;
     }
     std::size_t size() const { return counts_.size(); }
@@ -45,7 +44,8 @@ public:
     };
 
     BitLengthTable(const FrequencyTable& frequencies, int limit);
-    BitLengthTable(std::vector<std::int8_t> lengths, int limit) : lengths_(std::move(lengths)), limit_(limit) {}
+    BitLengthTable(std::vector<std::int8_t> lengths, int limit)
+        : lengths_(std::move(lengths)), limit_(limit) {}
 
     std::size_t size() const { return lengths_.size(); }
     int operator[](std::size_t symbol) const { return lengths_[symbol]; }
@@ -59,9 +59,9 @@ private:
 // The canonical codes of the lengths, each reversed, ready to be sent low bit first.
 class BitPatternTable {
 public:
-    // Throws "BitPatternTable: program error." for an empty table, "BitPatternTable: out of range." for a length
-    // outside 0 to the limit, "BitPatternTable: bit-pattern cannot be made." when the lengths ask for more
-    // codes than there are.
+    // Throws "BitPatternTable: program error." for an empty table, "BitPatternTable: out of range." for a
+    // length outside 0 to the limit, "BitPatternTable: bit-pattern cannot be made." when the lengths ask for
+    // more codes than there are.
     explicit BitPatternTable(const BitLengthTable& lengths);
 
     std::size_t size() const { return patterns_.size(); }
@@ -73,7 +73,8 @@ private:
 
 class HuffEnc {
 public:
-    HuffEnc(const FrequencyTable& frequencies, int limit) : lengths_(frequencies, limit), patterns_(lengths_) {}
+    HuffEnc(const FrequencyTable& frequencies, int limit)
+        : lengths_(frequencies, limit), patterns_(lengths_) {}
 
     const BitLengthTable& lengths() const { return lengths_; }
 
@@ -83,8 +84,7 @@ public:
     };
     // Throws "encode: out of range." for a symbol without a code.
     Bits bits(std::size_t symbol) const {
-        if (symbol >= lengths_.size() || lengths_[symbol] == 0)
-            throw "encode: out of range.";
+        if (symbol >= lengths_.size() || lengths_[symbol] == 0) throw "encode: out of range.";
         return {patterns_[symbol], lengths_[symbol]};
     }
 

@@ -1,15 +1,15 @@
 #pragma once
-// Finds the longest earlier text among the positions that were entered, the nearest among equals, in time that
-// grows with the length of the answer and not with the number of candidates.
+// Finds the longest earlier text among the positions that were entered, the nearest among equals, in time
+// that grows with the length of the answer and not with the number of candidates.
 //
-// The positions form a tree of their texts (a trie without the nodes where nothing branches): a fork stands for a
-// text that at least two positions share, its children differ in the byte behind that text. Children stand
-// newest first, and a fork's newest position is that of its first child. So the way down from a fork follows its
-// first children without a look at their siblings until the newest position's text ends to agree, and only there
-// the other children are asked.
+// The positions form a tree of their texts (a trie without the nodes where nothing branches): a fork stands
+// for a text that at least two positions share, its children differ in the byte behind that text. Children
+// stand newest first, and a fork's newest position is that of its first child. So the way down from a fork
+// follows its first children without a look at their siblings until the newest position's text ends to agree,
+// and only there the other children are asked.
 //
-// Nothing is ever taken out. A link remembers the newest position below it, and a link whose position has left
-// the window is the end of its list.
+// Nothing is ever taken out. A link remembers the newest position below it, and a link whose position has
+// left the window is the end of its list.
 
 #include <cstdint>
 #include <memory>
@@ -30,13 +30,13 @@ public:
 
     explicit MatchIndex(std::int32_t longestMatch);
 
-    // Looks for the text at `position` of `window`, of which `filled` bytes hold input, then enters the position.
-    // Positions must rise from call to call. The oldest position in the window of all that begin with the same
-    // two bytes is never taken for a match.
+    // Looks for the text at `position` of `window`, of which `filled` bytes hold input, then enters the
+    // position. Positions must rise from call to call. The oldest position in the window of all that begin
+    // with the same two bytes is never taken for a match.
     Match findAndEnter(const unsigned char* window, std::int32_t position, std::int32_t filled);
 
-    // The window's content moved down by that many bytes, at most 32768; what fell out is forgotten.
-    void slide(std::int32_t bytes);
+    // The upper half of the window's 65536 bytes moved down over the lower one, which is forgotten.
+    void slide();
 
 private:
     // Time is the count of bytes since the start of the input; it begins at one window's length so that 0 has
@@ -44,7 +44,7 @@ private:
     using Time = std::uint32_t;
     static constexpr std::uint32_t windowSize = 65536;
 
-    static constexpr int rootBits = 16;
+    static constexpr int rootBits = 15;
     static constexpr int tagBits = 24 - rootBits; // what the place of the root does not tell of three bytes
 
     struct Link {
@@ -56,16 +56,20 @@ private:
         Link child;
         std::int32_t depth = 0; // length of its text
     };
+    struct Leaf {
+        Time position = 0;
+        Time newest() const { return position; }
+    };
 
-    // Each position takes one leaf, so this many later a leaf has left the window.
-    static constexpr std::uint32_t leafCount = reach + 1;
-    static constexpr std::uint32_t firstFork = leafCount;
-    // Forks in the window are fewer than its bytes and two for each literal among them, so at least half of the
-    // greatest number is always free.
-    static constexpr std::size_t fewestForks = 1024, mostForks = 131072;
+    // Each position takes at most one leaf, so the leaf that is taken next has left the window.
+    static constexpr std::uint32_t firstFork = reach + 1;
+    // The window holds forks for no more than its bytes and its literals together, so half of the greatest
+    // ring is always free.
+    static constexpr std::size_t fewestForks = 1024, mostForks = 2 * windowSize + fewestForks;
 
     const unsigned char* text(Time time) const { return window_ + (time - windowTime_); }
     Fork& fork(std::uint32_t node) { return forks_[node - firstFork]; }
+    Match walk(Link* link, Time now, const unsigned char* here, std::int32_t available);
     std::uint32_t takeFork();
     Link makeLeaf(Time now, std::uint32_t tag, Link next);
     bool bringToFront(Link& first, std::uint32_t tag);
@@ -74,14 +78,15 @@ private:
     const unsigned char* window_ = nullptr;
     Time windowTime_ = windowSize; // of the window's first byte
     Time oldest_ = windowSize;     // everything before has left the window
-    std::vector<Time> heads_ = std::vector<Time>(65536);                               // newest of each two bytes
-    std::unique_ptr<Time[]> previous_ = std::make_unique_for_overwrite<Time[]>(windowSize); // the one before, by time
+    // By two bytes, and by position: one more than the newest position, and than the one before; 0 is none.
+    std::vector<std::uint16_t> heads_ = std::vector<std::uint16_t>(65536);
+    std::vector<std::uint16_t> previous_ = std::vector<std::uint16_t>(windowSize);
     std::vector<Link> roots_ = std::vector<Link>(std::size_t{1} << rootBits); // by a hash of three bytes
     std::unique_ptr<Link[]> next_ = std::make_unique_for_overwrite<Link[]>(firstFork + mostForks); // siblings
     std::vector<Fork> forks_;
     std::uint32_t nextLeaf_ = 0;
     std::size_t nextFork_ = 0;
-    std::size_t freeForks_ = 0; // found since the ring of forks began anew
+    std::size_t freeForks_ = 0; // found in this round of the ring
 };
 
 } // namespace HiSpeed_SlideDic

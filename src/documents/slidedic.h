@@ -1,6 +1,6 @@
 #pragma once
-// The sliding dictionary: reads a stream to its end and says it again as literals and matches of the last 32768
-// bytes (LZ77 as RFC 1951 section 4 describes it, greedy).
+// The sliding dictionary: reads a stream to its end and says it again as literals and matches of the last
+// 32768 bytes (LZ77 as RFC 1951 section 4 describes it, greedy).
 
 #include <algorithm>
 #include <cstdint>
@@ -17,8 +17,8 @@ namespace HiSpeed_SlideDic {
 template <class Input, std::int32_t longestMatch>
 class SDicEnc {
 public:
-    // Runs the whole input through `block`, which needs literal_put and match_len_put as BBlkOut has them, and
-    // leaves its last block to the caller. What they throw comes through.
+    // Runs the whole input through `block`, which needs literal_put and match_len_put as BBlkOut has them,
+    // and leaves its last block to the caller. What they throw comes through.
     template <class Block>
     SDicEnc(Input& input, Block& block) : input_(input) {
         fill();
@@ -48,22 +48,20 @@ private:
             unsigned char* const bytes = dictionary_.data() + filled_;
             input_.read(reinterpret_cast<char*>(bytes), windowSize - filled_);
             const auto count = static_cast<std::int32_t>(input_.gcount());
-            if (count <= 0)
-                return;
+            if (count <= 0) return;
             crc_ = updateCrc32(crc_, bytes, static_cast<std::size_t>(count));
             filled_ += count;
         }
     }
 
-    // A match is taken in one step; where it crosses the place of the slide, the index sees no difference, for
-    // nothing is looked for in between.
+    // A match is taken in one step; where it crosses the place of the slide, the index sees no difference,
+    // for nothing is looked for in between.
     void advance(std::int32_t bytes) {
         position_ += bytes;
-        if (position_ < slideAt)
-            return;
+        if (position_ < slideAt) return;
         position_ -= slideBytes;
         std::memcpy(dictionary_.data(), dictionary_.data() + slideBytes, slideBytes);
-        index_.slide(slideBytes);
+        index_.slide();
         filled_ = std::max(filled_ - slideBytes, 0);
         fill();
     }

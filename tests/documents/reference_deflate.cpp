@@ -21,8 +21,7 @@ struct Bits {
                 bytes.push_back('\0');
                 free = 8;
             }
-            if ((value >> i & 1) != 0)
-                bytes.back() = static_cast<char>(bytes.back() | 1 << (8 - free));
+            if ((value >> i & 1) != 0) bytes.back() = static_cast<char>(bytes.back() | 1 << (8 - free));
             --free;
         }
     }
@@ -34,7 +33,8 @@ struct Code {
 
 Code lookUp(int value, int firstCode, const std::vector<std::pair<int, int>>& table) {
     int last = 0;
-    while (last + 1 < static_cast<int>(table.size()) && table[static_cast<std::size_t>(last) + 1].first <= value)
+    while (last + 1 < static_cast<int>(table.size()) &&
+           table[static_cast<std::size_t>(last) + 1].first <= value)
         ++last;
     const auto [first, extraBits] = table[static_cast<std::size_t>(last)];
     return {firstCode + last, extraBits, value - first};
@@ -43,17 +43,17 @@ Code lookUp(int value, int firstCode, const std::vector<std::pair<int, int>>& ta
 // The tables of RFC 1951 section 3.2.5: first value and extra bits of each code.
 Code lengthCode(int length) {
     static const std::vector<std::pair<int, int>> table = {
-        {3, 0},  {4, 0},  {5, 0},  {6, 0},  {7, 0},  {8, 0},  {9, 0},  {10, 0},  {11, 1},  {13, 1},
-        {15, 1}, {17, 1}, {19, 2}, {23, 2}, {27, 2}, {31, 2}, {35, 3}, {43, 3},  {51, 3},  {59, 3},
+        {3, 0},  {4, 0},  {5, 0},  {6, 0},   {7, 0},   {8, 0},   {9, 0},   {10, 0},  {11, 1}, {13, 1},
+        {15, 1}, {17, 1}, {19, 2}, {23, 2},  {27, 2},  {31, 2},  {35, 3},  {43, 3},  {51, 3}, {59, 3},
         {67, 4}, {83, 4}, {99, 4}, {115, 4}, {131, 5}, {163, 5}, {195, 5}, {227, 5}, {258, 0}};
     return lookUp(length, 257, table);
 }
 
 Code distanceCode(int distance) {
     static const std::vector<std::pair<int, int>> table = {
-        {1, 0},     {2, 0},     {3, 0},     {4, 0},     {5, 1},      {7, 1},     {9, 2},     {13, 2},
-        {17, 3},    {25, 3},    {33, 4},    {49, 4},    {65, 5},     {97, 5},    {129, 6},   {193, 6},
-        {257, 7},   {385, 7},   {513, 8},   {769, 8},   {1025, 9},   {1537, 9},  {2049, 10}, {3073, 10},
+        {1, 0},     {2, 0},     {3, 0},     {4, 0},      {5, 1},      {7, 1},     {9, 2},     {13, 2},
+        {17, 3},    {25, 3},    {33, 4},    {49, 4},     {65, 5},     {97, 5},    {129, 6},   {193, 6},
+        {257, 7},   {385, 7},   {513, 8},   {769, 8},    {1025, 9},   {1537, 9},  {2049, 10}, {3073, 10},
         {4097, 11}, {6145, 11}, {8193, 12}, {12289, 12}, {16385, 13}, {24577, 13}};
     return lookUp(distance, 0, table);
 }
@@ -106,8 +106,7 @@ void addRuns(const std::vector<int>& lengths, std::vector<Code>& result) {
 }
 
 void grow(std::vector<std::uint32_t>& counts, int symbol) {
-    if (symbol >= static_cast<int>(counts.size()))
-        counts.resize(static_cast<std::size_t>(symbol) + 1);
+    if (symbol >= static_cast<int>(counts.size())) counts.resize(static_cast<std::size_t>(symbol) + 1);
     ++counts[static_cast<std::size_t>(symbol)];
 }
 
@@ -116,10 +115,10 @@ void putBlock(const std::vector<Token>& block, bool last, Bits& out) {
     grow(literalCounts, 256);
     for (const Token& token : block) {
         grow(literalCounts, token.length == 0 ? token.literal : lengthCode(token.length).code);
-        if (token.length != 0)
-            grow(distanceCounts, distanceCode(token.distance).code);
+        if (token.length != 0) grow(distanceCounts, distanceCode(token.distance).code);
     }
-    const std::vector<int> literals = codeLengths(literalCounts, 15), distances = codeLengths(distanceCounts, 15);
+    const std::vector<int> literals = codeLengths(literalCounts, 15),
+                           distances = codeLengths(distanceCounts, 15);
     const std::vector<std::uint32_t> literalBits = patterns(literals), distanceBits = patterns(distances);
 
     out.put(last ? 1 : 0, 1);
@@ -143,7 +142,8 @@ void putBlock(const std::vector<Token>& block, bool last, Bits& out) {
     for (int i = 0; i < places; ++i)
         out.put(static_cast<std::uint32_t>(runLengths[static_cast<std::size_t>(order[i])]), 3);
 
-    const auto send = [&](const Code& code, const std::vector<std::uint32_t>& bits, const std::vector<int>& lengths) {
+    const auto send = [&](const Code& code, const std::vector<std::uint32_t>& bits,
+                          const std::vector<int>& lengths) {
         out.put(bits[static_cast<std::size_t>(code.code)], lengths[static_cast<std::size_t>(code.code)]);
         out.put(static_cast<std::uint32_t>(code.extra), code.extraBits);
     };
@@ -180,7 +180,8 @@ std::vector<Token> tokens(const std::string& input) {
         int& head = heads[static_cast<std::size_t>(byte(position) << 8 | byte(position + 1))];
         Token best{0, 0, byte(position)};
         int bestCount = 2;
-        for (int at = head; at != -1 && older(at) != -1 && at >= std::max(0, position - half); at = older(at)) {
+        for (int at = head; at != -1 && older(at) != -1 && at >= std::max(0, position - half);
+             at = older(at)) {
             int count = 2;
             while (count < longest && position + count < filled && byte(at + count) == byte(position + count))
                 ++count;
@@ -220,8 +221,7 @@ std::vector<int> codeLengths(const std::vector<std::uint32_t>& frequencies, int 
             queue.insert({frequencies[symbol], static_cast<int>(nodes.size())});
             nodes.push_back({static_cast<int>(symbol), -1, -1, 0});
         }
-    if (nodes.empty())
-        return {1};
+    if (nodes.empty()) return {1};
     const auto leaves = nodes.size();
     std::vector<int> result(frequencies.size());
     if (leaves == 1) {
@@ -255,8 +255,7 @@ std::vector<int> codeLengths(const std::vector<std::uint32_t>& frequencies, int 
         std::vector<int> taken;
         for (std::size_t i = leaves; i < nodes.size(); ++i)
             for (int child : {nodes[i].left, nodes[i].right})
-                if (nodes[static_cast<std::size_t>(child)].symbol >= 0)
-                    taken.push_back(child);
+                if (nodes[static_cast<std::size_t>(child)].symbol >= 0) taken.push_back(child);
         std::size_t next = 0;
         for (int length = limit; length >= 1; --length)
             for (long i = 0; i < counts[length]; ++i)
