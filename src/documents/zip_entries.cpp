@@ -1,0 +1,82 @@
+#include "documents/zip_entries.h"
+
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+
+#include "documents/dir.h"
+#include "foundation/path.h"
+#include "platform/files.h"
+
+namespace ZIPFile {
+
+namespace fs = std::filesystem;
+using ZipHeader = ZIPFileHeader::ZIPHeadEnc::ZipHeader;
+
+namespace {
+
+void takeTime(const fs::path& path, ZipHeader& entry) {
+    std::error_code failure;
+    const fs::file_time_type changed = fs::last_write_time(path, failure);
+    if (failure) return;
+    const auto system = std::chrono::file_clock::to_sys(changed);
+    const std::time_t seconds =
+        std::chrono::system_clock::to_time_t(std::chrono::floor<std::chrono::seconds>(system));
+    const std::tm* const local = std::localtime(&seconds);
+    if (!local) return;
+    entry.year = local->tm_year + 1900;
+    entry.month = local->tm_mon + 1;
+    entry.day = local->tm_mday;
+    entry.hour = local->tm_hour;
+    entry.minute = local->tm_min;
+    entry.second = local->tm_sec;
+}
+
+void collect(const std::string& path, const fs::path& leftOut, std::vector<ZipHeader>& entries) {
+    const fs::path native = platform::nativePath(path);
+    std::error_code failure;
+    const fs::file_status status = fs::status(native, failure);
+    ZipHeader entry;
+    entry.name = path;
+    if (fs::is_regular_file(status)) {
+        if (fs::equivalent(native, leftOut, failure)) return;
+        const std::uintmax_t size = fs::file_size(native, failure);
+        if (failure) return;
+        takeTime(native, entry);
+        entry.compressedSize = entry.uncompressedSize = static_cast<std::int64_t>(size);
+        entries.push_back(entry);
+    } else if (fs::is_directory(status)) {
+        const Utility::Dir folder(path);
+        for (const std::string& name : folder.names()) {
+            const std::string inside = folder.path() + "/" + name;
+            const fs::path nativeInside = platform::nativePath(inside);
+            if (!fs::is_symlink(nativeInside, failure) || !fs::is_directory(nativeInside, failure))
+                collect(inside, leftOut, entries);
+        }
+        if (!folder.names().empty()) return;
+        takeTime(native, entry);
+        entry.name += "/";
+        entry.uncompressedSize = ZipHeader::directory;
+        entries.push_back(entry);
+    }
+}
+
+// One form for all paths, so that they can be compared.
+std::string normalized(std::string_view path) {
+    return zelkova::normalizePath(zelkova::removeBackslash(path));
+}
+
+} // namespace
+
+std::vector<ZipHeader> collectEntries(std::string_view path, std::string_view leftOut) {
+    std::vector<ZipHeader> entries;
+    collect(normalized(path), platform::nativePath(leftOut), entries);
+    return entries;
+}
+
+std::string nameInArchive(const ZipHeader& entry) {
+    const std::string base = normalized(entry.basePath) + "/";
+    return entry.name.starts_with(base) ? entry.name.substr(base.size()) : entry.name;
+}
+
+} // namespace ZIPFile

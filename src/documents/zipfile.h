@@ -1,0 +1,136 @@
+#pragma once
+// A zip archive (PKWARE APPNOTE): one disk, no comment, no encryption, entries deflated or stored.
+
+#include <cstdint>
+#include <ios>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "documents/bitstream.h"
+#include "documents/bufferblock.h"
+#include "documents/memory_input.h"
+#include "documents/slidedic.h"
+#include "documents/zip_entries.h"
+#include "documents/zipfileheader.h"
+#include "platform/files.h"
+
+namespace ZIPFile {
+
+// `Input` reads a file as std::ifstream does: made from a path and a mode, with read, gcount and a test
+// whether it is open.
+template <class Input>
+class ZIPFileEnc {
+public:
+    using ZipHeader = ZIPFileHeader::ZIPHeadEnc::ZipHeader;
+
+    // The compressed bytes of one file.
+    class FileEncBuffer {
+    public:
+        explicit FileEncBuffer(std::size_t expected) { bytes_.reserve(expected); }
+        void write(const unsigned char* bytes, std::size_t count) {
+            bytes_.append(reinterpret_cast<const char*>(bytes), count);
+        }
+        const std::string& bytes() const { return bytes_; }
+
+    private:
+        std::string bytes_;
+    };
+
+    // Packs the entries, in their order, and puts the archive in the place of an earlier one as a whole. An
+    // entry whose file cannot be read any more is left out. False, and nothing is written, when none is left.
+    // Throws a `const char*`: "encode: file is not open." when the archive cannot be written, "encode:
+    // archive is too large." beyond 65535 entries or 4 GiB; an earlier archive stays.
+    bool encode(std::vector<ZipHeader> entries, const std::string& outputPath) {
+        archive_.clear();
+        directory_.clear();
+        written_ = 0;
+        for (ZipHeader& entry : entries)
+            add(entry);
+        if (written_ == 0) return false;
+
+        std::vector<unsigned char> end;
+        ZIPFileHeader::ZIPHeadEnc::endRecord(written_, directory_.size(), archive_.size(), end);
+        archive_ += directory_;
+        append(archive_, end);
+        if (!platform::replaceFile(outputPath, archive_)) throw "encode: file is not open.";
+        return true;
+    }
+
+private:
+    static constexpr std::size_t blockLimit = 0x7FFE;
+    static constexpr std::int64_t largest = 0xFFFFFFFF;
+
+    void add(ZipHeader& entry) {
+        const std::string path = entry.name;
+        entry.name = nameInArchive(entry);
+        if (entry.name.empty()) return; // the base folder itself, when it is empty
+        if (entry.uncompressedSize == ZipHeader::directory) {
+            entry.method = 0;
+            entry.compressedSize = entry.uncompressedSize = 0;
+            entry.versionNeeded = 10;
+            put(entry, {});
+            return;
+        }
+        if (entry.uncompressedSize > largest) throw "encode: archive is too large.";
+        const std::optional<std::string> content = readAll(path);
+        if (!content) return;
+
+        entry.versionNeeded = 20;
+        entry.uncompressedSize = static_cast<std::int64_t>(content->size());
+        const FileEncBuffer compressed = deflate(*content, entry.crc);
+        const bool smaller = compressed.bytes().size() < content->size();
+        const std::string& data = smaller ? compressed.bytes() : *content;
+        entry.method = smaller ? 8 : 0;
+        entry.compressedSize = static_cast<std::int64_t>(data.size());
+        put(entry, data);
+    }
+
+    // The file may have changed since it was listed: sizes and checksum are those of what is read here.
+    static std::optional<std::string> readAll(const std::string& path) {
+        Input input(platform::nativePath(path), std::ios::binary);
+        if (!input) return std::nullopt;
+        std::string content;
+        std::string block(65536, '\0');
+        do {
+            input.read(block.data(), static_cast<std::streamsize>(block.size()));
+            content.append(block, 0, static_cast<std::size_t>(input.gcount()));
+        } while (input.gcount() > 0);
+        return content;
+    }
+
+    static FileEncBuffer deflate(std::string_view content, std::uint32_t& crc) {
+        FileEncBuffer buffer(content.size());
+        BitStream::BStrmOut<FileEncBuffer, 32> bits(buffer);
+        BufferBlock::BBlkOut<decltype(bits)> block(bits, blockLimit);
+        MemoryInput input(content);
+        const HiSpeed_SlideDic::SDicEnc<MemoryInput, 256> dictionary(input, block);
+        crc = ~dictionary.crc();
+        block.encode(1);
+        bits.flush();
+        return buffer;
+    }
+
+    void put(ZipHeader& entry, std::string_view data) {
+        std::vector<unsigned char> header;
+        entry.signature = ZIPFileHeader::ZIPHeadEnc::centralSignature;
+        ZIPFileHeader::ZIPHeadEnc::centralHeader(entry, archive_.size(), header);
+        append(directory_, header);
+        entry.signature = ZIPFileHeader::ZIPHeadEnc::localSignature;
+        ZIPFileHeader::ZIPHeadEnc::localHeader(entry, header);
+        append(archive_, header);
+        archive_ += data;
+        ++written_;
+    }
+
+    static void append(std::string& to, const std::vector<unsigned char>& bytes) {
+        to.append(bytes.begin(), bytes.end());
+    }
+
+    std::string archive_;
+    std::string directory_; // the central directory, as far as it goes
+    std::size_t written_ = 0;
+};
+
+} // namespace ZIPFile
