@@ -284,7 +284,9 @@ TEST_F(SocketEvents, AnEchoTakesFewMilliseconds) {
         latency.push_back(std::chrono::duration<double, std::milli>(Steady::now() - start).count());
     }
     std::ranges::sort(latency);
-    EXPECT_LT(latency[latency.size() * 95 / 100], 5.0);
+    const double late = latency[latency.size() * 95 / 100];
+    RecordProperty("milliseconds95", std::to_string(late));
+    EXPECT_LT(late, 5.0);
     onEvent = {};
 }
 

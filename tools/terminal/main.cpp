@@ -17,7 +17,7 @@ constexpr const char* usage = "kdl-terminal [--host HOST] [--port PORT] [--users
 
 struct Options {
     std::string host = "127.0.0.1";
-    int port = 47800;
+    int port = 20020;
     std::vector<std::string> users;
     std::string script;
 };
