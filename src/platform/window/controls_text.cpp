@@ -28,7 +28,9 @@ constexpr int iconSize = 32;
 // of that very message that sets the same text again hears nothing.
 void setEditText(QLineEdit* edit, const QString& text) {
     if (edit->text() != text) {
+        const QPointer<QLineEdit> alive = edit; // what is told of the text may end the dialog
         edit->setText(text);
+        if (alive && !alive->hasFocus()) alive->setCursorPosition(0); // a long text shows its beginning
         return;
     }
     static QLineEdit* telling = nullptr;
