@@ -68,6 +68,7 @@ struct HostState {
     int maxPart = 0;           // stages in the file
     int questsLeftInPart = 0;  // still to play in the stage that is being recorded
     int masterVolume = 50;     // 0 to 100
+    int answerVolume = 50;     // of the answer display, kept from one opening to the next
     int requestUserId = -1;    // index of the user who last buzzed in
     std::string requestMethod; // the request that awaits its reply
     int vrmStatus = 0;         // 1 while a request of the host awaits its reply

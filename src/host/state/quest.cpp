@@ -19,25 +19,37 @@ int songCount(const DataSession& session) {
     return std::clamp(session.getMulti(), 1, maxSongs);
 }
 
-bool questToSessionInfo(int quest, DataSession& session, std::vector<DataResource>& resources) {
+std::vector<int> songNumbers(const DataSession& stage) {
+    std::vector<int> numbers;
+    if (stage.getResourceId().empty()) return numbers;
+    for (const std::string& number : zelkova::split(stage.getResourceId(), ","))
+        numbers.push_back(zelkova::stringToInt(number));
+    return numbers;
+}
+
+bool questToSessionInfo(const std::vector<DataSession>& stages, int quest, DataSession& session,
+                        std::vector<DataResource>& resources) {
     resources.clear();
-    const auto place = findQuest(host().sessionList, quest);
+    const auto place = findQuest(stages, quest);
     if (!place) return false;
-    session = host().sessionList[place->stage];
+    session = stages[place->stage];
 
     // The list was written with the stage's own count of songs, also where that count cannot be played.
     const auto perQuest = static_cast<std::ptrdiff_t>(std::max(session.getMulti(), 1));
-    const std::vector<std::string> numbers = zelkova::split(session.getResourceId(), ",");
+    const std::vector<int> numbers = songNumbers(session);
     const std::ptrdiff_t first = (place->local - 1) * perQuest;
-    const bool listed = !session.getResourceId().empty() && first >= 0 &&
-                        first + perQuest <= static_cast<std::ptrdiff_t>(numbers.size());
+    const bool listed = first >= 0 && first + perQuest <= static_cast<std::ptrdiff_t>(numbers.size());
     if (!listed) return true;
     for (int i = 0; i < songCount(session); ++i) {
         DataResource song;
-        host().accesserResource.get(zelkova::stringToInt(numbers[static_cast<std::size_t>(first + i)]), song);
+        host().accesserResource.get(numbers[static_cast<std::size_t>(first + i)], song);
         resources.push_back(song);
     }
     return true;
+}
+
+bool questToSessionInfo(int quest, DataSession& session, std::vector<DataResource>& resources) {
+    return questToSessionInfo(host().sessionList, quest, session, resources);
 }
 
 std::string answerText() {

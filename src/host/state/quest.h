@@ -21,6 +21,12 @@ std::optional<QuestPlace> findQuest(const std::vector<DataSession>& stages, int 
 // Fills both for a quest of the open session. False, with `session` as it was, when there is no such quest. A
 // stage with too few songs gives none for it; a number without a catalogue entry gives a cleared record.
 bool questToSessionInfo(int quest, DataSession& session, std::vector<DataResource>& resources);
+// The same for a quest of any list of stages.
+bool questToSessionInfo(const std::vector<DataSession>& stages, int quest, DataSession& session,
+                        std::vector<DataResource>& resources);
+
+// The stage's catalogue numbers in playing order.
+std::vector<int> songNumbers(const DataSession& stage);
 
 // 1 to 5, whatever stands in the record.
 int songCount(const DataSession& session);
