@@ -1,0 +1,214 @@
+#include "console/answer_display.h"
+
+#include <array>
+
+#include "console/song_text.h"
+#include "console/volume_bar.h"
+#include "data/labels.h"
+#include "foundation/media.h"
+#include "foundation/text.h"
+#include "foundation/views/message_box.h"
+#include "host/state/host_state.h"
+#include "host/state/play_control.h"
+#include "host/state/quest.h"
+#include "host/state/scoring.h"
+#include "platform/dialog.h"
+#include "platform/window.h"
+
+namespace {
+
+enum : int { resultNoSteal = 1, resultNoVictim = -1, resultCancelled = -2 };
+
+enum : int {
+    idWinner = 1303,
+    idAnswer1 = 1305, // to 1309
+    idVictim = 1311,
+    idPlay = 1313,
+    idStop = 1314,
+    idOk = 1315,
+    idTimer = 1316,
+    idEffect = 1317,
+    idRange = 1320,
+    idVolume = 1321,
+    idVolumeText = 1322,
+};
+
+constexpr unsigned tickMs = 500;
+constexpr int ticksPerSong = 16; // of a quest of several songs
+constexpr int noSteal = -1, nobody = -1;
+constexpr int normalSpeed = 1000;
+
+// Lives for one opening.
+class AnswerDisplay {
+public:
+    explicit AnswerDisplay(int winner) : winner_(winner) { candidates_.fill(nobody); }
+
+    int run(platform::WindowHandle owner) {
+        return platform::runDialog(owner, "IDD_KDL0103_ANSWERDSP",
+                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
+                                       return handle(dialog, message);
+                                   });
+    }
+
+private:
+    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
+        switch (message.id) {
+        case platform::WM_INITDIALOG:
+            open(dialog);
+            return true;
+        case platform::WM_COMMAND:
+            return onCommand(static_cast<int>(platform::lowWord(message.wParam)));
+        case platform::WM_HSCROLL:
+            setVolume(volumeBar().follow());
+            return true;
+        case platform::WM_TIMER:
+            onTick();
+            return true;
+        case platform::WM_DESTROY:
+            stopSongs();
+            platform::killTimer(dialog_, idTimer);
+            // The level of this dialog is not that of the show.
+            zelkova::setMasterVolume(host().masterVolume);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    void open(platform::WindowHandle dialog) {
+        dialog_ = dialog;
+        zelkova::setDialogTitle(dialog, "正解表示");
+        platform::centerOnScreen(dialog);
+        questToSessionInfo(host().curQuestNumber, stage_, songs_);
+        points_ = currentPoints();
+        platform::setText({dialog, idWinner}, winner_ == nobody ? "正解者なし" : userLabel(winner_));
+        volumeBar().setUp(host().answerVolume);
+        showAnswerLines(dialog, idAnswer1, stage_, songs_);
+        platform::addItem({dialog, idRange}, playRangeLabels.text(rangeAnswer));
+        platform::setSelection({dialog, idRange}, 0);
+        platform::enable({dialog, idRange}, false);
+        platform::enable({dialog, idStop}, false);
+        if (winner_ == nobody || stage_.getSteal() == noSteal)
+            platform::enable({dialog, idVictim}, false);
+        else
+            offerVictims();
+    }
+
+    void offerVictims() {
+        const platform::Control combo{dialog_, idVictim};
+        const std::vector<DataUserInfo>& users = host().userList;
+        for (int i = 0; i < maxUsers; ++i) {
+            const DataUserInfo& user = users[static_cast<std::size_t>(i)];
+            if (i == winner_ || user.getAnswerRight() == userUnset) continue;
+            candidates_[static_cast<std::size_t>(platform::addItem(combo, user.getName()))] = i;
+        }
+        if (platform::itemCount(combo) == 0) platform::addItem(combo, "NONE");
+        platform::setSelection(combo, -1);
+        platform::enable({dialog_, idOk}, false);
+    }
+
+    int selectedVictim() const {
+        const int entry = platform::getSelection({dialog_, idVictim});
+        return entry >= 0 && entry < maxUsers ? candidates_[static_cast<std::size_t>(entry)] : nobody;
+    }
+
+    bool onCommand(int id) {
+        switch (id) {
+        case idVictim:
+            onVictimChosen();
+            return true;
+        case idPlay:
+            currentSong_ = 0;
+            playTicks_ = 0;
+            playCurrentSong();
+            platform::setTimer(dialog_, idTimer, tickMs);
+            platform::enable({dialog_, idPlay}, false);
+            platform::enable({dialog_, idStop}, true);
+            return true;
+        case idStop:
+            stopAnswers();
+            return true;
+        case idOk:
+            platform::endDialog(dialog_, stage_.getSteal() == noSteal ? +resultNoSteal : selectedVictim());
+            return true;
+        case platform::IDCANCEL:
+            platform::endDialog(dialog_, resultCancelled);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    void onVictimChosen() {
+        if (platform::getSelection({dialog_, idVictim}) < 0) return;
+        platform::enable({dialog_, idOk}, true);
+        if (selectedVictim() == nobody) return;
+        platform::setText({dialog_, idEffect}, "[" + userName(selectedVictim()) + "]から[" +
+                                                   userName(winner_) + "]へ[" +
+                                                   zelkova::numberToText(points_) + "]点 移動する");
+    }
+
+    // A song without a record has no answer to hear.
+    DataResource currentRecord() const {
+        const auto index = static_cast<std::size_t>(currentSong_);
+        return index < songs_.size() ? songs_[index] : DataResource();
+    }
+    zelkova::Media& currentMedia() const { return host().questMedia[static_cast<std::size_t>(currentSong_)]; }
+
+    void playCurrentSong() {
+        const DataResource song = currentRecord();
+        zelkova::Media& media = currentMedia();
+        media.seek(song.getAnsStart() * positionFactor(song.getFileType()));
+        media.setVolume(host().answerVolume * 10);
+        media.setSpeed(normalSpeed);
+        media.play();
+    }
+
+    void onTick() {
+        if (songCount(stage_) == 1) {
+            const DataResource song = currentRecord();
+            if (currentMedia().getPosition() >= song.getAnsEnd() * positionFactor(song.getFileType()))
+                stopAnswers();
+            return;
+        }
+        if (++playTicks_ < ticksPerSong) return;
+        playTicks_ = 0;
+        if (++currentSong_ >= songCount(stage_)) {
+            stopAnswers();
+            return;
+        }
+        stopSongs();
+        playCurrentSong();
+    }
+
+    void stopAnswers() {
+        stopSongs();
+        platform::enable({dialog_, idPlay}, true);
+        platform::enable({dialog_, idStop}, false);
+        platform::killTimer(dialog_, idTimer);
+    }
+
+    void setVolume(int level) {
+        host().answerVolume = level;
+        for (zelkova::Media& media : host().questMedia)
+            media.setVolume(level * 10);
+        zelkova::setMasterVolume(level);
+    }
+
+    VolumeBar volumeBar() const { return {{dialog_, idVolume}, {dialog_, idVolumeText}}; }
+
+    const int winner_;
+    platform::WindowHandle dialog_;
+    DataSession stage_;
+    std::vector<DataResource> songs_;
+    int points_ = 0;
+    std::array<int, maxUsers> candidates_; // user index for each entry of the combo box
+    int currentSong_ = 0;
+    int playTicks_ = 0; // of the current song
+};
+
+} // namespace
+
+int dlgAnswerDisplay(platform::WindowHandle owner, int requestUserId) {
+    return AnswerDisplay(requestUserId).run(owner);
+}

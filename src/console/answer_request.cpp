@@ -1,0 +1,181 @@
+#include "console/answer_request.h"
+
+#include "console/song_text.h"
+#include "console/volume_bar.h"
+#include "foundation/media.h"
+#include "foundation/text.h"
+#include "foundation/views/message_box.h"
+#include "host/state/host_state.h"
+#include "host/state/play_control.h"
+#include "host/state/quest.h"
+#include "host/state/scoring.h"
+#include "platform/dialog.h"
+#include "platform/window.h"
+
+namespace {
+
+enum : int {
+    resultRight = 1,
+    resultRightWithCheer,
+    resultWrong,
+    resultTimeUp,
+    resultVoid = -1,
+    resultPause = -2
+};
+
+enum : int {
+    idUser = 1202,
+    idRight = 1204,
+    idWrong = 1206,
+    idEffect = 1209,
+    idOk = 1211,
+    idVoid = 1212,
+    idAnswer1 = 1213, // to 1217
+    idAnswerCaption = 1218,
+    idCheer = 1219,
+    idUserCaption = 1221,
+    idHurry = 1222,
+    idPause = 1223,
+    idTimeUp = 1226,
+    idVolume = 1229,
+    idVolumeText = 1230,
+};
+
+struct ControlColor {
+    int id;
+    platform::Color color;
+};
+
+constexpr platform::Color black{0, 0, 0}, wrongRed{215, 75, 100};
+constexpr ControlColor colors[] = {
+    {idUserCaption, {0, 0, 255}}, {idAnswerCaption, {255, 0, 0}}, {idRight, {0, 115, 235}},
+    {idWrong, wrongRed},          {idTimeUp, wrongRed},           {idUser, black},
+    {idAnswer1, black},           {idAnswer1 + 1, black},         {idAnswer1 + 2, black},
+    {idAnswer1 + 3, black},       {idAnswer1 + 4, black},
+};
+
+// Lives for one opening.
+class AnswerRequest {
+public:
+    explicit AnswerRequest(int userId) : userId_(userId) {}
+
+    int run(platform::WindowHandle owner) {
+        return platform::runDialog(owner, "IDD_KDL0102_REQUEST",
+                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
+                                       return handle(dialog, message);
+                                   });
+    }
+
+private:
+    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
+        switch (message.id) {
+        case platform::WM_INITDIALOG:
+            open(dialog);
+            return true;
+        case platform::WM_COMMAND:
+            return onCommand(static_cast<int>(platform::lowWord(message.wParam)));
+        case platform::WM_HSCROLL: {
+            const int level = volumeBar().follow();
+            hurry_.setVolume(level * 10);
+            applyMasterVolume(level);
+            return true;
+        }
+        case platform::WM_DESTROY:
+            host().dataApplication.setCheerFlg(platform::isChecked({dialog_, idCheer}));
+            hurry_.stop();
+            hurry_.close();
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    void open(platform::WindowHandle dialog) {
+        dialog_ = dialog;
+        const HostState& state = host();
+        zelkova::setDialogTitle(dialog, "解答要求");
+        platform::centerOnScreen(dialog);
+        hurry_.create(dialog);
+        hurry_.open(state.dataApplication.getEfcWrnAnswer());
+        volumeBar().setUp(state.masterVolume);
+        hurry_.setVolume(state.masterVolume * 10);
+        zelkova::setMasterVolume(state.masterVolume);
+
+        std::vector<DataResource> songs;
+        questToSessionInfo(state.curQuestNumber, stage_, songs);
+        points_ = currentPoints();
+        platform::setText({dialog, idUser}, userLabel(userId_));
+        showAnswerLines(dialog, idAnswer1, stage_, songs);
+        platform::setChecked({dialog, idCheer}, state.dataApplication.getCheerFlg());
+        platform::enable({dialog, idOk}, false);
+        for (const ControlColor& row : colors)
+            platform::setTextColor({dialog, row.id}, row.color);
+    }
+
+    bool onCommand(int id) {
+        switch (id) {
+        case idRight:
+            showEffect(rightAnswerEffect(stage_, userName(userId_), points_));
+            return true;
+        case idWrong:
+        case idTimeUp:
+            showEffect(wrongAnswerEffect(stage_, userName(userId_)));
+            return true;
+        case idHurry:
+            hurry_.stop();
+            hurry_.seek(0);
+            hurry_.play();
+            return true;
+        case idOk:
+            platform::endDialog(dialog_, verdict());
+            return true;
+        case idVoid:
+        case platform::IDCANCEL:
+            platform::endDialog(dialog_, resultVoid);
+            return true;
+        case idPause:
+            platform::endDialog(dialog_, resultPause);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    void showEffect(const std::string& text) {
+        platform::setText({dialog_, idEffect}, text);
+        platform::enable({dialog_, idOk}, true);
+    }
+
+    int verdict() const {
+        if (platform::isChecked({dialog_, idRight}))
+            return platform::isChecked({dialog_, idCheer}) ? resultRightWithCheer : resultRight;
+        return platform::isChecked({dialog_, idWrong}) ? resultWrong : resultTimeUp;
+    }
+
+    VolumeBar volumeBar() const { return {{dialog_, idVolume}, {dialog_, idVolumeText}}; }
+
+    const int userId_;
+    platform::WindowHandle dialog_;
+    zelkova::Media hurry_;
+    DataSession stage_;
+    int points_ = 0;
+};
+
+} // namespace
+
+int dlgAnswerRequest(platform::WindowHandle owner, int requestUserId) {
+    return AnswerRequest(requestUserId).run(owner);
+}
+
+std::string rightAnswerEffect(const DataSession& stage, const std::string& name, int points) {
+    const std::string text = "[" + name + "]へ[" + zelkova::numberToText(points) + "]点 加算する";
+    return stage.getSteal() == 0 ? text + "(横取り)" : text;
+}
+
+std::string wrongAnswerEffect(const DataSession& stage, const std::string& name) {
+    const bool falseStart = stage.getHandsType() != -1;
+    if (stage.getDeduction() != 1)
+        return "[" + name + "]を[" + zelkova::numberToText(stage.getDeduction()) + "]点 減点する" +
+               (falseStart ? " (お手つき追加)" : "");
+    return falseStart ? "[" + name + "]へお手付きを追加する" : "なし";
+}
