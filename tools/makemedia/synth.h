@@ -6,7 +6,8 @@
 
 namespace makemedia {
 
-// Stereo or mono; as long as the arrangement with its padding.
+// Stereo or mono. The sound is arrangement.length and some 20 ms long, so that its length in tenths of a
+// second is the arrangement's whatever an encoder adds.
 Pcm synthesise(const Arrangement& arrangement, int rate, int channels);
 
 } // namespace makemedia
