@@ -50,7 +50,11 @@ void applyColors(const Record& record) {
         for (const QPalette::ColorRole role : roles)
             palette.setColor(QPalette::All, role, QColor(color->red, color->green, color->blue));
     };
-    set(record.textColor, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText});
+    // An edit's arrows keep their own colour.
+    if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QPlainTextEdit*>(widget))
+        set(record.textColor, {QPalette::Text});
+    else
+        set(record.textColor, {QPalette::WindowText, QPalette::ButtonText});
     set(record.backColor, {QPalette::Window, QPalette::Base, QPalette::Button});
     widget->setPalette(palette);
     if (qobject_cast<QLabel*>(widget)) widget->setAutoFillBackground(record.backColor.has_value());
@@ -59,13 +63,12 @@ void applyColors(const Record& record) {
 // Keeps the bytes of a multi-line edit within the limit by taking out what was typed last.
 void trim(QPlainTextEdit* edit, int bytes) {
     const QString text = edit->toPlainText();
-    qsizetype end = edit->textCursor().position();
+    const auto sizeOf = [](const QString& part) { return static_cast<qsizetype>(fromQt(part).size()); };
+    const qsizetype end = edit->textCursor().position();
     qsizetype start = end;
-    QString kept = text;
-    while (start > 0 && fromQt(kept).size() > static_cast<std::size_t>(bytes)) {
+    for (qsizetype excess = sizeOf(text) - bytes; excess > 0 && start > 0;
+         excess -= sizeOf(text.mid(start, 1)))
         --start;
-        kept = text.left(start) + text.mid(end);
-    }
     if (start == end) return;
     QTextCursor cursor = edit->textCursor();
     cursor.setPosition(static_cast<int>(start));
