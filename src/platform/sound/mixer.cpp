@@ -114,6 +114,7 @@ void Mixer::mixBlock() {
         std::transform(mix.begin(), mix.end(), block.begin(), mix.begin(), std::plus<>());
     }
     if (line_) {
+        limiter_.limit(mix);
         toSamples(mix, samples);
         line_->write(samples);
     }

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/sound.h"
+#include "platform/sound/limiter.h"
 #include "platform/sound/speaker_line.h"
 #include "platform/sound/voice.h"
 
@@ -57,6 +58,7 @@ private:
 
     // Of the thread alone.
     Clock::time_point due_ = startTime_; // of the next block
+    Limiter limiter_;
     std::shared_ptr<SpeakerLine> line_;
     std::future<std::shared_ptr<SpeakerLine>> lineToCome_;
     Clock::time_point nextLook_ = startTime_;
