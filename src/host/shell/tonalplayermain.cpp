@@ -190,6 +190,7 @@ void start(MainWnd& mainWnd, Start& steps) {
     zelkova::setCatalogPath(zelkova::normalizePath(host().modulePath + "../cnf/LogMessage.xml"));
     zelkova::setTitleParts(settings.getDetail() + "-", settings.getNameJpn());
     zelkova::setHelpUrl(settings.getHelpUrl());
+    zelkova::setHelpUrl(settings.getHelpUrl());
     steps.openCatalogue();
     steps.nameStylesheets();
     steps.createMainWindow(mainWnd);
