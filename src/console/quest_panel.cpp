@@ -63,8 +63,11 @@ void showSimultaneousSongs(int count, const std::vector<DataResource>& songs) {
     }
 }
 
-void setPlayBarLength(int length) {
+// An empty bar: what was played belongs to the quest before.
+void resetPlayBar(int length) {
     platform::setRange(control(ids::playBar), 0, std::max(length, 0));
+    platform::setPosition(control(ids::playBar), 0);
+    platform::setText(control(ids::playPosition), "0/0");
 }
 
 } // namespace
@@ -88,7 +91,7 @@ void showQuest(const std::vector<DataSession>& sessionList, int quest) {
         showSingleSong(songs);
     else
         showSimultaneousSongs(songCount(stage), songs);
-    setPlayBarLength(songs.empty() ? 0 : songs[0].getLength());
+    resetPlayBar(songs.empty() ? 0 : songs[0].getLength());
 }
 
 void checkAllSongs() {
@@ -105,6 +108,5 @@ void clearConsole() {
     for (const int id : {ids::range, ids::interval, ids::speed})
         platform::setSelection(control(id), -1);
     hideSongs();
-    setPlayBarLength(0);
-    platform::setText(control(ids::playPosition), "0/0");
+    resetPlayBar(0);
 }
