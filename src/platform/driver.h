@@ -21,7 +21,7 @@ bool spin(Control edit, int steps); // presses the up-down's arrow, down when ne
 bool doubleClickRow(Control list, int row);
 bool rightClickRow(Control list, int row);
 bool clickColumn(Control list, int column);
-bool dragRow(Control from, int row, Control to, int toRow);
+bool dragRow(Control from, int row, Control to, int toRow); // see listSetDrag; toRow -1: below the last row
 // On what has the focus in the window; without a window, in the open pop-up menu or the innermost box.
 // "Return", "Escape", "Tab", "Delete", "F4", "Ctrl+A".
 bool pressKey(WindowHandle window, const std::string& key);

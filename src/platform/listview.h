@@ -15,7 +15,8 @@ namespace platform {
 
 enum class Align { Left, Right, Center };
 
-bool listInsertColumn(Control list, int column, std::string_view title, int widthPixels, Align align = Align::Left);
+bool listInsertColumn(Control list, int column, std::string_view title, int widthPixels,
+                      Align align = Align::Left);
 bool listDeleteColumn(Control list, int column);
 int listColumnCount(Control list);
 std::string listColumnTitle(Control list, int column);
@@ -31,6 +32,11 @@ std::optional<std::string> listCell(Control list, int row, int column);
 // The row's own number. It moves with the row.
 bool listSetRowData(Control list, int row, std::intptr_t data);
 std::intptr_t listRowData(Control list, int row);
+
+// Lets the user drag rows of the list onto the other (which may be the same). `dropped` runs when the mouse
+// is released over it: the row that was taken, and the row below the mouse, -1 below the last one. Taking and
+// putting is its business.
+void listSetDrag(Control from, Control to, std::function<void(int row, int toRow)> dropped);
 
 // Full-row selection with grid lines is what every list has; several rows only where asked for.
 void listSetMultiSelect(Control list, bool multi);

@@ -91,8 +91,8 @@ TEST(Smf, HoldsEveryNoteOfTheArrangement) {
     for (unsigned i = 0; i < tracks; ++i) {
         ASSERT_EQ(file.text(4), "MTrk");
         const auto track = readTrack(file.text(file.number(4)));
-        // 16 seconds of bars and the time to die away, at 960 ticks a second.
-        EXPECT_EQ(track.endTick, 17500 * 960 / 1000) << i;
+        // 16 seconds of bars and the time to die away and the padding, at 960 ticks a second.
+        EXPECT_EQ(track.endTick, 17520 * 960 / 1000) << i;
         EXPECT_EQ(track.sounding, 0) << i;
         if (i == 0) {
             EXPECT_EQ(track.tempo, 500000U);

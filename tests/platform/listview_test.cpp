@@ -151,6 +151,21 @@ TEST_F(ListView, TellsClicksAndKeys) {
     EXPECT_FALSE(driver::doubleClickRow(list, 4));
 }
 
+TEST_F(ListView, RowsAreDraggedWhereTheyAreMeantToGo) {
+    std::vector<std::pair<int, int>> drops;
+    EXPECT_TRUE(driver::dragRow(list, 0, list, 2));
+    listSetDrag(list, list, [&](int row, int toRow) { drops.emplace_back(row, toRow); });
+    EXPECT_TRUE(driver::dragRow(list, 0, list, 2));
+    EXPECT_EQ(listSelectedRow(list), 0) << "what is dragged stays selected";
+    EXPECT_TRUE(driver::dragRow(list, 3, list, -1));
+    EXPECT_FALSE(driver::dragRow(list, 4, list, 0));
+    EXPECT_THAT(drops, ElementsAre(std::pair(0, 2), std::pair(3, -1)));
+    main.forget();
+    EXPECT_TRUE(driver::doubleClickRow(list, 3));
+    EXPECT_THAT(notified(), ElementsAre(NM_DBLCLK)) << "a click is no drag";
+    EXPECT_EQ(drops.size(), 2u);
+}
+
 TEST_F(ListView, FillsTenThousandRowsInTimeThatGrowsWithTheirNumber) {
     const auto fill = [this](int rows) {
         listDeleteAllRows(list);

@@ -10,6 +10,10 @@
 
 namespace makemedia {
 
+// Milliseconds of silence behind the length, so that it is found in whole tenths of a second however an
+// encoder or a clock rounds.
+constexpr int endPadding = 20;
+
 struct Voice {
     const Instrument* instrument = nullptr;
     std::vector<Note> notes; // by start, in ticks from the beginning of the song

@@ -88,7 +88,8 @@ std::string voiceTrack(const Voice& voice, int channel, int endTick) {
 } // namespace
 
 std::string writeMidi(const Arrangement& arrangement) {
-    const int endTick = static_cast<int>(arrangement.length / 1000.0 / arrangement.secondsPerTick);
+    const int endTick =
+        static_cast<int>((arrangement.length + endPadding) / 1000.0 / arrangement.secondsPerTick);
     std::string out = "MThd";
     appendBig(out, 6, 4);
     appendBig(out, 1, 2);

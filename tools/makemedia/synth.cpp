@@ -11,7 +11,6 @@ namespace makemedia {
 namespace {
 
 constexpr float twoPi = 2 * std::numbers::pi_v<float>;
-constexpr int endPadding = 20; // milliseconds
 constexpr std::size_t tableSize = 1024;
 using Table = std::array<float, tableSize + 1>; // one more to read ahead
 

@@ -6,8 +6,7 @@
 
 namespace makemedia {
 
-// Stereo or mono. The sound is arrangement.length and some 20 ms long, so that its length in tenths of a
-// second is the arrangement's whatever an encoder adds.
+// Stereo or mono; as long as the arrangement with its padding.
 Pcm synthesise(const Arrangement& arrangement, int rate, int channels);
 
 } // namespace makemedia

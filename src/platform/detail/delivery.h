@@ -10,8 +10,17 @@ namespace platform::detail {
 // How the loop hands a message to a window's procedure.
 LResult deliver(const Message& message);
 
-// Sends a message out of a handler of the toolkit. Every way from the toolkit into the program leads through
-// here, so that bury() knows whether widgets are still at work further up the stack.
+// Stands for as long as a handler of the toolkit is in the program. Every way from the toolkit into the program
+// has one, so that bury() knows whether widgets are still at work further up the stack.
+class Handler {
+public:
+    Handler();
+    ~Handler();
+    Handler(const Handler&) = delete;
+    Handler& operator=(const Handler&) = delete;
+};
+
+// Sends a message out of a handler of the toolkit.
 LResult notify(WindowHandle window, unsigned message, WParam wParam = 0, LParam lParam = 0);
 
 // Hides and deletes the widget, as soon as no handler of the toolkit is under way.

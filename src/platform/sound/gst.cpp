@@ -20,4 +20,18 @@ bool startGstreamer() {
     return up;
 }
 
+void warmUpGstreamer() {
+    if (!startGstreamer()) return;
+    // The slowest comes last; the library asks it about every kind of file, WMA or not.
+    for (const char* name :
+         {"filesrc", "typefind", "decodebin", "id3demux", "mpegaudioparse", "mpg123audiodec", "wavparse",
+          "audioconvert", "audioresample", "appsink", "avdec_wmav2"}) {
+        GstElementFactory* factory = gst_element_factory_find(name);
+        if (!factory) continue;
+        if (GstPluginFeature* loaded = gst_plugin_feature_load(GST_PLUGIN_FEATURE(factory)))
+            gst_object_unref(loaded);
+        gst_object_unref(factory);
+    }
+}
+
 } // namespace platform::sound

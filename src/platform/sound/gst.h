@@ -11,6 +11,9 @@ namespace platform::sound {
 // looks at all its plugins. Any thread.
 bool startGstreamer();
 
+// Loads what most songs need, so that the first one opens as fast as the others.
+void warmUpGstreamer();
+
 struct PipelineDeleter {
     void operator()(GstElement* pipeline) const {
         gst_element_set_state(pipeline, GST_STATE_NULL);

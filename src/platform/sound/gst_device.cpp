@@ -40,8 +40,7 @@ public:
     GstDevice(SoundOutput output, std::function<void(const CapturedBlock&)> capture)
         : mixer_(std::make_shared<Mixer>(output, std::move(capture))) {
         mixer_->add(effect_, this);
-        sound::runInBackground(
-            [] { sound::startGstreamer(); }); // so that the first song need not wait for it
+        sound::runInBackground(sound::warmUpGstreamer);
     }
     ~GstDevice() override {
         mixer_->remove(*effect_);

@@ -15,21 +15,18 @@ std::vector<QPointer<QWidget>>& graveyard() {
     return instance;
 }
 
-// For as long as a handler of the toolkit is in the program.
-class Handler {
-public:
-    Handler() { ++handlersUnderWay; }
-    ~Handler() {
-        if (--handlersUnderWay > 0) return;
-        // The toolkit's own part of the handler is still above us: deleteLater waits for its end.
-        for (const auto& widget : std::exchange(graveyard(), {}))
-            if (widget) widget->deleteLater();
-    }
-    Handler(const Handler&) = delete;
-    Handler& operator=(const Handler&) = delete;
-};
-
 } // namespace
+
+Handler::Handler() {
+    ++handlersUnderWay;
+}
+
+Handler::~Handler() {
+    if (--handlersUnderWay > 0) return;
+    // The toolkit's own part of the handler is still above us: deleteLater waits for its end.
+    for (const auto& widget : std::exchange(graveyard(), {}))
+        if (widget) widget->deleteLater();
+}
 
 LResult deliver(const Message& message) {
     const Record* record = findRecord(message.window);
