@@ -15,6 +15,9 @@ namespace {
 
 using detail::nowMs;
 
+// Timers come last, but a peer that keeps the program busy must not stop them altogether.
+constexpr std::int64_t longestDelayMs = 200;
+
 // A handler that posts to itself without end must not keep settleOnce from returning.
 constexpr int settleLimit = 10000;
 
@@ -76,6 +79,9 @@ std::optional<Message> takePosted() {
 
 // Posted messages, then what the toolkit and the sockets bring, then timers. A quit is not among them.
 std::optional<Message> takeNext() {
+    if (const auto due = loop().timers.nextDue();
+        due && *due + longestDelayMs <= nowMs() && !detail::quitWaits())
+        return loop().timers.takeDue(nowMs());
     if (auto message = takePosted()) return message;
     if (detail::quitWaits()) return std::nullopt;
     runToolkit();

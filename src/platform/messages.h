@@ -18,10 +18,10 @@ enum : unsigned {
     WM_WINDOWPOSCHANGING = 0x0046, // lParam: Rect*, the wanted outer rectangle; the handler may change it
     WM_NOTIFY = 0x004E,            // list views; wParam: control id, lParam: NotifyCode
     WM_INITDIALOG = 0x0110,        // controls exist, nothing is shown yet
-    WM_COMMAND = 0x0111,           // wParam: makeLong(id, notification); menus and buttons send notification 0
-    WM_TIMER = 0x0113,             // wParam: timer id
-    WM_HSCROLL = 0x0114,           // a track bar was moved by the user; lParam: control id
-    WM_MOUSEMOVE = 0x0200,         // lParam: makeLong(x, y) in client pixels (may be negative while captured)
+    WM_COMMAND = 0x0111,   // wParam: makeLong(id, notification); menus and buttons send notification 0
+    WM_TIMER = 0x0113,     // wParam: timer id
+    WM_HSCROLL = 0x0114,   // a track bar was moved by the user; lParam: control id
+    WM_MOUSEMOVE = 0x0200, // lParam: makeLong(x, y) in client pixels (may be negative while captured)
     WM_LBUTTONDOWN = 0x0201,
     WM_LBUTTONUP = 0x0202,
     WM_USER = 0x0400,
@@ -31,23 +31,27 @@ enum : unsigned { SIZE_RESTORED = 0, SIZE_MINIMIZED = 1 };
 
 // Notification codes in the high word of WM_COMMAND's wParam.
 enum : unsigned {
-    BN_CLICKED = 0,       // buttons, check boxes, radio buttons (by the user only)
-    CBN_SELCHANGE = 1,    // combo boxes (by the user only)
-    EN_CHANGE = 0x0300,   // single-line edits, also when the text was set by the program
+    BN_CLICKED = 0,     // buttons, check boxes, radio buttons (by the user only)
+    CBN_SELCHANGE = 1,  // combo boxes (by the user only)
+    EN_CHANGE = 0x0300, // single-line edits, also when the text was set by the program
 };
 
 enum NotifyCode : int {
-    NM_DBLCLK = -3,          // a row was double-clicked; it is the selected row
-    NM_RCLICK = -5,          // right click; the row below the cursor, if any, is selected first
-    LVN_ITEMCHANGED = -101,  // the selection changed
-    LVN_COLUMNCLICK = -108,  // see clickedColumn() in listview.h
-    LVN_KEYDOWN = -155,      // the Delete key was pressed in the list
+    NM_DBLCLK = -3,         // a row was double-clicked; it is the selected row
+    NM_RCLICK = -5,         // right click; the row below the cursor, if any, is selected first
+    LVN_ITEMCHANGED = -101, // the selection changed
+    LVN_COLUMNCLICK = -108, // see clickedColumn() in listview.h
+    LVN_KEYDOWN = -155,     // the Delete key was pressed in the list
 };
 
 enum : int { IDOK = 1, IDCANCEL = 2 };
 
-inline unsigned lowWord(std::uintptr_t v) { return static_cast<unsigned>(v & 0xFFFF); }
-inline unsigned highWord(std::uintptr_t v) { return static_cast<unsigned>((v >> 16) & 0xFFFF); }
+inline unsigned lowWord(std::uintptr_t v) {
+    return static_cast<unsigned>(v & 0xFFFF);
+}
+inline unsigned highWord(std::uintptr_t v) {
+    return static_cast<unsigned>((v >> 16) & 0xFFFF);
+}
 inline std::uintptr_t makeLong(unsigned low, unsigned high) {
     return (low & 0xFFFFu) | (static_cast<std::uintptr_t>(high & 0xFFFFu) << 16);
 }
@@ -82,8 +86,9 @@ void postQuitMessage(int exitCode);
 // clock the clock advances by that time instead of sleeping.
 void waitMessage(unsigned milliseconds);
 
-// Starts (or restarts) timer `id` of the window. Ticks come as WM_TIMER, lowest in priority, never more
-// than one waiting, no catching up. Periods below 10 ms count as 10. A timer dies with its window.
+// Starts (or restarts) timer `id` of the window. Ticks come as WM_TIMER, lowest in priority (but before all
+// else once one is 200 ms late), never more than one waiting, no catching up: a late tick does not move those
+// after it. Periods below 10 ms count as 10. A timer dies with its window.
 void setTimer(WindowHandle window, unsigned id, unsigned periodMs);
 
 // After this no tick of the timer is delivered, also none that was already waiting.

@@ -124,6 +124,22 @@ TEST_F(EventLoop, SettlingEndsThoughAHandlerPostsForEver) {
     recorder.onMessage = {};
 }
 
+TEST(RealClockLoop, MessagesWithoutEndDelayTimersButDoNotStopThem) {
+    Recorder recorder;
+    int messages = 0, ticks = 0;
+    recorder.onMessage = [&](const Message& message) {
+        if (message.id == WM_TIMER) ++ticks;
+        if (message.id == first && ++messages < 100'000'000) postMessage(recorderWindow, first);
+    };
+    setTimer(recorderWindow, 1, 10);
+    postMessage(recorderWindow, first);
+    const std::uint32_t start = getTickCount();
+    EXPECT_TRUE(detail::runUntil([&] { return ticks > 0 || getTickCount() - start > 3000; }));
+    EXPECT_GT(messages, 1000);
+    EXPECT_EQ(ticks, 1);
+    recorder.onMessage = {};
+}
+
 TEST(RealClockLoop, WaitsWakeForTimersAndMessages) {
     const Recorder recorder;
     using Steady = std::chrono::steady_clock;
