@@ -105,7 +105,12 @@
       table.settings th { background: #f0f3f6; width: 8%; white-space: nowrap; font-weight: normal; color: #555; }
       table.settings td { background: none !important; width: 17%; }
       table.board { width: auto; margin-bottom: 4mm; }
-      .number { text-align: right; white-space: nowrap; }
+      table.catalogue { font-size: 8.5pt; }
+      table.catalogue th, table.catalogue td { padding: 0.8mm 1.2mm; }
+      table.catalogue th.title { width: 26%; }
+      table.catalogue th.name { width: 15%; }
+      table.songs th.number { width: 12mm; }
+      thead th.number, .number { text-align: right; white-space: nowrap; }
       .file { font-size: 8pt; color: #666; word-break: break-all; }
       .artist { color: #666; font-size: 9pt; }
       .winner { font-weight: bold; }

@@ -9,6 +9,7 @@
       <head>
         <title>音楽ファイルの一覧</title>
         <xsl:call-template name="style"/>
+        <style type="text/css">@page { size: A4 landscape; }</style>
       </head>
       <body>
         <h1>音楽ファイルの一覧</h1>
@@ -17,10 +18,10 @@
           <span>最大番号：<xsl:value-of select="maxId"/></span>
           <span>範囲と長さは秒</span>
         </p>
-        <table>
+        <table class="catalogue">
           <thead>
             <tr>
-              <th>NO.</th><th>曲名 / ファイル名</th><th>アーティスト</th><th>ジャンル</th><th>種別</th><th>形式</th>
+              <th class="number">NO.</th><th class="title">曲名 / ファイル名</th><th class="name">アーティスト</th><th>ジャンル</th><th>種別</th><th>形式</th>
               <th>発売日</th><th>長さ</th><th>イントロ</th><th>サビ</th><th>解答</th><th>難易度</th><th>知名度</th>
             </tr>
           </thead>

@@ -29,7 +29,7 @@
   <xsl:template name="board">
     <xsl:variable name="last" select="(//history)[last()]"/>
     <table class="board">
-      <thead><tr><th>順位</th><th>ユーザ</th><th>得点</th></tr></thead>
+      <thead><tr><th class="number">順位</th><th>ユーザ</th><th class="number">得点</th></tr></thead>
       <tbody>
         <xsl:for-each select="$users[. != '' or @order &gt; 0]">
           <xsl:sort select="@order" data-type="number"/>
@@ -54,10 +54,10 @@
     </xsl:call-template>
     <xsl:choose>
       <xsl:when test="historys/history">
-        <table>
+        <table class="songs">
           <thead>
             <tr>
-              <th>問</th><th>正解（曲名 / アーティスト）</th><th>解答者</th>
+              <th class="number">問</th><th>正解（曲名 / アーティスト）</th><th>解答者</th>
               <xsl:for-each select="$users">
                 <th class="number">
                   <xsl:choose>

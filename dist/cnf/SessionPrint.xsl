@@ -39,8 +39,8 @@
     <xsl:variable name="before" select="sum(preceding-sibling::part/questNum[. &gt; 0])"/>
     <xsl:choose>
       <xsl:when test="resources/resource">
-        <table>
-          <thead><tr><th>問</th><th>NO.</th><th>曲名</th><th>アーティスト</th></tr></thead>
+        <table class="songs">
+          <thead><tr><th class="number">問</th><th class="number">NO.</th><th>曲名</th><th>アーティスト</th></tr></thead>
           <tbody>
             <xsl:for-each select="resources/resource">
               <xsl:variable name="place" select="position() - 1"/>
@@ -59,7 +59,10 @@
                   </td>
                 </xsl:if>
                 <td class="number"><xsl:value-of select="."/></td>
-                <td><xsl:value-of select="$song/title"/></td>
+                <td>
+                  <xsl:value-of select="$song/title"/>
+                  <xsl:if test="$songs and not($song)"><span class="empty">（一覧にない番号）</span></xsl:if>
+                </td>
                 <td><xsl:value-of select="$song/artist"/></td>
               </tr>
             </xsl:for-each>
