@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 #include "foundation/text.h"
@@ -32,10 +33,11 @@ DateTime::DateTime(const platform::SystemTime& time)
       minute_(time.minute), second_(time.second), millisecond_(time.millisecond) {}
 
 DateTime::DateTime(std::string_view text) {
+    int* const fields[] = {&year_, &month_, &day_, &hour_, &minute_, &second_, &millisecond_};
     std::vector<std::string> values;
+    values.reserve(std::size(fields)); // a catalogue parses a date for each song
     for (int selector = withMilliseconds; selector <= dateOnly && values.empty(); ++selector)
         scanFormat(formats[static_cast<std::size_t>(selector)], text, values);
-    int* const fields[] = {&year_, &month_, &day_, &hour_, &minute_, &second_, &millisecond_};
     for (std::size_t i = 0; i < values.size(); ++i)
         *fields[i] = stringToInt(values[i]);
 }

@@ -3,7 +3,10 @@
 #include "data/data_session.h"
 #include "data/data_training_history.h"
 #include "data/data_user_info.h"
+#include "data/id3_tag.h"
 #include "data/labels.h"
+#include "platform/files.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -56,6 +59,30 @@ TEST(Records, AreEmptyAsTold) {
         "{no=[4],fileName=[],fileType=[-1],title=[],type=[-1],releaseDate=[2011/02/03],"));
     song.clear();
     EXPECT_EQ(song.getNo(), -1);
+}
+
+TEST(Id3Tag, StandsInTheLastBytesOfTheFile) {
+    const test_support::TemporaryFolder folder;
+    const auto field = [](std::string text, std::size_t width) {
+        text.resize(width);
+        return text;
+    };
+    const std::string tag =
+        "TAG" + field("曲名", 30) + std::string(30, 'a') + field("", 30) + "2011" + field("c", 30) + "\xFA";
+    ASSERT_TRUE(platform::replaceFile(folder.file("a.mp3"), "sound" + tag));
+    const auto read = readId3Tag(folder.file("a.mp3"));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->title, "曲名");
+    EXPECT_EQ(read->artist, std::string(30, 'a'));
+    EXPECT_EQ(read->year, "2011");
+    EXPECT_EQ(read->comment, "c");
+    EXPECT_EQ(genreFromId3(read->genre), "JRock");
+
+    for (const std::string& bytes : {std::string("TAG"), tag + "x", std::string()}) {
+        ASSERT_TRUE(platform::replaceFile(folder.file("b.mp3"), bytes));
+        EXPECT_FALSE(readId3Tag(folder.file("b.mp3"))) << bytes.size();
+    }
+    EXPECT_FALSE(readId3Tag(folder.path().string()));
 }
 
 TEST(Records, TakeFullWidthSigns) {

@@ -13,6 +13,7 @@
 #include "data/acs_log_message.h"
 #include "foundation/text.h"
 #include "platform/files.h"
+#include "platform/text.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -80,6 +81,17 @@ TEST(ShippedMessages, CanBeFilledAndShown) {
             EXPECT_EQ(zelkova::split(message.getContents(), "|").size(), 2u);
             EXPECT_EQ(std::count(message.getContents().begin(), message.getContents().end(), '|'), 1);
         }
+    }
+}
+
+TEST(ShippedMessages, HaveTheirPlaceOnTheHelpPage) {
+    const std::string page = platform::utf8ToSjis(platform::readFile(shipped("Help.html")).value_or(""));
+    for (const DataLogMessage& message : messages()) {
+        if (message.getLogging() < 2 || message.getRestore().empty()) continue;
+        EXPECT_NE(page.find("id=\"C" + std::to_string(message.getCode()) + "\""), std::string::npos)
+            << message.getCode();
+        EXPECT_NE(page.find(message.getRestore()), std::string::npos)
+            << message.getCode() << ": the page is older";
     }
 }
 
