@@ -9,6 +9,7 @@ using platform::Rect;
 // The strip that is being dragged, if any; there is one mouse.
 enum class Drag { None, Right, Bottom };
 Drag drag = Drag::None;
+int dragOffset = 0; // from the mouse to the border when it was taken
 
 struct Point {
     int x, y;
@@ -81,13 +82,16 @@ platform::LResult baseWindowProc(SplitterRecord& record, platform::WindowHandle 
         return 0;
     case platform::WM_LBUTTONDOWN:
         drag = stripAt(record, pointOf(lParam));
+        dragOffset = drag == Drag::Right ? platform::getClientRect(window).width - pointOf(lParam).x
+                                         : platform::getClientRect(window).height - pointOf(lParam).y;
         if (drag != Drag::None) platform::captureMouse(window);
         return 0;
     case platform::WM_MOUSEMOVE:
         if (drag == Drag::None)
             showCursor(record, pointOf(lParam));
         else
-            moveBorder(record, drag, drag == Drag::Right ? pointOf(lParam).x : pointOf(lParam).y);
+            moveBorder(record, drag,
+                       dragOffset + (drag == Drag::Right ? pointOf(lParam).x : pointOf(lParam).y));
         return 0;
     case platform::WM_LBUTTONUP:
         if (drag != Drag::None) platform::releaseMouse();

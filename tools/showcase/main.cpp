@@ -1,0 +1,92 @@
+// kdl-showcase <folder>: plays the demonstration quiz by itself and leaves pictures of every screen in the
+// folder. The exit code is 0 only when the whole road was passed and the board, the history and the terminal
+// agree with it.
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "data/xml_dom.h"
+#include "foundation/path.h"
+#include "host/shell/tonalplayermain.h"
+#include "host/state/host_state.h"
+#include "platform/application.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "showcase/scenario.h"
+#include "showcase/terminal_process.h"
+
+namespace {
+
+using namespace showcase;
+
+int faults = 0;
+
+void check(bool good, const std::string& what) {
+    if (good) return;
+    std::printf("FAULT: %s\n", what.c_str());
+    ++faults;
+}
+
+void printBoard(const Board& seen) {
+    std::printf("\n  final board\n");
+    for (const FinalUser& user : seen)
+        std::printf("  %d. %-10s %5d\n", user.order, platform::sjisToUtf8(user.name).c_str(), user.score);
+}
+
+void checkBoard(const Board& seen) {
+    check(seen.size() == expectedBoard().size(), "the board was not seen");
+    for (std::size_t i = 0; i < seen.size(); ++i) {
+        const FinalUser &user = seen[i], &want = expectedBoard()[i];
+        check(user.name == want.name && user.score == want.score && user.order == want.order,
+              "user " + std::to_string(i + 1) + " should have " + std::to_string(want.score));
+    }
+}
+
+void checkHistory(const std::string& file) {
+    XmlDom history;
+    check(history.load(file) != 0, "the history cannot be read");
+    const auto bytes = platform::readFile(file);
+    check(bytes && bytes->find("<total>12</total>") != std::string::npos,
+          "the history does not hold the session");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "kdl-showcase FOLDER\n");
+        return 2;
+    }
+    const std::filesystem::path folder = std::filesystem::absolute(argv[1]);
+    const platform::Application application(argc, argv);
+    Ears ears;
+    platform::setSoundDevice(
+        platform::makeGstreamerDevice(platform::SoundOutput::Captured,
+                                      [&ears](const platform::CapturedBlock& block) { ears.hear(block); }));
+    resetHost();
+
+    const std::string programFolder = zelkova::getModuleFolder();
+    const Files files{zelkova::normalizePath(programFolder + "../cnf/SessionFile_0.xml"),
+                      zelkova::normalizePath(programFolder + "../hst/History_showcase.xml")};
+    std::filesystem::remove(platform::nativePath(files.history));
+    Road road(folder);
+    Board seen;
+    TerminalProcess terminal(platform::nativePath(programFolder) / "kdl-terminal", KDL_TERMINAL_SCRIPT,
+                             folder / "terminal.log");
+    road.begin(scenario(road, ears, files, seen));
+    WinMain(programFolder);
+
+    check(road.fault().empty(), road.fault());
+    check(road.done(), "the road was not passed to its end");
+    check(terminal.exitCode() == 0, "the terminal was not content, see terminal.log");
+    checkBoard(seen);
+    checkHistory(files.history);
+    printBoard(seen);
+    std::printf("\n  %d pictures, terminal.log: %s\n  history: %s\n", road.pictures(), folder.c_str(),
+                platform::sjisToUtf8(files.history).c_str());
+
+    resetHost();
+    platform::setSoundDevice(nullptr);
+    return faults == 0 ? 0 : 1;
+}
