@@ -1,0 +1,216 @@
+// Opening and ending a session, with everything that can stand in the way.
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "e2e/desk.h"
+#include "host/state/console_ids.h"
+#include "platform/controls.h"
+#include "platform/files.h"
+#include "platform/menu.h"
+#include "platform/socket.h"
+#include "platform/window.h"
+
+namespace {
+
+using e2e::stage;
+namespace driver = platform::driver;
+
+class Session : public testing::Test {
+protected:
+    void SetUp() override {
+        desk.addSong("荒城の月", "瀧廉太郎");
+        desk.addSong("花", "瀧廉太郎");
+        file = desk.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
+    }
+
+    void startShow() {
+        desk.start();
+        desk.openSession(file);
+        desk.connect();
+        desk.announce("青木,馬場", 2);
+    }
+
+    e2e::Desk desk;
+    std::string file;
+};
+
+} // namespace
+
+TEST_F(Session, EndingBeforeTheFirstQuestAsksNothing) {
+    desk.start();
+    desk.openSession(file);
+    EXPECT_EQ(desk.stateName(), "INIT");
+    EXPECT_FALSE(platform::isMenuItemEnabled(host().mainWindow, ids::openSession));
+    EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    EXPECT_EQ(desk.stateName(), "START");
+    EXPECT_EQ(host().curQuestNumber, 0);
+    EXPECT_TRUE(platform::isMenuItemEnabled(host().mainWindow, ids::openSession));
+    desk.openSession(file); // and the port is free again
+    EXPECT_EQ(desk.stateName(), "INIT");
+    desk.connect();
+}
+
+TEST_F(Session, OnlyTheNamedUsersTakePart) {
+    startShow();
+    EXPECT_EQ(host().userList[1].getName(), "馬場");
+    EXPECT_EQ(host().userList[1].getAnswerRight(), 1);
+    EXPECT_EQ(host().userList[2].getAnswerRight(), 0);
+    host().userList[0].setScore(40);
+    desk.announce("秋山", 1); // a second announcement, in mid session, gets no answer
+    EXPECT_TRUE(desk.silent());
+    EXPECT_EQ(host().userList[0].getName(), "秋山");
+    EXPECT_EQ(host().userList[0].getScore(), 40);
+    EXPECT_EQ(host().userList[1].getAnswerRight(), 0);
+}
+
+TEST_F(Session, FilesThatAreNoSessions) {
+    desk.start();
+    const std::string bad = desk.folder.file("cnf/bad.xml");
+    for (const char* bytes :
+         {"", "text", "<session><maxPart>0</maxPart></session>", "<session><maxPart>2</maxPart></session>",
+          "<root><maxPart>1</maxPart></root>", "<session><maxPart>2000000000</maxPart></session>",
+          "<session><maxPart>1</maxPart><part id=\"1\"><questNum>-4</questNum></part></session>"}) {
+        platform::replaceFile(bad, bytes);
+        desk.openSession(bad, 4000005);
+        EXPECT_EQ(desk.stateName(), "START");
+        EXPECT_EQ(platform::readFile(bad), bytes);
+    }
+    const std::string gone = desk.folder.file("cnf/gone.xml");
+    desk.script.expectFileDialog(gone);
+    desk.script.expectMessageBox(platform::Answer::Ok); // the file dialog's own word
+    driver::chooseMenu(host().mainWindow, ids::openSession);
+    EXPECT_FALSE(platform::pathExists(gone));
+}
+
+TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
+    const std::string odd =
+        desk.writeSession("odd", {stage({.name = "多", .quests = 1, .multi = 9, .songs = "1,2"})});
+    desk.start();
+    desk.openSession(odd);
+    desk.connect();
+    desk.announce("青木", 1);
+    desk.playQuest(); // too few songs: silence
+    EXPECT_NE(platform::getStatusText({host().mainWindow, ids::statusBar}, 1), "");
+    desk.clock.advance(3000);
+    EXPECT_EQ(desk.stateName(), "WAIT");
+}
+
+TEST_F(Session, APortInUse) {
+    const platform::SocketHandle other = platform::createTcpSocket();
+    ASSERT_TRUE(platform::bindSocket(other, desk.settings.getServerPort()));
+    ASSERT_TRUE(platform::listenSocket(other, 1));
+    desk.start();
+    desk.openSession(file, 4000006);
+    EXPECT_EQ(desk.stateName(), "START");
+    EXPECT_EQ(host().curQuestNumber, 0);
+    EXPECT_EQ(host().server, nullptr);
+    platform::closeSocket(other);
+    desk.openSession(file);
+    EXPECT_EQ(desk.stateName(), "INIT");
+}
+
+TEST_F(Session, ClosingTheWindowTakesTwoSteps) {
+    startShow();
+    const platform::WindowHandle window = host().mainWindow;
+    desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](platform::WindowHandle dialog) {
+        driver::pressKey(dialog, "Escape"); // means no
+    });
+    driver::closeBox(window);
+    EXPECT_EQ(desk.stateName(), "ENABLE");
+    desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](platform::WindowHandle dialog) {
+        bool pressed = false;
+        for (const platform::WindowHandle child : platform::getChildren(dialog))
+            if (platform::getText(child) == "はい(&Y)") pressed = driver::click(child);
+        EXPECT_TRUE(pressed);
+    });
+    driver::closeBox(window);
+    EXPECT_TRUE(platform::isWindow(window));
+    EXPECT_EQ(desk.stateName(), "START");
+    driver::closeBox(window);
+    EXPECT_FALSE(platform::isWindow(window));
+    platform::Message message;
+    bool quit = false;
+    while (platform::peekMessage(message))
+        quit = quit || message.id == platform::WM_QUIT;
+    EXPECT_TRUE(quit);
+}
+
+TEST_F(Session, AHistoryThatCannotBeWrittenIsOfferedAgain) {
+    startShow();
+    desk.playQuest();
+    const std::string elsewhere = desk.folder.file("hst/second.xml");
+    desk.script.expectMessageBox(platform::Answer::Yes);
+    desk.script.expectFileDialog(desk.folder.file("no-such-folder/first.xml"));
+    desk.expectMessage(4000011);
+    desk.script.expectFileDialog(elsewhere);
+    EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    EXPECT_TRUE(platform::pathExists(elsewhere));
+    EXPECT_EQ(desk.stateName(), "START");
+    EXPECT_TRUE(host().sessionList.empty());
+    EXPECT_EQ(desk.text(ids::questCounter), "第00問／全00問");
+}
+
+TEST_F(Session, EndingDuringTheLeadInLeavesNoTimer) {
+    startShow();
+    ASSERT_TRUE(desk.click(ids::questStart));
+    desk.hear();
+    desk.reply("STATUSNOTIFY", 301);
+    desk.endSession("");
+    desk.openSession(file);
+    desk.connect();
+    desk.announce("青木", 1);
+    desk.clock.advance(5000);
+    EXPECT_EQ(desk.stateName(), "ENABLE");
+    EXPECT_TRUE(desk.silent());
+}
+
+TEST_F(Session, ScoresAndUsersCanBeCleared) {
+    startShow();
+    host().userList[0].setScore(30);
+    host().userList[1].setScore(-5);
+    desk.script.expectMessageBox(platform::Answer::Ok, [](const std::string& text) {
+        EXPECT_NE(text.find("36"), std::string::npos) << text;
+    });
+    driver::chooseMenu(host().mainWindow, 11018);
+    desk.script.expectMessageBox(platform::Answer::No);
+    driver::chooseMenu(host().mainWindow, 11012);
+    EXPECT_EQ(host().userList[0].getScore(), 30);
+    desk.script.expectMessageBox(platform::Answer::Yes, [](const std::string& text) {
+        EXPECT_NE(text.find("得点クリア"), std::string::npos) << text;
+    });
+    driver::chooseMenu(host().mainWindow, 11012);
+    EXPECT_EQ(desk.text(ids::userScore1), "0");
+    EXPECT_EQ(host().userList[0].getName(), "青木");
+    desk.script.expectMessageBox(platform::Answer::Yes);
+    driver::chooseMenu(host().mainWindow, 11013);
+    EXPECT_EQ(desk.text(ids::userName1), "");
+    EXPECT_EQ(desk.text(ids::userState1), "[未設定]");
+    EXPECT_TRUE(desk.silent()); // the terminal is told nothing
+}
+
+TEST_F(Session, RebuildingThePlayersInMidSession) {
+    startShow();
+    desk.playQuest();
+    driver::chooseMenu(host().mainWindow, 11015);
+    EXPECT_FALSE(host().questMedia[0].isPlaying());
+    EXPECT_TRUE(desk.click(ids::stop));
+    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
+    desk.reply("STATUSNOTIFY", 303);
+    EXPECT_TRUE(desk.click(ids::replay));
+    desk.leadIn();
+    EXPECT_TRUE(host().questMedia[0].isPlaying());
+    // In the lead-in too: what no longer plays is over.
+    EXPECT_TRUE(desk.click(ids::stop));
+    desk.hear();
+    desk.reply("STATUSNOTIFY", 303);
+    EXPECT_TRUE(desk.click(ids::skip));
+    desk.hear();
+    desk.reply("REVISION", 200);
+    ASSERT_TRUE(desk.click(ids::questStart));
+    desk.hear();
+    desk.reply("STATUSNOTIFY", 301);
+    driver::chooseMenu(host().mainWindow, 11015);
+    desk.leadIn();
+}

@@ -1,0 +1,121 @@
+// Starting with what stands in the folders, whatever that is.
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "e2e/desk.h"
+#include "host/state/console_ids.h"
+#include "platform/controls.h"
+#include "platform/files.h"
+#include "platform/menu.h"
+#include "platform/window.h"
+
+namespace {
+
+namespace driver = platform::driver;
+
+// The program in a folder that holds only what the test puts there.
+class Start : public testing::Test {
+protected:
+    e2e::Desk desk;
+};
+
+const std::string broken[] = {
+    "",
+    "plain text",
+    "<?xml version=\"1.0\" encoding=\"shift_jis\"?><root><data",
+    "<?xml version=\"1.0\" encoding=\"no-such-code\"?><root/>",
+    "<?xml version=\"1.0\"?><other/>",
+    "<?xml version=\"1.0\"?><!DOCTYPE root [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b "
+    "\"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
+    "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">"
+    "<!ENTITY e \"&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;\"><!ENTITY f \"&e;&e;&e;&e;&e;&e;&e;&e;&e;&e;\">"
+    "<!ENTITY g \"&f;&f;&f;&f;&f;&f;&f;&f;&f;&f;\">]><root>&g;</root>",
+};
+
+} // namespace
+
+TEST_F(Start, PreparesTheDesk) {
+    desk.start();
+    EXPECT_EQ(platform::getText(host().mainWindow), "イントロクイズ");
+    EXPECT_EQ(desk.stateName(), "START");
+    EXPECT_EQ(desk.text(ids::statusText), "開始");
+    EXPECT_TRUE(platform::isMenuItemEnabled(host().mainWindow, ids::openSession));
+    EXPECT_FALSE(platform::isMenuItemEnabled(host().mainWindow, ids::endSession));
+    EXPECT_EQ(platform::getStatusText({host().mainWindow, ids::statusBar}, 0), "待機中");
+    EXPECT_EQ(host().userList.size(), 4u);
+    EXPECT_EQ(host().masterVolume, 50);
+    EXPECT_EQ(host().trainingSession.getName(), "特訓メニュー");
+    // All 26 commands are there, and nothing beside them.
+    EXPECT_EQ(platform::menuCommands(host().mainWindow).size(), 26u);
+    EXPECT_TRUE(platform::pathExists(desk.folder.file("cnf/ResourceData.xml")));
+    const auto log = platform::readFile(desk.folder.file("log/kdl_server.log"));
+    ASSERT_TRUE(log);
+    EXPECT_NE(log->find("C2000001"), std::string::npos);
+}
+
+TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
+    desk.start();
+    for (const int command : {11003, 11004, 11009, 11010, 11097, 11102, 11150, 11151}) {
+        desk.script.expectMessageBox(platform::Answer::Ok);
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+    }
+}
+
+TEST_F(Start, NarrowWindowsFallBackToHalves) {
+    desk.start();
+    driver::resize(host().mainWindow, 1200, 700);
+    const platform::WindowHandle left = platform::getParent(host().consolePane);
+    const platform::WindowHandle right = platform::getParent(host().dataPane);
+    const int width = platform::getRect(left).width;
+    driver::resize(host().mainWindow, width - 100, 100);
+    const platform::Rect client = platform::getClientRect(host().mainWindow);
+    EXPECT_EQ(platform::getRect(left).width, client.width / 2);
+    EXPECT_EQ(platform::getRect(right).left, client.width / 2);
+    EXPECT_GE(client.height, 200);
+}
+
+TEST_F(Start, TheSplitterMovesTheBorder) {
+    desk.start();
+    driver::resize(host().mainWindow, 1200, 700);
+    const platform::WindowHandle left = platform::getParent(host().consolePane);
+    const platform::WindowHandle right = platform::getParent(host().dataPane);
+    const int width = platform::getRect(left).width;
+    driver::dragMouse(left, width - 2, 50, width + 98, 50);
+    EXPECT_EQ(platform::getRect(left).width, width + 100);
+    EXPECT_EQ(platform::getRect(right).left, width + 100);
+    EXPECT_EQ(platform::getRect(host().consolePane).width, width + 95);
+    driver::dragMouse(left, width + 98, 50, -500, 50);
+    EXPECT_EQ(platform::getRect(left).width, 5);
+}
+
+TEST(StartWithBrokenFiles, ABrokenCatalogueIsToldAndLeftAlone) {
+    for (const std::string& bytes : broken) {
+        e2e::Desk other;
+        const std::string file = other.folder.file("cnf/ResourceData.xml");
+        platform::replaceFile(file, bytes);
+        other.expectMessage(4000012);
+        other.start();
+        EXPECT_EQ(host().accesserResource.add(DataResource()), 0);
+        EXPECT_EQ(host().accesserResource.commit(), 0);
+        EXPECT_EQ(platform::readFile(file), bytes);
+    }
+}
+
+TEST(StartWithBrokenFiles, AMessageCatalogueThatCannotBeReadIsToldInPlainWords) {
+    for (const std::string& bytes : broken) {
+        e2e::Desk other;
+        const std::string file = other.folder.file("cnf/LogMessage.xml");
+        platform::replaceFile(file, bytes);
+        other.script.expectMessageBox(platform::Answer::Ok);
+        other.start();
+        EXPECT_EQ(platform::readFile(file), bytes);
+    }
+}
+
+TEST_F(Start, ALogThatCannotBeWrittenIsTold) {
+    desk.settings.setLogFileName(desk.folder.file("bin")); // a folder
+    desk.expectMessage(4000013);
+    desk.start();
+}
