@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstring>
+#include <functional>
 #include <mutex>
 #include <vector>
 
@@ -17,7 +18,8 @@ namespace {
 
 constexpr std::size_t aheadFrames = sampleRate / 2; // decoded ahead of the listener
 constexpr std::int64_t backwardFrames = sampleRate / 2;
-constexpr int stepMs = 20; // how long one wait for the library lasts before new wishes are looked at
+constexpr int stepMs = 20;      // how long one wait for the library lasts before new wishes are looked at
+constexpr int pieceWaits = 100; // of them in a row, and the rest of a piece is given up
 
 // Frames in the order in which they will be heard.
 class FrameQueue {
@@ -78,8 +80,122 @@ struct SongStream::State {
     bool hungry() const { return open && (!prepared || (!ended && queue.frames() < aheadFrames)); }
 };
 
+// The thread's side. Each step takes one wish or one piece of sound, works with the lock open, and keeps the
+// result only when nothing else was wished for meanwhile.
+class SongStream::Worker {
+public:
+    explicit Worker(std::shared_ptr<State> state) : state_(std::move(state)), lock_(state_->mutex) {}
+
+    void run() {
+        for (;;) {
+            state_->wake.wait(lock_, [&] { return state_->newWish() || state_->hungry(); });
+            if (state_->quit) break;
+            if (state_->openWanted)
+                open();
+            else if (!state_->prepared)
+                prepare();
+            else if (state_->seekWanted)
+                seek();
+            else if (state_->direction == Direction::Forward)
+                readForward();
+            else
+                readBackward();
+        }
+        lock_.unlock(); // the reader goes without it
+    }
+
+private:
+    // False when the result is no longer wanted.
+    bool unlocked(const std::function<void()>& work) {
+        lock_.unlock();
+        work();
+        lock_.lock();
+        return !state_->newWish();
+    }
+
+    void publishLength(int length) {
+        state_->length = length;
+        state_->lengthKnown = true;
+        state_->measured.notify_all();
+    }
+
+    void open() {
+        state_->openWanted = false;
+        const std::filesystem::path path = state_->path;
+        int length = 0;
+        unlocked([&] {
+            reader_.close();
+            if (path.empty()) return;
+            reader_.open(path);
+            FileWindow file(path); // measured while the library prepares
+            length = fileLength(file);
+        });
+        if (state_->openWanted || path.empty()) return;
+        state_->open = true;
+        if (length > 0) publishLength(length);
+    }
+
+    void prepare() {
+        ReadResult result = ReadResult::Waiting;
+        int duration = 0;
+        unlocked([&] {
+            result = reader_.prepare(stepMs);
+            if (result == ReadResult::Done) duration = reader_.duration();
+        });
+        if (state_->openWanted || result == ReadResult::Waiting) return;
+        state_->prepared = true;
+        state_->ended = result == ReadResult::End;
+        if (!state_->lengthKnown) publishLength(duration);
+    }
+
+    void seek() {
+        state_->seekWanted = false;
+        if (state_->direction == Direction::Backward) return; // each piece seeks for itself
+        const std::int64_t place = state_->place;
+        bool found = false;
+        if (unlocked([&] { found = reader_.seek(place); }) && !found) state_->ended = true;
+    }
+
+    void readForward() {
+        ReadResult result = ReadResult::Waiting;
+        frames_.clear();
+        if (!unlocked([&] { result = reader_.read(frames_, stepMs); })) return;
+        state_->queue.append(frames_);
+        state_->ended = result == ReadResult::End;
+    }
+
+    // The library's own backward play is not offered by every container; decoding short pieces forward and
+    // turning them round is.
+    void readBackward() {
+        const std::int64_t end = state_->place;
+        const std::int64_t start = std::max<std::int64_t>(0, end - backwardFrames);
+        frames_.clear();
+        if (!unlocked([&] { readPiece(start, end); })) return;
+        state_->queue.append(frames_);
+        state_->place = start;
+        state_->ended = start == 0 || frames_.empty();
+    }
+
+    void readPiece(std::int64_t start, std::int64_t end) {
+        if (start == end || !reader_.seek(start)) return;
+        const auto wanted = static_cast<std::size_t>(end - start) * channels;
+        for (int waits = 0; frames_.size() < wanted && waits < pieceWaits;) {
+            const ReadResult result = reader_.read(frames_, stepMs);
+            if (result == ReadResult::End) break;
+            waits += result == ReadResult::Waiting;
+        }
+        frames_.resize(wanted); // a song shorter than it said is silent there
+        reverseFrames(frames_);
+    }
+
+    std::shared_ptr<State> state_;
+    SongReader reader_;
+    std::vector<float> frames_;
+    std::unique_lock<std::mutex> lock_;
+};
+
 SongStream::SongStream() : state_(std::make_shared<State>()) {
-    runInBackground([state = state_] { work(state); });
+    runInBackground([state = state_] { Worker(state).run(); });
 }
 
 SongStream::~SongStream() {
@@ -134,91 +250,6 @@ int SongStream::length(int waitMs, bool& known) {
     state_->measured.wait_for(lock, std::chrono::milliseconds(waitMs), [&] { return state_->lengthKnown; });
     known = state_->lengthKnown;
     return state_->length;
-}
-
-void SongStream::work(const std::shared_ptr<State>& state) {
-    SongReader reader;
-    std::vector<float> frames;
-    std::unique_lock lock(state->mutex);
-    // Runs a piece of work unlocked. False when its result is no longer wanted.
-    const auto outside = [&](const auto& piece) {
-        lock.unlock();
-        piece();
-        lock.lock();
-        return !state->newWish();
-    };
-    const auto publishLength = [&](int length) {
-        state->length = length;
-        state->lengthKnown = true;
-        state->measured.notify_all();
-    };
-
-    for (;;) {
-        state->wake.wait(lock, [&] { return state->newWish() || state->hungry(); });
-        if (state->quit) {
-            lock.unlock();
-            return;
-        }
-        if (state->openWanted) {
-            state->openWanted = false;
-            const std::filesystem::path path = state->path;
-            int length = 0;
-            outside([&] {
-                reader.close();
-                if (path.empty()) return;
-                reader.open(path);
-                FileWindow file(path); // measured while the library prepares
-                length = fileLength(file);
-            });
-            if (state->openWanted || path.empty()) continue;
-            state->open = true;
-            if (length > 0) publishLength(length);
-        } else if (!state->prepared) {
-            ReadResult result = ReadResult::Waiting;
-            int duration = 0;
-            outside([&] {
-                result = reader.prepare(stepMs);
-                if (result == ReadResult::Done) duration = reader.duration();
-            });
-            if (state->openWanted || result == ReadResult::Waiting) continue;
-            state->prepared = true;
-            state->ended = result == ReadResult::End;
-            if (!state->lengthKnown) publishLength(duration);
-        } else if (state->seekWanted) {
-            state->seekWanted = false;
-            const std::int64_t place = state->place;
-            bool found = true;
-            const bool forward = state->direction == Direction::Forward;
-            if (outside([&] { found = !forward || reader.seek(place); }) && !found) state->ended = true;
-        } else if (state->direction == Direction::Forward) {
-            ReadResult result = ReadResult::Waiting;
-            frames.clear();
-            if (!outside([&] { result = reader.read(frames, stepMs); })) continue;
-            state->queue.append(frames);
-            state->ended = result == ReadResult::End;
-        } else {
-            // The library's own backward play is not offered by every container; decoding short pieces
-            // forward and turning them round is.
-            const std::int64_t end = state->place;
-            const std::int64_t start = std::max<std::int64_t>(0, end - backwardFrames);
-            const auto wanted = static_cast<std::size_t>(end - start) * channels;
-            frames.clear();
-            const bool wantedStill = outside([&] {
-                if (start == end || !reader.seek(start)) return;
-                for (int tries = 0; frames.size() < wanted && tries < 100;) {
-                    const ReadResult result = reader.read(frames, stepMs);
-                    if (result == ReadResult::End) break;
-                    tries += result == ReadResult::Waiting;
-                }
-                frames.resize(wanted); // a song shorter than it said is silent there
-                reverseFrames(frames);
-            });
-            if (!wantedStill) continue;
-            state->queue.append(frames);
-            state->place = start;
-            state->ended = start == 0 || frames.empty();
-        }
-    }
 }
 
 } // namespace platform::sound

@@ -32,7 +32,7 @@ public:
 
 private:
     struct State;
-    static void work(const std::shared_ptr<State>& state);
+    class Worker;
 
     std::shared_ptr<State> state_;
 };
