@@ -7,12 +7,14 @@ function(kdl_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE kdl_flags)
 endfunction()
 
-# kdl_test(<name> SOURCES <file>... LINKS <library>...)
+# kdl_test(<name> SOURCES <file>... LINKS <library>... [REAL_TIME])
 # One GoogleTest program for one folder of tests/. It brings its own main (tests/support/main.cpp),
-# which starts the platform layer without a display, so it also runs bare at discovery time.
+# which starts the platform layer without a display, so it also runs bare at discovery time. With REAL_TIME its tests
+# listen to sound as it plays and run with nothing beside them.
 function(kdl_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "REAL_TIME" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE kdl_test_support ${ARG_LINKS} kdl_flags)
-  gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+  gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 RUN_SERIAL ${ARG_REAL_TIME}
+                       DISCOVERY_TIMEOUT 60)
 endfunction()
