@@ -5,6 +5,12 @@
 #include "host/state/quest.h"
 #include "platform/controls.h"
 
+namespace {
+
+constexpr int titlePixels = 20; // of the one answer that is judged
+
+} // namespace
+
 std::string songText(const DataResource& song) {
     if (song.getTitle().empty() && song.getArtist().empty()) return {};
     return song.getTitle() + "(" + song.getArtist() + ")";
@@ -16,6 +22,7 @@ void showAnswerLines(platform::WindowHandle dialog, int firstLine, const DataSes
     if (songCount(stage) == 1) {
         platform::setText({dialog, firstLine + 1}, songs[0].getArtist());
         platform::setText({dialog, firstLine + 3}, songs[0].getTitle());
+        platform::setFontSize({dialog, firstLine + 3}, titlePixels);
         return;
     }
     for (int i = 0; i < static_cast<int>(songs.size()) && i < maxSongs; ++i)

@@ -126,13 +126,18 @@ private:
         } else if (id == idDetailButton) {
             showDetail(!detailShown_);
         } else if (id == idHelp) {
-            platform::shellOpen(replaceAll(startTexts().helpUrl, codePlaceholder, numberToText(code_)));
+            openHelp();
         } else if (id >= idAnswer1 && id < idAnswer1 + static_cast<int>(buttons_.size())) {
             close(buttons_[static_cast<std::size_t>(id - idAnswer1)].answer);
         } else {
             return false;
         }
         return true;
+    }
+
+    void openHelp() const {
+        const std::string& url = startTexts().helpUrl;
+        if (!url.empty()) platform::shellOpen(replaceAll(url, codePlaceholder, numberToText(code_)));
     }
 
     void showDetail(bool shown) {
