@@ -62,6 +62,7 @@ std::vector<BadFile> badFiles(const std::string& root) {
         {"external parameter entity",
          head + "<!DOCTYPE " + root + " [<!ENTITY % x SYSTEM \"file:///etc/hostname\"> %x;]>" + open + close},
         {"UTF-8 under the name of Shift-JIS", head + open + platform::sjisToUtf8("あいうえお曲名") + close},
+        {"UTF-8 that reads as another Shift-JIS text", head + open + platform::sjisToUtf8("音楽") + close},
         {"Shift-JIS under the name of UTF-8",
          "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + open + "曲名" + close},
         {"bytes outside the code page", head + open + "a\xFD\xFE" + close},
