@@ -9,13 +9,13 @@
 
 namespace {
 
-using e2e::stage;
+using test_support::stage;
 
 class BadWire : public testing::Test {
 protected:
     void SetUp() override {
-        desk.addSong("花", "瀧廉太郎");
-        const std::string file = desk.writeSession("大会", {stage({.name = "一回戦", .songs = "1"})});
+        desk.folder.addSong("花", "瀧廉太郎");
+        const std::string file = desk.folder.writeSession("大会", {stage({.name = "一回戦", .songs = "1"})});
         desk.start();
         desk.openSession(file);
         desk.connect();

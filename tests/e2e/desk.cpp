@@ -1,137 +1,33 @@
 #include "e2e/desk.h"
 
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
-#include "data/accesser_application.h"
-#include "data/accesser_resource.h"
-#include "data/accesser_session.h"
-#include "data/app_logger.h"
-#include "data/labels.h"
-#include "foundation/text.h"
-#include "host/shell/tonalplayermain.h"
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
 #include "platform/menu.h"
-#include "platform/socket.h"
 #include "platform/sound.h"
 #include "platform/window.h"
-#include "support/test_sounds.h"
 
 namespace e2e {
 
 namespace driver = platform::driver;
-namespace fs = std::filesystem;
 
 namespace {
 
 constexpr const char* endOfMessage = "\r\n.\r\n";
 
-int freePort() {
-    const platform::SocketHandle probe = platform::createTcpSocket();
-    platform::bindSocket(probe, 0);
-    const int port = platform::boundPort(probe);
-    platform::closeSocket(probe);
-    return port;
-}
-
 } // namespace
 
-DataSession stage(const StageRules& rules) {
-    DataSession made;
-    made.setName(rules.name);
-    made.setQuestNum(rules.quests);
-    made.setRange(rangeStart);
-    made.setInterval(2); // three seconds
-    made.setSpeed(0);
-    made.setMulti(rules.multi);
-    made.setScore(rules.score);
-    made.setDeduction(rules.deduction);
-    made.setHandsType(rules.handsType);
-    made.setHands(rules.hands);
-    made.setSteal(rules.steal);
-    made.setResourceId(rules.songs);
-    return made;
-}
-
-Desk::Desk() : port_(freePort()) {
-    for (const char* name : {"bin", "cnf", "eft", "hst", "log", "snd"})
-        fs::create_directory(folder.path() / name);
-    fs::copy_file(fs::path(KDL_SOURCE_DIR) / "dist/cnf/LogMessage.xml", cnf("LogMessage.xml"));
-    const std::string jingle = folder.file("eft/jingle.wav");
-    test_support::writeSilence(jingle, 1500);
-
-    settings.setNameJpn("イントロクイズ");
-    settings.setServerPort(port_);
-    settings.setLogLevel("DEBUG");
-    settings.setResourceFileName(cnf("ResourceData.xml"));
-    settings.setSessionFileName(folder.file("cnf"));
-    for (const auto setter :
-         {&DataApplication::setEfcQuestion, &DataApplication::setEfcOk, &DataApplication::setEfcNg,
-          &DataApplication::setEfcRequest1, &DataApplication::setEfcRequest2,
-          &DataApplication::setEfcRequest3, &DataApplication::setEfcRequest4,
-          &DataApplication::setEfcApplause, &DataApplication::setEfcApplause2,
-          &DataApplication::setEfcVectory, &DataApplication::setSteal})
-        (settings.*setter)(jingle);
-    platform::setSoundDevice(platform::makeSilentDevice());
-    resetHost();
-}
+Desk::Desk() : program_(std::make_unique<test_support::Program>(platform::makeSilentDevice())) {}
 
 Desk::~Desk() {
     peer.reset();
-    window_.reset();
-    if (host().mainWindow) platform::destroyWindow(host().mainWindow);
-    platform::Message message;
-    while (platform::peekMessage(message)) {
-    }
-    resetHost();
-    AppLogger::close();
-    platform::setSoundDevice(nullptr);
+    program_.reset();
     EXPECT_EQ(script.faults(), std::vector<std::string>());
 }
 
-int Desk::addSong(const std::string& title, const std::string& artist, int lengthMs) {
-    AccesserResource catalogue;
-    catalogue.open(cnf("ResourceData.xml"));
-    DataResource song;
-    const std::string file = folder.file("snd/" + std::to_string(catalogue.getMaxId() + 1) + ".wav");
-    test_support::writeSilence(file, lengthMs);
-    song.setTitle(title);
-    song.setArtist(artist);
-    song.setFileName(file);
-    song.setFileType(fileTypeWav);
-    song.setLength(lengthMs / 100);
-    song.setIntroStart(0);
-    song.setIntroEnd(100);
-    song.setAnsStart(200);
-    song.setAnsEnd(210);
-    const int number = catalogue.add(song);
-    catalogue.commit();
-    return number;
-}
-
-std::string Desk::writeSession(const std::string& name, const std::vector<DataSession>& stages) {
-    const std::string file = cnf(name + ".xml");
-    AccesserSession session;
-    session.open(file);
-    session.setSessionName(name);
-    int total = 0;
-    for (const DataSession& one : stages) {
-        session.addPart(one);
-        total += one.getQuestNum();
-    }
-    session.setTotal(total);
-    session.save();
-    return file;
-}
-
 void Desk::start() {
-    AccesserApplication().save(cnf("Config.xml"), settings);
-    window_ = std::make_unique<MainWnd>();
-    init(*window_, folder.file("bin/"));
-    window_->show(true);
-    driver::settle();
+    program_->start(folder);
 }
 
 void Desk::openSession(const std::string& file, int message) {
@@ -152,7 +48,7 @@ void Desk::expectMessage(int code) {
 }
 
 void Desk::connect() {
-    peer = std::make_unique<test_support::RawPeer>(port_);
+    peer = std::make_unique<test_support::RawPeer>(folder.settings.getServerPort());
     ASSERT_TRUE(peer->connected());
     const VRMessage greeting = hear();
     EXPECT_EQ(greeting.getText("Reply"), "OPEN");

@@ -6,14 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "data/data_application.h"
-#include "data/data_session.h"
-#include "host/shell/main_window.h"
 #include "host/state/host_state.h"
 #include "platform/driver.h"
 #include "protocol/vr_message.h"
+#include "support/program.h"
 #include "support/raw_peer.h"
-#include "support/temporary_folder.h"
 
 namespace e2e {
 
@@ -22,12 +19,7 @@ public:
     Desk();
     ~Desk();
 
-    // Before start().
-    DataApplication settings; // a usable set; start() writes it to Config.xml
-    int addSong(const std::string& title, const std::string& artist, int lengthMs = 60000);
-    // Writes cnf/<name>.xml with these stages and gives its path.
-    std::string writeSession(const std::string& name, const std::vector<DataSession>& stages);
-    void start();
+    void start(); // with the settings and files of `folder`
 
     // Through the file dialog; with a code, the numbered message that is to follow it.
     void openSession(const std::string& file, int message = 0);
@@ -64,26 +56,15 @@ public:
 
     platform::ManualClock clock;
     platform::driver::Script script;
-    test_support::TemporaryFolder folder;
+    test_support::ProgramFolder folder;
     std::unique_ptr<test_support::RawPeer> peer;
 
     static constexpr int radioRight = 1204, radioWrong = 1206, radioTimeUp = 1226;
     static constexpr int buttonVoid = 1212, buttonPause = 1223;
 
 private:
-    std::string cnf(const std::string& name) const { return folder.file("cnf/" + name); }
-
-    int port_ = 0;
+    std::unique_ptr<test_support::Program> program_;
     std::string heard_;
-    std::unique_ptr<MainWnd> window_;
 };
-
-// A stage with the given rules; songs are catalogue numbers separated by ",".
-struct StageRules {
-    const char* name;
-    int quests = 1, multi = 1, score = 10, deduction = 1, handsType = -1, hands = -1, steal = -1;
-    const char* songs = "";
-};
-DataSession stage(const StageRules& rules);
 
 } // namespace e2e

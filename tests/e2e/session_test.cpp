@@ -14,15 +14,15 @@
 
 namespace {
 
-using e2e::stage;
+using test_support::stage;
 namespace driver = platform::driver;
 
 class Session : public testing::Test {
 protected:
     void SetUp() override {
-        desk.addSong("荒城の月", "瀧廉太郎");
-        desk.addSong("花", "瀧廉太郎");
-        file = desk.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
+        desk.folder.addSong("荒城の月", "瀧廉太郎");
+        desk.folder.addSong("花", "瀧廉太郎");
+        file = desk.folder.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
     }
 
     void startShow() {
@@ -86,7 +86,7 @@ TEST_F(Session, FilesThatAreNoSessions) {
 
 TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
     const std::string odd =
-        desk.writeSession("odd", {stage({.name = "多", .quests = 1, .multi = 9, .songs = "1,2"})});
+        desk.folder.writeSession("odd", {stage({.name = "多", .quests = 1, .multi = 9, .songs = "1,2"})});
     desk.start();
     desk.openSession(odd);
     desk.connect();
@@ -99,7 +99,7 @@ TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
 
 TEST_F(Session, APortInUse) {
     const platform::SocketHandle other = platform::createTcpSocket();
-    ASSERT_TRUE(platform::bindSocket(other, desk.settings.getServerPort()));
+    ASSERT_TRUE(platform::bindSocket(other, desk.folder.settings.getServerPort()));
     ASSERT_TRUE(platform::listenSocket(other, 1));
     desk.start();
     desk.openSession(file, 4000006);

@@ -16,7 +16,7 @@
 namespace {
 
 using e2e::Desk;
-using e2e::stage;
+using test_support::stage;
 
 struct Board {
     std::vector<int> scores, rights, hands, rests;
@@ -39,8 +39,8 @@ class Show : public testing::Test {
 protected:
     void SetUp() override {
         for (int i = 1; i <= 19; ++i)
-            desk.addSong("曲" + std::to_string(i), "歌手" + std::to_string(i));
-        session = desk.writeSession(
+            desk.folder.addSong("曲" + std::to_string(i), "歌手" + std::to_string(i));
+        session = desk.folder.writeSession(
             "秋の大会",
             {stage({.name = "一回戦", .quests = 3, .songs = "1,2,3"}),
              stage({.name = "二回戦",

@@ -115,7 +115,7 @@ TEST(StartWithBrokenFiles, AMessageCatalogueThatCannotBeReadIsToldInPlainWords) 
 }
 
 TEST_F(Start, ALogThatCannotBeWrittenIsTold) {
-    desk.settings.setLogFileName(desk.folder.file("bin")); // a folder
+    desk.folder.settings.setLogFileName(desk.folder.file("bin")); // a folder
     desk.expectMessage(4000013);
     desk.start();
 }

@@ -12,7 +12,7 @@
 namespace {
 
 using e2e::Desk;
-using e2e::stage;
+using test_support::stage;
 namespace driver = platform::driver;
 
 void closeBox(platform::WindowHandle dialog) {
@@ -75,9 +75,9 @@ const Road roads[] = {
 class TerminalLeaves {
 public:
     explicit TerminalLeaves(bool announced = true) {
-        desk.addSong("荒城の月", "瀧廉太郎");
-        desk.addSong("花", "瀧廉太郎");
-        file = desk.writeSession("大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
+        desk.folder.addSong("荒城の月", "瀧廉太郎");
+        desk.folder.addSong("花", "瀧廉太郎");
+        file = desk.folder.writeSession("大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
         desk.start();
         desk.openSession(file);
         desk.connect();
