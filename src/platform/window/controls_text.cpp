@@ -41,6 +41,14 @@ void setEditText(QLineEdit* edit, const QString& text) {
     telling = nullptr;
 }
 
+// A new caption takes a button's shortcut away, unless the caption brings its own.
+void setButtonText(QAbstractButton* button, const QString& text) {
+    const QKeySequence shortcut = button->shortcut();
+    const bool ofCaption = shortcut == QKeySequence::mnemonic(button->text());
+    button->setText(text);
+    if (!ofCaption && button->shortcut().isEmpty()) button->setShortcut(shortcut);
+}
+
 void applyColors(const Record& record) {
     QWidget* widget = record.widget;
     QPalette palette;
@@ -90,7 +98,7 @@ void setText(Control control, std::string_view text) {
     else if (auto* area = qobject_cast<QPlainTextEdit*>(widget))
         area->setPlainText(shown);
     else if (auto* button = qobject_cast<QAbstractButton*>(widget))
-        button->setText(shown);
+        setButtonText(button, shown);
     else if (auto* box = qobject_cast<QGroupBox*>(widget))
         box->setTitle(shown);
     else if (auto* combo = qobject_cast<QComboBox*>(widget))
