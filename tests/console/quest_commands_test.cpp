@@ -83,6 +83,19 @@ TEST_F(QuestCommands, ButtonsWalkTheStates) {
     EXPECT_EQ(host().requestUserId, -1) << "nobody was right";
 }
 
+TEST_F(QuestCommands, FunctionKeysPressTheButtonsThatDriveAQuest) {
+    const auto leadsTo = [&](const char* key, const char* expected) {
+        // The button stays down for a moment, for the eye.
+        return driver::pressKey(window, key) && driver::settleUntil([&] { return state() == expected; });
+    };
+    EXPECT_TRUE(leadsTo("F5", "READY"));
+    raise({EV_PLAY});
+    EXPECT_TRUE(leadsTo("F8", "WAIT"));
+    for (const char* expected : {"PAUSE", "WAIT", "PAUSE"}) // under each of its captions
+        EXPECT_TRUE(leadsTo("F7", expected));
+    EXPECT_TRUE(leadsTo("F6", "PLAY"));
+}
+
 TEST_F(QuestCommands, StartTakesOverWhatTheListsShow) {
     platform::setSelection(console(ids::range), rangeSabi);
     platform::setSelection(console(ids::interval), 2);

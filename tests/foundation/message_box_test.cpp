@@ -72,7 +72,7 @@ TEST_F(MessageBox, ShowsTheFilledMessageAndItsDetailOnDemand) {
         EXPECT_THAT(driver::clippedControls(box), IsEmpty());
 
         ASSERT_TRUE(driver::click({box, idDetailButton}));
-        EXPECT_TRUE(driver::settleUntil([&] { return platform::getRect(box).height == closed; }, 1000));
+        EXPECT_TRUE(driver::settleUntil([&] { return platform::getRect(box).height == closed; }));
         driver::click({box, idAnswer1});
     });
 }
