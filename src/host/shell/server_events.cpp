@@ -71,10 +71,9 @@ void dispatch(const VRMessage& message) {
         if (state.vrmStatus == 1) onReply(message);
         return;
     }
+    const LogRange request("else(no response message)");
     if (state.vrmStatus == 1) {
-        zelkova::DataPairsList pairs;
-        pairs.add("CONDITION", "vrmStatus==1");
-        writeLog(1000003, pairs);
+        const LogRange waiting("vrmStatus==1");
         state.server->sendResponse(501, message.getMethod());
         return;
     }

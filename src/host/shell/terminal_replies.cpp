@@ -160,10 +160,12 @@ void onReply(const VRMessage& message) {
     const VRMResponse response(message);
     const std::string reply = response.getReply();
     if (reply == DefineVrp::MDS_CLOSE) {
+        const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_CLOSE");
         state.server->shutdown(platform::SD_BOTH);
         state.server->close();
         state.vrmStatus = 0;
     } else if (reply != state.requestMethod) {
+        const LogRange branch("lpVrmResponse->getReply()!=requestMethod");
         // Closed first: behind the box the terminal may already answer again.
         state.vrmStatus = 0;
         zelkova::DataPairsList pairs;
@@ -171,12 +173,16 @@ void onReply(const VRMessage& message) {
         writeLog(4000004, pairs);
         zelkova::showMessage_pairs(state.mainWindow, 4000004, zelkova::MessageButtons::Ok, 0, pairs);
     } else if (reply == DefineVrp::MDS_STATUSNOTIFY) {
+        const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_STATUSNOTIFY");
         onStatusReply(response.getCode());
     } else if (reply == DefineVrp::MDS_ANSRES) {
+        const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_ANSRES");
         onVerdictReply(response.getCode());
     } else if (reply == DefineVrp::MDS_DSPANS) {
+        const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_DSPANS");
         onAnswersShown();
     } else if (reply == DefineVrp::MDS_REVISION) {
+        const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_REVISION");
         onRevisionReply();
     }
 }

@@ -99,10 +99,13 @@ void onAnswerRequest(const VRMessage& message) {
 void onRequest(const VRMessage& message) {
     const std::string method = message.getMethod();
     if (method == DefineVrp::MDS_IAMHERE) {
+        const LogRange branch("vrm.getMethod()==DefineVrp::MDS_IAMHERE");
         acknowledge(method);
     } else if (method == DefineVrp::MDS_USERNOTIFY) {
+        const LogRange branch("vrm.getMethod()==DefineVrp::MDS_USERNOTIFY");
         onUserNotify(message);
     } else if (method == DefineVrp::MDS_ANSREQ) {
+        const LogRange branch("vrm.getMethod()==DefineVrp::MDS_ANSREQ");
         onAnswerRequest(message);
     } else {
         zelkova::DataPairsList pairs;

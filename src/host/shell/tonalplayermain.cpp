@@ -215,6 +215,7 @@ int WinMain(const std::string& moduleFolder) {
         mainWnd.show(true);
         mainWnd.update();
         steps.tellProblems();
+        const LogRange loop("GetMessage");
         exitCode = runLoop();
     } catch (const std::exception& fault) {
         tellFault(fault.what(), -1);
