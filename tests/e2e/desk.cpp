@@ -18,12 +18,29 @@ constexpr const char* endOfMessage = "\r\n.\r\n";
 
 } // namespace
 
-Desk::Desk() : program_(std::make_unique<test_support::Program>(platform::makeSilentDevice())) {}
+Desk::Desk()
+    : clock_(std::in_place), program_(std::make_unique<test_support::Program>(platform::makeSilentDevice())) {
+}
+
+Desk::Desk(std::unique_ptr<platform::SoundDevice> device)
+    : program_(std::make_unique<test_support::Program>(std::move(device))) {}
 
 Desk::~Desk() {
     peer.reset();
     program_.reset();
     EXPECT_EQ(script.faults(), std::vector<std::string>());
+}
+
+void Desk::pass(int milliseconds) {
+    if (clock_)
+        clock_->advance(static_cast<std::uint32_t>(milliseconds));
+    else
+        driver::settleUntil([] { return false; }, milliseconds);
+}
+
+bool Desk::passUntil(const std::function<bool()>& condition, int limitMs) {
+    return clock_ ? clock_->advanceUntil(condition, static_cast<std::uint32_t>(limitMs))
+                  : driver::settleUntil(condition, limitMs);
 }
 
 void Desk::start() {
@@ -146,11 +163,11 @@ void Desk::playQuest() {
 }
 
 void Desk::leadIn() {
-    ASSERT_TRUE(clock.advanceUntil([this] { return stateName() == "PLAY"; }, 10000));
+    ASSERT_TRUE(passUntil([this] { return stateName() == "PLAY"; }, 10000));
     EXPECT_EQ(hear().getText("Status"), "PLAY");
     reply("STATUSNOTIFY", 302);
     EXPECT_EQ(host().vrmStatus, 0);
-    clock.advance(300);
+    pass(300);
 }
 
 void Desk::judge(int verdictRadio, bool cheer) {

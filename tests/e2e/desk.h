@@ -2,7 +2,9 @@
 // The whole program in a folder of its own, a test's hands at its windows, and a terminal on a real socket
 // that says exactly what the test wants.
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +18,10 @@ namespace e2e {
 
 class Desk {
 public:
+    // On the manual clock, with the silent device.
     Desk();
+    // In real time, with this device.
+    explicit Desk(std::unique_ptr<platform::SoundDevice> device);
     ~Desk();
 
     void start(); // with the settings and files of `folder`
@@ -54,7 +59,10 @@ public:
     void showAnswersAndGoOn(int victim = -1);
     void judge(int verdictRadio, bool cheer = false); // expects the judging dialog and confirms it
 
-    platform::ManualClock clock;
+    // Lets the program's time pass.
+    void pass(int milliseconds);
+    bool passUntil(const std::function<bool()>& condition, int limitMs);
+
     platform::driver::Script script;
     test_support::ProgramFolder folder;
     std::unique_ptr<test_support::RawPeer> peer;
@@ -63,6 +71,7 @@ public:
     static constexpr int buttonVoid = 1212, buttonPause = 1223;
 
 private:
+    std::optional<platform::ManualClock> clock_; // none in real time
     std::unique_ptr<test_support::Program> program_;
     std::string heard_;
 };

@@ -93,7 +93,7 @@ TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
     desk.announce("青木", 1);
     desk.playQuest(); // too few songs: silence
     EXPECT_NE(platform::getStatusText({host().mainWindow, ids::statusBar}, 1), "");
-    desk.clock.advance(3000);
+    desk.pass(3000);
     EXPECT_EQ(desk.stateName(), "WAIT");
 }
 
@@ -161,7 +161,7 @@ TEST_F(Session, EndingDuringTheLeadInLeavesNoTimer) {
     desk.openSession(file);
     desk.connect();
     desk.announce("青木", 1);
-    desk.clock.advance(5000);
+    desk.pass(5000);
     EXPECT_EQ(desk.stateName(), "ENABLE");
     EXPECT_TRUE(desk.silent());
 }

@@ -119,7 +119,7 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
     // Quest 2: the play time runs out, is played again, stopped by hand, paused, played from the pause;
     // nobody is right.
     desk.playQuest();
-    desk.clock.advance(3000);
+    desk.pass(3000);
     EXPECT_EQ(desk.stateName(), "WAIT");
     EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
     desk.reply("STATUSNOTIFY", 303);
@@ -190,7 +190,7 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
 
     // Quest 8 is skipped out of 解答待ち.
     desk.playQuest();
-    desk.clock.advance(3000);
+    desk.pass(3000);
     EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
     desk.reply("STATUSNOTIFY", 303);
     EXPECT_TRUE(desk.click(ids::skip));
@@ -267,7 +267,7 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
                       "\"3\",\"土井\",\"5\",\"30\",\"1\",\"9\",\"1\",\"0\",\"0\"");
     desk.reply("REVISION", 200);
     EXPECT_EQ(desk.stateName(), "END");
-    desk.clock.advance(6000); // the applause
+    desk.pass(6000); // the applause
 
     const std::string file = desk.folder.file("hst/history.xml");
     desk.endSession(file);
