@@ -22,6 +22,12 @@ std::uint32_t threeBytes(const unsigned char* bytes) {
                                                       : load<std::uint32_t>(bytes) >> 8;
 }
 
+void prefetch([[maybe_unused]] const void* place) {
+#ifdef __GNUC__
+    __builtin_prefetch(place, 1);
+#endif
+}
+
 // How far two texts that agree in `from` bytes agree, at most `limit`.
 std::int32_t agreement(const unsigned char* a, const unsigned char* b, std::int32_t from,
                        std::int32_t limit) {
@@ -60,26 +66,37 @@ std::uint32_t MatchIndex::takeFork() {
     }
 }
 
-inline MatchIndex::Link MatchIndex::makeLeaf(Time now, std::uint32_t tag, Link next) {
+inline std::uint32_t MatchIndex::takeLeaf() {
     const std::uint32_t leaf = nextLeaf_;
     nextLeaf_ = leaf + 1 < firstFork ? leaf + 1 : 0;
-    next_[leaf] = next;
-    return {now, leaf, tag};
+    return leaf;
 }
 
-// Looks for the tag in a list.
-inline bool MatchIndex::bringToFront(Link& first, std::uint32_t tag) {
-    if (first.newest < oldest_) return false;
-    if (first.tag == tag) return true;
-    for (Link* link = &next_[first.node]; link->newest >= oldest_; link = &next_[link->node]) {
-        if (link->tag != tag) continue;
-        const Link found = *link;
-        *link = next_[found.node];
-        next_[found.node] = first;
-        first = found;
-        return true;
-    }
-    return false;
+// An odd factor maps the numbers of so many bits onto themselves, so that place and tag together tell the
+// value.
+template <int keyBits, int placeBits>
+inline MatchIndex::Key MatchIndex::keyOf(std::uint32_t value) {
+    const std::uint32_t mixed = value * 0x9E3779B1u & ((1u << keyBits) - 1);
+    return {mixed >> (keyBits - placeBits), mixed & ((1u << (keyBits - placeBits)) - 1)};
+}
+
+inline MatchIndex::Key MatchIndex::edgeKey(std::uint32_t fork, std::uint32_t byte) const {
+    return keyOf<edgeKeyBits, edgeBits>((fork - firstFork) << 8 | byte);
+}
+
+inline MatchIndex::Link* MatchIndex::find(Link* link, std::uint32_t tag) {
+    for (; link->newest >= oldest_; link = &next_[link->node()])
+        if (link->tag() == tag) return link;
+    return nullptr;
+}
+
+// Puts a child that is no longer its fork's newest in the table.
+inline void MatchIndex::insert(Key key, Link child) {
+    Link* link = &edges_[key.place];
+    while (link->newest > child.newest)
+        link = &next_[link->node()];
+    next_[child.node()] = *link;
+    *link = Link(child.newest, child.node(), key.tag);
 }
 
 Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t position, std::int32_t filled) {
@@ -94,15 +111,22 @@ Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t positio
 
     const std::int32_t available = std::min(longestMatch_, filled - position);
     if (available < shortestMatch) return {};
-    // An odd factor maps the numbers of 24 bits onto themselves, so root and tag together tell three bytes.
-    const std::uint32_t start = threeBytes(here) * 0x9E3779B1u & 0xFFFFFF;
-    Link* link = &roots_[start >> tagBits];
-    const std::uint32_t tag = start & ((1u << tagBits) - 1);
-    if (!bringToFront(*link, tag)) {
-        *link = makeLeaf(now, tag, *link);
+    const Key key = keyOf<rootKeyBits, rootBits>(threeBytes(here));
+    Link* const root = &roots_[key.place];
+    Link* const found = find(root, key.tag);
+    if (!found) {
+        const std::uint32_t leaf = takeLeaf();
+        next_[leaf] = *root;
+        *root = Link(now, leaf, key.tag);
         return {};
     }
-    return walk(link, now, here, available);
+    if (found != root) { // to the front
+        const Link link = *found;
+        *found = next_[link.node()];
+        next_[link.node()] = *root;
+        *root = link;
+    }
+    return walk(root, now, here, available);
 }
 
 // From the newest position that shares three bytes to the best, entering `now` on the way.
@@ -112,55 +136,64 @@ Match MatchIndex::walk(Link* link, Time now, const unsigned char* here, std::int
     for (;;) { // once for each candidate, each longer and older than the one before
         const Time candidate = link->newest;
         length = agreement(here, text(candidate), length, available);
+        // The next search begins behind the match; its list is fetched while this one goes on.
+        prefetch(&roots_[keyOf<rootKeyBits, rootBits>(threeBytes(here + length)).place]);
         const bool takes = previous_[candidate - windowTime_] != 0;
         if (takes) best = {length, static_cast<std::int32_t>(now - candidate)};
 
         // Down to the first node whose text goes on to where the two texts part, or further.
-        while (link->node >= firstFork && fork(link->node).depth < length) {
-            Link& child = fork(link->node).child;
+        while (link->node() >= firstFork && fork(link->node()).depth < length) {
+            Link& child = fork(link->node()).child;
             if (takes) {
                 link->newest = now;
                 link = &child;
             } else { // the oldest of all is alone here: the leaf takes the place of the forks on the way to
                      // it
-                next_[child.node] = next_[link->node];
-                link->node = child.node;
+                next_[child.node()] = next_[link->node()];
+                link->setNode(child.node());
                 child.newest = 0;
             }
         }
-        const bool atFork = link->node >= firstFork;
+        const std::uint32_t node = link->node();
+        const bool atFork = node >= firstFork;
         link->newest = now;
         if (length == available) { // nothing will tell the two apart: the newer stands for both
-            if (atFork)
-                fork(link->node).child.newest = now;
-            else
-                link->node = makeLeaf(now, 0, next_[link->node]).node;
+            if (atFork) {
+                fork(node).child.newest = now;
+            } else {
+                const std::uint32_t leaf = takeLeaf();
+                next_[leaf] = next_[node];
+                link->setNode(leaf);
+            }
             return best;
         }
-        const unsigned char wanted = here[length];
-        if (!atFork || fork(link->node).depth > length) {
-            const std::uint32_t older = link->node;
-            link->node = takeFork();
-            next_[link->node] = next_[older];
-            next_[older] = {};
-            fork(link->node) = {makeLeaf(now, wanted, {candidate, older, text(candidate)[length]}), length};
+        const std::uint32_t wanted = here[length];
+        if (!atFork || fork(node).depth > length) { // a fork in the middle of the way to the node
+            const std::uint32_t middle = takeFork();
+            next_[middle] = next_[node];
+            link->setNode(middle);
+            insert(edgeKey(middle, text(candidate)[length]), Link(candidate, node, 0));
+            fork(middle) = {Link(now, takeLeaf(), wanted), length};
             return best;
         }
-        Link& children = fork(link->node).child;
-        if (!bringToFront(children, wanted)) {
-            children = makeLeaf(now, wanted, children);
-            return best;
-        }
-        link = &children;
+        Link& child = fork(node).child;
+        const Key key = edgeKey(node, wanted);
+        Link* const other = find(&edges_[key.place], key.tag);
+        const Link next = other ? Link(other->newest, other->node(), wanted) : Link(now, takeLeaf(), wanted);
+        if (other) *other = next_[next.node()];
+        insert(edgeKey(node, child.tag()), child);
+        child = next;
+        if (!other) return best;
+        link = &child;
         ++length;
     }
 }
 
 void MatchIndex::slide() {
-    constexpr auto half = windowSize / 2;
+    constexpr std::uint16_t half = windowSize / 2;
     windowTime_ += half;
     const auto moved = [](std::uint16_t entry) {
-        return static_cast<std::uint16_t>(entry > half ? entry - half : 0);
+        return static_cast<std::uint16_t>((entry > half ? entry : half) - half);
     };
     std::transform(previous_.begin() + half, previous_.end(), previous_.begin(), moved);
     std::transform(heads_.begin(), heads_.end(), heads_.begin(), moved);

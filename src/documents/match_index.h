@@ -3,13 +3,13 @@
 // that grows with the length of the answer and not with the number of candidates.
 //
 // The positions form a tree of their texts (a trie without the nodes where nothing branches): a fork stands
-// for a text that at least two positions share, its children differ in the byte behind that text. Children
-// stand newest first, and a fork's newest position is that of its first child. So the way down from a fork
-// follows its first children without a look at their siblings until the newest position's text ends to agree,
-// and only there the other children are asked.
+// for a text that at least two positions share, its children differ in the byte behind that text. A fork
+// holds its newest child; the others are found in a table by fork and byte. A fork's newest position is that
+// of its newest child, so the way down follows the newest children without a look at the others until the
+// newest position's text ends to agree, and only there the table is asked.
 //
-// Nothing is ever taken out. A link remembers the newest position below it, and a link whose position has
-// left the window is the end of its list.
+// Nothing is ever taken out. A link remembers the newest position below it; the lists of the tables have the
+// newest first, and a link whose position has left the window is the end of its list.
 
 #include <cstdint>
 #include <memory>
@@ -44,21 +44,30 @@ private:
     using Time = std::uint32_t;
     static constexpr std::uint32_t windowSize = 65536;
 
-    static constexpr int rootBits = 15;
-    static constexpr int tagBits = 24 - rootBits; // what the place of the root does not tell of three bytes
+    static constexpr int rootKeyBits = 24,
+                         rootBits = 15; // three bytes, and what tells the place of their list
+    static constexpr int edgeKeyBits = 26, edgeBits = 14; // fork and byte, likewise
+    static constexpr int tagBits = edgeKeyBits - edgeBits;
+    static_assert(rootKeyBits - rootBits <= tagBits);
 
     struct Link {
-        Time newest = 0;
-        std::uint32_t node : 32 - tagBits = 0; // a leaf, from `firstFork` on a fork
-        std::uint32_t tag : tagBits = 0;       // tells siblings apart: at a fork the byte behind its text
+        Link() = default; // says nothing
+        Link(Time newestPosition, std::uint32_t node, std::uint32_t tag)
+            : newest(newestPosition), nodeAndTag(node << tagBits | tag) {}
+        std::uint32_t node() const { return nodeAndTag >> tagBits; } // a leaf, from `firstFork` on a fork
+        // What the place of the list leaves open, or the byte of a newest child.
+        std::uint32_t tag() const { return nodeAndTag & ((1u << tagBits) - 1); }
+        void setNode(std::uint32_t node) { nodeAndTag = node << tagBits | tag(); }
+
+        Time newest;
+        std::uint32_t nodeAndTag;
     };
     struct Fork {
-        Link child;
-        std::int32_t depth = 0; // length of its text
+        Link child;         // the newest
+        std::int32_t depth; // length of its text
     };
-    struct Leaf {
-        Time position = 0;
-        Time newest() const { return position; }
+    struct Key {
+        std::uint32_t place, tag;
     };
 
     // Each position takes at most one leaf, so the leaf that is taken next has left the window.
@@ -66,13 +75,19 @@ private:
     // The window holds forks for no more than its bytes and its literals together, so half of the greatest
     // ring is always free.
     static constexpr std::size_t fewestForks = 1024, mostForks = 2 * windowSize + fewestForks;
+    static_assert(firstFork + mostForks <= std::size_t{1} << (32 - tagBits));
+    static_assert(mostForks <= std::size_t{1} << (edgeKeyBits - 8));
 
     const unsigned char* text(Time time) const { return window_ + (time - windowTime_); }
     Fork& fork(std::uint32_t node) { return forks_[node - firstFork]; }
     Match walk(Link* link, Time now, const unsigned char* here, std::int32_t available);
     std::uint32_t takeFork();
-    Link makeLeaf(Time now, std::uint32_t tag, Link next);
-    bool bringToFront(Link& first, std::uint32_t tag);
+    std::uint32_t takeLeaf();
+    template <int keyBits, int placeBits>
+    static Key keyOf(std::uint32_t value);
+    Key edgeKey(std::uint32_t fork, std::uint32_t byte) const;
+    Link* find(Link* link, std::uint32_t tag);
+    void insert(Key key, Link link);
 
     std::int32_t longestMatch_;
     const unsigned char* window_ = nullptr;
@@ -81,8 +96,10 @@ private:
     // By two bytes, and by position: one more than the newest position, and than the one before; 0 is none.
     std::vector<std::uint16_t> heads_ = std::vector<std::uint16_t>(65536);
     std::vector<std::uint16_t> previous_ = std::vector<std::uint16_t>(windowSize);
-    std::vector<Link> roots_ = std::vector<Link>(std::size_t{1} << rootBits); // by a hash of three bytes
-    std::unique_ptr<Link[]> next_ = std::make_unique_for_overwrite<Link[]>(firstFork + mostForks); // siblings
+    std::vector<Link> roots_ = std::vector<Link>(std::size_t{1} << rootBits, Link(0, 0, 0));
+    std::vector<Link> edges_ = std::vector<Link>(std::size_t{1} << edgeBits, Link(0, 0, 0));
+    // What follows a node in its list.
+    std::unique_ptr<Link[]> next_ = std::make_unique_for_overwrite<Link[]>(firstFork + mostForks);
     std::vector<Fork> forks_;
     std::uint32_t nextLeaf_ = 0;
     std::size_t nextFork_ = 0;
