@@ -157,8 +157,8 @@ private:
     Stream& stream_;
     std::size_t blockLimit_;
     std::vector<std::uint16_t> symbols_;
-    Converter::CvMatchLength lengthConverter_;
-    Converter::CvDistance distanceConverter_;
+    inline static const Converter::CvMatchLength lengthConverter_;
+    inline static const Converter::CvDistance distanceConverter_;
 };
 
 } // namespace BufferBlock

@@ -1,5 +1,7 @@
 #include "documents/converter.h"
 
+#include <algorithm>
+
 namespace Converter {
 
 CvMatchLength::CvMatchLength() {
@@ -18,10 +20,12 @@ CvDistance::CvDistance() {
     for (std::uint8_t code = 0; code < 30; ++code) {
         extraBits_[code] = static_cast<std::uint8_t>(code < 4 ? 0 : code / 2 - 1);
         first_[code] = static_cast<std::uint16_t>(value);
-        for (const std::uint32_t end = value + (1u << extraBits_[code]); value < end; ++value) {
-            if (value < 256) near_[value] = code;
-            far_[value >> 7] = code;
-        }
+        const std::uint32_t end = value + (1u << extraBits_[code]);
+        if (value < 256)
+            std::fill(near_.begin() + value, near_.begin() + end, code);
+        else
+            std::fill(far_.begin() + value / 128, far_.begin() + end / 128, code);
+        value = end;
     }
 }
 

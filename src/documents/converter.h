@@ -38,8 +38,8 @@ public:
 
 private:
     // From 256 on all codes span whole groups of 128 distances, so two small tables serve for one of 32768.
-    std::array<std::uint8_t, 256> near_; // code of distance - 1
-    std::array<std::uint8_t, 256> far_;  // code of (distance - 1) / 128
+    std::array<std::uint8_t, 256> near_;  // code of distance - 1
+    std::array<std::uint8_t, 256> far_{}; // code of (distance - 1) / 128, from 2 on
     std::array<std::uint8_t, 30> extraBits_;
     std::array<std::uint16_t, 30> first_; // smallest distance - 1 of a code
 };

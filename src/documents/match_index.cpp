@@ -43,8 +43,21 @@ std::int32_t agreement(const unsigned char* a, const unsigned char* b, std::int3
 
 } // namespace
 
-MatchIndex::MatchIndex(std::int32_t longestMatch) : longestMatch_(longestMatch) {
-    forks_.reserve(mostForks);
+template <int keyBits>
+MatchIndex::Table<keyBits>::Table(int placeBits)
+    : tagBits_(std::max(keyBits - placeBits, 0)), tagMask_((1u << tagBits_) - 1),
+      lists_(std::size_t{1} << placeBits, Link(0, 0, 0)) {}
+
+// The tables have about as many places as there are nodes: a window of text that does not repeat itself takes
+// a leaf for each byte, others far fewer and as many forks.
+MatchIndex::MatchIndex(std::int32_t longestMatch, std::int32_t expected)
+    : longestMatch_(longestMatch),
+      previous_(static_cast<std::size_t>(std::min<std::int32_t>(expected, windowSize))),
+      roots_(std::clamp(static_cast<int>(std::bit_width(previous_.size())) - 2, rootKeyBits - tagBits, 15)),
+      edges_(std::clamp(static_cast<int>(std::bit_width(previous_.size())) - 3, edgeKeyBits - tagBits, 14)),
+      forkLimit_(std::min(mostForks, 2 * previous_.size() + fewestForks)) {
+    next_ = std::make_unique_for_overwrite<Link[]>(firstFork + forkLimit_);
+    forks_.reserve(forkLimit_);
 }
 
 // Forks are used again in a ring, each as soon as its newest position has left the window. The ring stays
@@ -52,8 +65,8 @@ MatchIndex::MatchIndex(std::int32_t longestMatch) : longestMatch_(longestMatch) 
 std::uint32_t MatchIndex::takeFork() {
     for (;;) {
         if (nextFork_ == forks_.size()) {
-            if (freeForks_ <= forks_.size() / 2 && forks_.size() < mostForks)
-                forks_.resize(std::min(mostForks, std::max(fewestForks, 2 * forks_.size())));
+            if (freeForks_ <= forks_.size() / 2 && forks_.size() < forkLimit_)
+                forks_.resize(std::min(forkLimit_, std::max(fewestForks, 2 * forks_.size())));
             else
                 nextFork_ = 0;
             freeForks_ = 0;
@@ -72,16 +85,8 @@ inline std::uint32_t MatchIndex::takeLeaf() {
     return leaf;
 }
 
-// An odd factor maps the numbers of so many bits onto themselves, so that place and tag together tell the
-// value.
-template <int keyBits, int placeBits>
-inline MatchIndex::Key MatchIndex::keyOf(std::uint32_t value) {
-    const std::uint32_t mixed = value * 0x9E3779B1u & ((1u << keyBits) - 1);
-    return {mixed >> (keyBits - placeBits), mixed & ((1u << (keyBits - placeBits)) - 1)};
-}
-
-inline MatchIndex::Key MatchIndex::edgeKey(std::uint32_t fork, std::uint32_t byte) const {
-    return keyOf<edgeKeyBits, edgeBits>((fork - firstFork) << 8 | byte);
+inline std::uint32_t MatchIndex::edge(std::uint32_t fork, std::uint32_t byte) const {
+    return edges_.mix((fork - firstFork) << 8 | byte);
 }
 
 inline MatchIndex::Link* MatchIndex::find(Link* link, std::uint32_t tag) {
@@ -91,18 +96,18 @@ inline MatchIndex::Link* MatchIndex::find(Link* link, std::uint32_t tag) {
 }
 
 // Puts a child that is no longer its fork's newest in the table.
-inline void MatchIndex::insert(Key key, Link child) {
-    Link* link = &edges_[key.place];
+inline void MatchIndex::insert(std::uint32_t edge, Link child) {
+    Link* link = edges_.list(edge);
     while (link->newest > child.newest)
         link = &next_[link->node()];
     next_[child.node()] = *link;
-    *link = Link(child.newest, child.node(), key.tag);
+    *link = Link(child.newest, child.node(), edges_.tag(edge));
 }
 
 Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t position, std::int32_t filled) {
     window_ = window;
     const Time now = windowTime_ + static_cast<Time>(position);
-    oldest_ = std::max(windowTime_, now - reach);
+    oldest_ = position > reach ? now - reach : windowTime_;
     const unsigned char* const here = window + position;
 
     std::uint16_t& head = heads_[static_cast<std::size_t>(here[0] << 8 | here[1])];
@@ -111,13 +116,13 @@ Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t positio
 
     const std::int32_t available = std::min(longestMatch_, filled - position);
     if (available < shortestMatch) return {};
-    const Key key = keyOf<rootKeyBits, rootBits>(threeBytes(here));
-    Link* const root = &roots_[key.place];
-    Link* const found = find(root, key.tag);
+    const std::uint32_t start = roots_.mix(threeBytes(here)), tag = roots_.tag(start);
+    Link* const root = roots_.list(start);
+    Link* const found = find(root, tag);
     if (!found) {
         const std::uint32_t leaf = takeLeaf();
         next_[leaf] = *root;
-        *root = Link(now, leaf, key.tag);
+        *root = Link(now, leaf, tag);
         return {};
     }
     if (found != root) { // to the front
@@ -137,7 +142,7 @@ Match MatchIndex::walk(Link* link, Time now, const unsigned char* here, std::int
         const Time candidate = link->newest;
         length = agreement(here, text(candidate), length, available);
         // The next search begins behind the match; its list is fetched while this one goes on.
-        prefetch(&roots_[keyOf<rootKeyBits, rootBits>(threeBytes(here + length)).place]);
+        prefetch(roots_.list(roots_.mix(threeBytes(here + length))));
         const bool takes = previous_[candidate - windowTime_] != 0;
         if (takes) best = {length, static_cast<std::int32_t>(now - candidate)};
 
@@ -172,16 +177,16 @@ Match MatchIndex::walk(Link* link, Time now, const unsigned char* here, std::int
             const std::uint32_t middle = takeFork();
             next_[middle] = next_[node];
             link->setNode(middle);
-            insert(edgeKey(middle, text(candidate)[length]), Link(candidate, node, 0));
+            insert(edge(middle, text(candidate)[length]), Link(candidate, node, 0));
             fork(middle) = {Link(now, takeLeaf(), wanted), length};
             return best;
         }
         Link& child = fork(node).child;
-        const Key key = edgeKey(node, wanted);
-        Link* const other = find(&edges_[key.place], key.tag);
+        const std::uint32_t toWanted = edge(node, wanted);
+        Link* const other = find(edges_.list(toWanted), edges_.tag(toWanted));
         const Link next = other ? Link(other->newest, other->node(), wanted) : Link(now, takeLeaf(), wanted);
         if (other) *other = next_[next.node()];
-        insert(edgeKey(node, child.tag()), child);
+        insert(edge(node, child.tag()), child);
         child = next;
         if (!other) return best;
         link = &child;

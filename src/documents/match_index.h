@@ -28,7 +28,8 @@ public:
     // Texts are read in words: that many bytes behind the last must be readable, whatever they hold.
     static constexpr std::int32_t slack = 8;
 
-    explicit MatchIndex(std::int32_t longestMatch);
+    // `expected` bytes are to come, or more: short inputs get small tables. At most 4 GiB may come in all.
+    MatchIndex(std::int32_t longestMatch, std::int32_t expected);
 
     // Looks for the text at `position` of `window`, of which `filled` bytes hold input, then enters the
     // position. Positions must rise from call to call. The oldest position in the window of all that begin
@@ -39,16 +40,10 @@ public:
     void slide();
 
 private:
-    // Time is the count of bytes since the start of the input; it begins at one window's length so that 0 has
-    // left the window from the beginning.
+    // Time counts the bytes of the input from 1, so that 0 has left the window from the beginning.
     using Time = std::uint32_t;
     static constexpr std::uint32_t windowSize = 65536;
-
-    static constexpr int rootKeyBits = 24,
-                         rootBits = 15; // three bytes, and what tells the place of their list
-    static constexpr int edgeKeyBits = 26, edgeBits = 14; // fork and byte, likewise
-    static constexpr int tagBits = edgeKeyBits - edgeBits;
-    static_assert(rootKeyBits - rootBits <= tagBits);
+    static constexpr int tagBits = 14;
 
     struct Link {
         Link() = default; // says nothing
@@ -66,8 +61,20 @@ private:
         Link child;         // the newest
         std::int32_t depth; // length of its text
     };
-    struct Key {
-        std::uint32_t place, tag;
+    // Lists of links by keys of `keyBits` bits. An odd factor maps such numbers onto themselves, so place and
+    // tag together tell the key.
+    template <int keyBits>
+    class Table {
+    public:
+        explicit Table(int placeBits);
+        std::uint32_t mix(std::uint32_t key) const { return key * 0x9E3779B1u & ((1u << keyBits) - 1); }
+        Link* list(std::uint32_t mixed) { return &lists_[mixed >> tagBits_]; }
+        std::uint32_t tag(std::uint32_t mixed) const { return mixed & tagMask_; }
+
+    private:
+        int tagBits_;
+        std::uint32_t tagMask_;
+        std::vector<Link> lists_;
     };
 
     // Each position takes at most one leaf, so the leaf that is taken next has left the window.
@@ -76,6 +83,7 @@ private:
     // ring is always free.
     static constexpr std::size_t fewestForks = 1024, mostForks = 2 * windowSize + fewestForks;
     static_assert(firstFork + mostForks <= std::size_t{1} << (32 - tagBits));
+    static constexpr int rootKeyBits = 24, edgeKeyBits = 26; // three bytes; fork and byte
     static_assert(mostForks <= std::size_t{1} << (edgeKeyBits - 8));
 
     const unsigned char* text(Time time) const { return window_ + (time - windowTime_); }
@@ -83,23 +91,22 @@ private:
     Match walk(Link* link, Time now, const unsigned char* here, std::int32_t available);
     std::uint32_t takeFork();
     std::uint32_t takeLeaf();
-    template <int keyBits, int placeBits>
-    static Key keyOf(std::uint32_t value);
-    Key edgeKey(std::uint32_t fork, std::uint32_t byte) const;
+    std::uint32_t edge(std::uint32_t fork, std::uint32_t byte) const;
     Link* find(Link* link, std::uint32_t tag);
-    void insert(Key key, Link link);
+    void insert(std::uint32_t edge, Link child);
 
     std::int32_t longestMatch_;
     const unsigned char* window_ = nullptr;
-    Time windowTime_ = windowSize; // of the window's first byte
-    Time oldest_ = windowSize;     // everything before has left the window
+    Time windowTime_ = 1; // of the window's first byte
+    Time oldest_ = 1;     // everything before has left the window
     // By two bytes, and by position: one more than the newest position, and than the one before; 0 is none.
     std::vector<std::uint16_t> heads_ = std::vector<std::uint16_t>(65536);
-    std::vector<std::uint16_t> previous_ = std::vector<std::uint16_t>(windowSize);
-    std::vector<Link> roots_ = std::vector<Link>(std::size_t{1} << rootBits, Link(0, 0, 0));
-    std::vector<Link> edges_ = std::vector<Link>(std::size_t{1} << edgeBits, Link(0, 0, 0));
+    std::vector<std::uint16_t> previous_;
+    Table<rootKeyBits> roots_; // where the texts begin
+    Table<edgeKeyBits> edges_; // the children that are not their fork's newest
     // What follows a node in its list.
-    std::unique_ptr<Link[]> next_ = std::make_unique_for_overwrite<Link[]>(firstFork + mostForks);
+    std::unique_ptr<Link[]> next_;
+    std::size_t forkLimit_;
     std::vector<Fork> forks_;
     std::uint32_t nextLeaf_ = 0;
     std::size_t nextFork_ = 0;

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <vector>
+#include <memory>
 
 #include "documents/crc32.h"
 #include "documents/match_index.h"
@@ -22,14 +22,15 @@ public:
     template <class Block>
     SDicEnc(Input& input, Block& block) : input_(input) {
         fill();
+        MatchIndex index(longestMatch, filled_);
         while (position_ < filled_) {
-            const Match match = index_.findAndEnter(dictionary_.data(), position_, filled_);
+            const Match match = index.findAndEnter(dictionary_.get(), position_, filled_);
             if (match.length < shortestMatch) {
                 block.literal_put(dictionary_[static_cast<std::size_t>(position_)]);
-                advance(1);
+                advance(1, index);
             } else {
                 block.match_len_put(match.length, match.distance);
-                advance(match.length);
+                advance(match.length, index);
             }
         }
     }
@@ -45,32 +46,34 @@ private:
 
     void fill() {
         while (filled_ < windowSize) {
-            unsigned char* const bytes = dictionary_.data() + filled_;
+            unsigned char* const bytes = dictionary_.get() + filled_;
             input_.read(reinterpret_cast<char*>(bytes), windowSize - filled_);
             const auto count = static_cast<std::int32_t>(input_.gcount());
-            if (count <= 0) return;
+            if (count <= 0) break;
             crc_ = updateCrc32(crc_, bytes, static_cast<std::size_t>(count));
             filled_ += count;
         }
+        std::fill_n(dictionary_.get() + filled_, MatchIndex::slack, static_cast<unsigned char>(0));
     }
 
     // A match is taken in one step; where it crosses the place of the slide, the index sees no difference,
     // for nothing is looked for in between.
-    void advance(std::int32_t bytes) {
+    void advance(std::int32_t bytes, MatchIndex& index) {
         position_ += bytes;
         if (position_ < slideAt) return;
         position_ -= slideBytes;
-        std::memcpy(dictionary_.data(), dictionary_.data() + slideBytes, slideBytes);
-        index_.slide();
+        std::memcpy(dictionary_.get(), dictionary_.get() + slideBytes, slideBytes);
+        index.slide();
         filled_ = std::max(filled_ - slideBytes, 0);
         fill();
     }
 
     Input& input_;
-    std::vector<unsigned char> dictionary_ = std::vector<unsigned char>(windowSize + MatchIndex::slack);
+    // Never read behind what is filled but for the zeros that follow it.
+    std::unique_ptr<unsigned char[]> dictionary_ =
+        std::make_unique_for_overwrite<unsigned char[]>(windowSize + MatchIndex::slack);
     std::int32_t filled_ = 0;   // bytes of the dictionary that hold input
     std::int32_t position_ = 0; // now being coded
-    MatchIndex index_{longestMatch};
     std::uint32_t crc_ = 0xFFFFFFFF;
 };
 
