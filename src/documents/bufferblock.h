@@ -26,6 +26,7 @@ public:
     void literal_put(int value) {
         if (value < 0 || value > 255) throw "literal_put: out of range.";
         symbols_.push_back(static_cast<std::uint16_t>(value));
+        ++words_[static_cast<std::size_t>(value)];
         sendWhenFull();
     }
 
@@ -39,6 +40,8 @@ public:
             throw "match_len_put: out of range.";
         symbols_.push_back(static_cast<std::uint16_t>(lengthWord));
         symbols_.push_back(static_cast<std::uint16_t>(distanceWord));
+        ++words_[static_cast<std::size_t>(lengthWord)];
+        ++distanceCodes_[distanceConverter_[distanceWord].code];
         sendWhenFull();
     }
 
@@ -55,6 +58,8 @@ public:
         sendTables(literals.lengths(), distances.lengths());
         sendSymbols(literals, distances);
         symbols_.clear();
+        words_.fill(0);
+        distanceCodes_.fill(0);
     }
 
 private:
@@ -63,35 +68,25 @@ private:
     static constexpr int codeLimit = 15;
     // Words up to 255 are literals, from `lengthBase` on lengths; the word after a length is distance - 1.
     static constexpr int lengthBase = 257;
-    static constexpr std::size_t wordKinds = lengthBase + Converter::CvMatchLength::longest + 1;
+    static constexpr std::size_t wordKinds = 517; // up to the length 259, which no code stands for
 
     void sendWhenFull() {
         if (symbols_.size() > blockLimit_) encode(0);
     }
 
     void count(Huffman::FrequencyTable& literals, Huffman::FrequencyTable& distances) const {
-        std::array<std::uint32_t, wordKinds> words{};
-        std::array<std::uint32_t, 30> distanceCodes{};
-        for (auto symbol = symbols_.begin(), end = symbols_.end(); symbol != end; ++symbol) {
-            const std::uint16_t word = *symbol;
-            if (word >= wordKinds) throw "out of range.";
-            ++words[word];
-            if (word <= endOfBlock) continue;
-            const std::uint16_t distance = *++symbol;
-            if (distance >= Converter::CvDistance::farthest) throw "out of range.";
-            ++distanceCodes[distanceConverter_[distance].code];
-        }
         literals.count(endOfBlock);
         for (std::size_t word = 0; word < wordKinds; ++word)
-            if (words[word] > 0)
-                literals.count(word <= endOfBlock ? word : lengthCode(word).code, words[word]);
-        for (std::size_t code = 0; code < distanceCodes.size(); ++code)
-            if (distanceCodes[code] > 0) distances.count(code, distanceCodes[code]);
+            if (words_[word] > 0)
+                literals.count(word <= endOfBlock ? word : lengthCode(word).code, words_[word]);
+        for (std::size_t code = 0; code < distanceCodes_.size(); ++code)
+            if (distanceCodes_[code] > 0) distances.count(code, distanceCodes_[code]);
     }
 
     const Converter::Code& lengthCode(std::size_t word) const {
         const int length = static_cast<int>(word) - lengthBase;
-        if (length < Converter::CvMatchLength::shortest) throw "out of range.";
+        if (length < Converter::CvMatchLength::shortest || length > Converter::CvMatchLength::longest)
+            throw "out of range.";
         return lengthConverter_[length];
     }
 
@@ -128,17 +123,15 @@ private:
     }
 
     void sendSymbols(const Huffman::HuffEnc& literals, const Huffman::HuffEnc& distances) {
-        std::array<Huffman::HuffEnc::Bits, wordKinds> words{}; // no bits for a word that has no code
-        for (std::size_t word = 0; word < wordKinds; ++word) {
-            if (word > endOfBlock && word < lengthBase + Converter::CvMatchLength::shortest) continue;
-            const std::size_t symbol = word <= endOfBlock ? word : lengthCode(word).code;
-            if (symbol >= literals.lengths().size() || literals.lengths()[symbol] == 0) continue;
-            words[word] =
-                word <= endOfBlock ? literals.bits(symbol) : joined(literals.bits(symbol), lengthCode(word));
-        }
+        std::array<Huffman::HuffEnc::Bits, wordKinds> words{};
+        for (std::size_t word = 0; word < wordKinds; ++word)
+            if (words_[word] > 0)
+                words[word] = word <= endOfBlock
+                                  ? literals.bits(word)
+                                  : joined(literals.bits(lengthCode(word).code), lengthCode(word));
         std::array<Huffman::HuffEnc::Bits, 30> distanceCodes{};
-        for (std::size_t code = 0; code < distances.lengths().size(); ++code)
-            if (distances.lengths()[code] > 0) distanceCodes[code] = distances.bits(code);
+        for (std::size_t code = 0; code < distanceCodes.size(); ++code)
+            if (distanceCodes_[code] > 0) distanceCodes[code] = distances.bits(code);
 
         for (auto symbol = symbols_.begin(), end = symbols_.end(); symbol != end; ++symbol) {
             put(words[*symbol]);
@@ -146,17 +139,16 @@ private:
             const Converter::Code distance = distanceConverter_[*++symbol];
             put(joined(distanceCodes[distance.code], distance));
         }
-        put(words[endOfBlock]);
+        put(literals.bits(endOfBlock));
     }
 
-    void put(Huffman::HuffEnc::Bits bits) {
-        if (bits.length == 0) throw "encode: out of range.";
-        stream_.n_bit_put(bits.pattern, bits.length);
-    }
+    void put(Huffman::HuffEnc::Bits bits) { stream_.n_bit_put(bits.pattern, bits.length); }
 
     Stream& stream_;
     std::size_t blockLimit_;
     std::vector<std::uint16_t> symbols_;
+    std::array<std::uint32_t, wordKinds> words_{}; // how often each word is held
+    std::array<std::uint32_t, 30> distanceCodes_{};
     inline static const Converter::CvMatchLength lengthConverter_;
     inline static const Converter::CvDistance distanceConverter_;
 };

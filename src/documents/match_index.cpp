@@ -120,6 +120,8 @@ Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t positio
     Link* const root = roots_.list(start);
     Link* const found = find(root, tag);
     if (!found) {
+        // Literals come in rows; the lists of the next ones are fetched before they are asked for.
+        prefetch(roots_.list(roots_.mix(threeBytes(here + 4))));
         const std::uint32_t leaf = takeLeaf();
         next_[leaf] = *root;
         *root = Link(now, leaf, tag);

@@ -60,7 +60,8 @@ public:
 
 private:
     static constexpr std::size_t blockLimit = 0x7FFE;
-    static constexpr std::int64_t largest = 0xFFFFFFFF;
+    static constexpr std::uint32_t largest = 0xFFFFFFFF; // bytes in a file
+    static constexpr const char* tooLarge = "encode: archive is too large.";
 
     void add(ZipHeader& entry) {
         const std::string path = entry.name;
@@ -73,7 +74,7 @@ private:
             put(entry, {});
             return;
         }
-        if (entry.uncompressedSize > largest) throw "encode: archive is too large.";
+        if (entry.uncompressedSize > largest) throw tooLarge;
         const std::optional<std::string> content = readAll(path);
         if (!content) return;
 
@@ -96,6 +97,7 @@ private:
         do {
             input.read(block.data(), static_cast<std::streamsize>(block.size()));
             content.append(block, 0, static_cast<std::size_t>(input.gcount()));
+            if (content.size() > largest) throw tooLarge;
         } while (input.gcount() > 0);
         return content;
     }
