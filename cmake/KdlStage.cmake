@@ -14,9 +14,10 @@ set(stage_stamp ${KDL_STAGE}/.dist)
 add_custom_command(
   OUTPUT ${stage_stamp}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${KDL_STAGE}/hst ${KDL_STAGE}/log ${KDL_STAGE}/tmp
-  COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/dist ${KDL_STAGE}
+  COMMAND ${CMAKE_COMMAND} -DFROM=${PROJECT_SOURCE_DIR}/dist -DTO=${KDL_STAGE} -P ${CMAKE_CURRENT_LIST_DIR}/StageShipped.cmake
+  COMMAND ${CMAKE_COMMAND} -E copy ${PROJECT_SOURCE_DIR}/tools/showcase/terminal.script ${KDL_STAGE}/bin/showcase.script
   COMMAND ${CMAKE_COMMAND} -E touch ${stage_stamp}
-  DEPENDS ${shipped}
+  DEPENDS ${shipped} ${PROJECT_SOURCE_DIR}/tools/showcase/terminal.script
   COMMENT "Staging what is shipped"
   VERBATIM)
 add_custom_target(kdl_stage ALL DEPENDS ${stage_stamp})

@@ -158,7 +158,7 @@ private:
     void playCurrentSong() {
         const DataResource song = currentRecord();
         zelkova::Media& media = currentMedia();
-        media.seek(song.getAnsStart() * positionFactor(song.getFileType()));
+        media.seek(toMilliseconds(song.getAnsStart(), song.getFileType()));
         media.setVolume(host().answerVolume * 10);
         media.setSpeed(normalSpeed);
         media.play();
@@ -167,7 +167,7 @@ private:
     void onTick() {
         if (songCount(stage_) == 1) {
             const DataResource song = currentRecord();
-            if (currentMedia().getPosition() >= song.getAnsEnd() * positionFactor(song.getFileType()))
+            if (currentMedia().getPosition() >= toMilliseconds(song.getAnsEnd(), song.getFileType()))
                 stopAnswers();
             return;
         }

@@ -15,15 +15,6 @@
 namespace {
 
 enum : int {
-    resultRight = 1,
-    resultRightWithCheer,
-    resultWrong,
-    resultTimeUp,
-    resultVoid = -1,
-    resultPause = -2
-};
-
-enum : int {
     idUser = 1202,
     idRight = 1204,
     idWrong = 1206,
@@ -59,11 +50,12 @@ class AnswerRequest {
 public:
     explicit AnswerRequest(int userId) : userId_(userId) {}
 
-    int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0102_REQUEST",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return handle(dialog, message);
-                                   });
+    Verdict run(platform::WindowHandle owner) {
+        return static_cast<Verdict>(
+            platform::runDialog(owner, "IDD_KDL0102_REQUEST",
+                                [this](platform::WindowHandle dialog, const platform::Message& message) {
+                                    return handle(dialog, message);
+                                }));
     }
 
 private:
@@ -127,14 +119,14 @@ private:
             hurry_.play();
             return true;
         case idOk:
-            platform::endDialog(dialog_, verdict());
+            end(verdict());
             return true;
         case idVoid:
         case platform::IDCANCEL:
-            platform::endDialog(dialog_, resultVoid);
+            end(Verdict::Void);
             return true;
         case idPause:
-            platform::endDialog(dialog_, resultPause);
+            end(Verdict::Pause);
             return true;
         default:
             return false;
@@ -146,10 +138,12 @@ private:
         platform::enable({dialog_, idOk}, true);
     }
 
-    int verdict() const {
+    void end(Verdict verdict) { platform::endDialog(dialog_, static_cast<int>(verdict)); }
+
+    Verdict verdict() const {
         if (platform::isChecked({dialog_, idRight}))
-            return platform::isChecked({dialog_, idCheer}) ? resultRightWithCheer : resultRight;
-        return platform::isChecked({dialog_, idWrong}) ? resultWrong : resultTimeUp;
+            return platform::isChecked({dialog_, idCheer}) ? Verdict::RightWithCheer : Verdict::Right;
+        return platform::isChecked({dialog_, idWrong}) ? Verdict::Wrong : Verdict::TimeUp;
     }
 
     VolumeBar volumeBar() const { return {{dialog_, idVolume}, {dialog_, idVolumeText}}; }
@@ -163,7 +157,7 @@ private:
 
 } // namespace
 
-int dlgAnswerRequest(platform::WindowHandle owner, int requestUserId) {
+Verdict dlgAnswerRequest(platform::WindowHandle owner, int requestUserId) {
     return AnswerRequest(requestUserId).run(owner);
 }
 

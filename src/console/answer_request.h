@@ -7,9 +7,17 @@
 #include "data/data_session.h"
 #include "platform/types.h"
 
-// 1 right, 2 right with cheer, 3 wrong, 4 time up, -1 the buzz is void, -2 void and on to a pause.
+enum class Verdict : int {
+    Right = 1,
+    RightWithCheer = 2,
+    Wrong = 3,
+    TimeUp = 4,
+    Void = -1, // the buzz counts for nothing
+    Pause = -2 // void, and on to a pause
+};
+
 // `requestUserId` is the index of the user who buzzed in.
-int dlgAnswerRequest(platform::WindowHandle owner, int requestUserId);
+Verdict dlgAnswerRequest(platform::WindowHandle owner, int requestUserId);
 
 // What the verdict will do, in the words of the dialog's effect line.
 std::string rightAnswerEffect(const DataSession& stage, const std::string& name, int points);

@@ -83,8 +83,7 @@ void startQuest() {
 void replayQuest() {
     if (!guard(EV_PLAY)) return;
     redrawRandomStarts();
-    host().kdlState->changeState(EV_PLAY);
-    notifyStatus();
+    enterPlay();
 }
 
 void stopQuest() {

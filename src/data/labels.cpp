@@ -1,6 +1,7 @@
 #include "data/labels.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -67,4 +68,10 @@ int positionFactor(int fileType) {
     default:
         return 0;
     }
+}
+
+int toMilliseconds(std::int64_t units, int fileType) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(
+        std::clamp<std::int64_t>(units * positionFactor(fileType), Limits::min(), Limits::max()));
 }

@@ -63,3 +63,5 @@ std::string genreFromId3(int code);
 int fileTypeFromName(std::string_view name);
 // Milliseconds in one unit of a song's stored positions; 0 for a type that cannot be played.
 int positionFactor(int fileType);
+// A stored position in milliseconds; one that does not fit gives the nearest that does.
+int toMilliseconds(std::int64_t units, int fileType);

@@ -67,6 +67,8 @@ void redraw(WindowHandle window);
 void lockUpdate(WindowHandle window, bool locked);
 void captureMouse(WindowHandle window);
 void releaseMouse();
+// The mouse was captured and still is; a dialog that opens takes it away.
+bool hasMouse(WindowHandle window);
 enum class Cursor { Arrow, SplitHorizontal, SplitVertical };
 void setCursor(WindowHandle window, Cursor cursor);
 

@@ -37,7 +37,7 @@ protected:
     int run(const std::function<void(WindowHandle)>& act) {
         driver::Script script;
         script.expectDialog(name, act);
-        const int result = dlgAnswerRequest(window, 1);
+        const int result = static_cast<int>(dlgAnswerRequest(window, 1));
         EXPECT_THAT(script, RanAsWritten());
         return result;
     }

@@ -91,8 +91,9 @@ TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
     desk.openSession(odd);
     desk.connect();
     desk.announce("青木", 1);
+    EXPECT_EQ(platform::getStatusText({host().mainWindow, ids::statusBar}, 0), "問題の注意");
     desk.playQuest(); // too few songs: silence
-    EXPECT_NE(platform::getStatusText({host().mainWindow, ids::statusBar}, 1), "");
+    EXPECT_EQ(platform::getStatusText({host().mainWindow, ids::statusBar}, 0), "問題の注意");
     desk.pass(3000);
     EXPECT_EQ(desk.stateName(), "WAIT");
 }
@@ -106,6 +107,8 @@ TEST_F(Session, APortInUse) {
     EXPECT_EQ(desk.stateName(), "START");
     EXPECT_EQ(host().curQuestNumber, 0);
     EXPECT_EQ(host().server, nullptr);
+    desk.expectMessage(3000002); // no session, no running order
+    driver::chooseMenu(host().mainWindow, 11016);
     platform::closeSocket(other);
     desk.openSession(file);
     EXPECT_EQ(desk.stateName(), "INIT");
@@ -213,4 +216,82 @@ TEST_F(Session, RebuildingThePlayersInMidSession) {
     desk.reply("STATUSNOTIFY", 301);
     driver::chooseMenu(host().mainWindow, 11015);
     desk.leadIn();
+}
+
+TEST_F(Session, ASecondBuzzFindsTheFirstOne) {
+    startShow();
+    desk.playQuest();
+    desk.script.expectDialog("IDD_KDL0102_REQUEST", [this](platform::WindowHandle dialog) {
+        desk.hear(); // 200 for the first
+        desk.buzz(1);
+        EXPECT_EQ(desk.hear().getNumber("Code"), 502);
+        driver::click({dialog, e2e::Desk::buttonVoid});
+    });
+    desk.buzz(0);
+    EXPECT_EQ(host().requestUserId, 0);
+    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
+}
+
+TEST_F(Session, ABuzzEndsADraggedBorder) {
+    startShow();
+    desk.playQuest();
+    const platform::WindowHandle left = platform::getParent(host().consolePane);
+    const int width = platform::getRect(left).width;
+    platform::sendMessage(
+        left, platform::WM_LBUTTONDOWN, 0,
+        static_cast<platform::LParam>(platform::makeLong(static_cast<unsigned>(width - 2), 50)));
+    EXPECT_TRUE(platform::hasMouse(left));
+    desk.script.expectDialog("IDD_KDL0102_REQUEST", [left](platform::WindowHandle dialog) {
+        EXPECT_FALSE(platform::hasMouse(left));
+        driver::click({dialog, e2e::Desk::buttonVoid});
+    });
+    desk.buzz(0);
+    platform::sendMessage(left, platform::WM_MOUSEMOVE, 0,
+                          static_cast<platform::LParam>(platform::makeLong(200, 50)));
+    EXPECT_EQ(platform::getRect(left).width, width);
+}
+
+// The terminal answers the end of a quest's play with a word of its own: the songs' watch must not end the
+// next play.
+TEST_F(Session, AReplayAfterAnOddAnswerWaitsForItsOwn) {
+    startShow();
+    desk.playQuest();
+    desk.pass(2500);
+    EXPECT_TRUE(desk.click(ids::stop));
+    desk.hear();
+    desk.reply("STATUSNOTIFY", 200); // not 303: the song plays on
+    EXPECT_TRUE(desk.click(ids::replay));
+    EXPECT_EQ(desk.hear().getText("Status"), "PLAY");
+    desk.pass(5000);
+    EXPECT_EQ(desk.stateName(), "PLAY");
+    desk.reply("STATUSNOTIFY", 302);
+    desk.pass(2900);
+    EXPECT_EQ(desk.stateName(), "PLAY");
+    desk.pass(200);
+    EXPECT_EQ(desk.stateName(), "WAIT");
+}
+
+TEST_F(Session, TheRunningTimeLeavesOutUnitsOfZero) {
+    struct Case {
+        int pauseMs;
+        const char* text;
+    };
+    desk.start();
+    for (const Case& c : {Case{0, "２秒"}, Case{58'000, "１分"}, Case{3'609'000, "１時間１１秒"},
+                          Case{86'401'000, "１日３秒"}}) {
+        desk.openSession(file);
+        desk.connect();
+        desk.announce("青木", 1);
+        ASSERT_TRUE(desk.click(ids::questStart));
+        desk.hear();
+        desk.reply("STATUSNOTIFY", 301);
+        desk.pass(2000 + c.pauseMs);
+        const std::string history = desk.folder.file("hst/history.xml");
+        std::filesystem::remove(history);
+        desk.endSession(history);
+        const auto bytes = platform::readFile(history);
+        ASSERT_TRUE(bytes);
+        EXPECT_NE(bytes->find(std::string("<exhibition>") + c.text + "</exhibition>"), std::string::npos)
+            << c.text;
+    }
 }

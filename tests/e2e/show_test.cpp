@@ -12,6 +12,7 @@
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
 #include "platform/files.h"
+#include "support/test_sounds.h"
 
 namespace {
 
@@ -58,6 +59,8 @@ protected:
                     .songs = "7,8,9,10,11,12"}),
              stage({.name = "四回戦", .quests = 3, .handsType = handsRest, .hands = 2, .songs = "13,14,15"}),
              stage({.name = "決勝", .quests = 3, .deduction = 5, .steal = 0, .songs = "16,17,18"})});
+        test_support::writeSilence(desk.folder.file("eft/applause.wav"), 3000);
+        desk.folder.settings.setEfcApplause2(desk.folder.file("eft/applause.wav"));
         desk.start();
         desk.openSession(session);
         EXPECT_EQ(desk.stateName(), "INIT");
@@ -267,7 +270,13 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
                       "\"3\",\"土井\",\"5\",\"30\",\"1\",\"9\",\"1\",\"0\",\"0\"");
     desk.reply("REVISION", 200);
     EXPECT_EQ(desk.stateName(), "END");
-    desk.pass(6000); // the applause
+
+    // The applause of three seconds: two of them, then one and a half, then two and four tenths.
+    const std::uint32_t before = platform::getTickCount();
+    desk.pass(500);
+    EXPECT_NEAR(static_cast<double>(platform::getTickCount() - before), 500 + 2000 + 1500 + 2400, 100);
+    EXPECT_FALSE(host().effectMedia.isPlaying());
+    EXPECT_EQ(host().effectMedia.getEnd(), 0); // closed
 
     const std::string file = desk.folder.file("hst/history.xml");
     desk.endSession(file);

@@ -119,3 +119,24 @@ TEST_F(Start, ALogThatCannotBeWrittenIsTold) {
     desk.expectMessage(4000013);
     desk.start();
 }
+
+TEST(StartWithBrokenFiles, ASettingsFileThatCannotBeReadIsToldAndLeftAlone) {
+    for (const std::string& bytes : broken) {
+        e2e::Desk other;
+        const std::string file = other.folder.file("cnf/Config.xml");
+        other.folder.keepSettings(bytes);
+        other.expectMessage(4000012);
+        other.start();
+        EXPECT_EQ(platform::readFile(file), bytes);
+        EXPECT_EQ(host().dataApplication.getServerPort(), 0);
+    }
+}
+
+TEST(StartWithBrokenFiles, WithoutSettingsTheDefaultsHold) {
+    e2e::Desk other;
+    other.folder.keepSettings({});
+    other.start();
+    EXPECT_EQ(other.stateName(), "START");
+    EXPECT_TRUE(platform::pathExists(other.folder.file("log/kdl_server.log")));
+    EXPECT_TRUE(platform::pathExists(other.folder.file("cnf/ResourceData.xml")));
+}

@@ -224,3 +224,55 @@ TEST(TerminalLeaves, UnderTheHistoryQuestion) {
     show.waitForEnd();
     show.playAgain();
 }
+
+// A terminal that hung wakes while the session is being ended: nothing starts again behind the question.
+TEST(TerminalLeaves, NotButAnswersUnderTheHistoryQuestion) {
+    struct Case {
+        const char* what;
+        std::function<void(Desk&)> go; // leaves a request of the host open
+        const char* method;
+        int code;
+    };
+    const Case cases[] = {
+        {"lead-in",
+         [](Desk& desk) {
+             toWait(desk);
+             desk.click(ids::skip);
+             desk.hear();
+             desk.reply("REVISION", 200);
+             start(desk);
+         },
+         "STATUSNOTIFY", 301},
+        {"play",
+         [](Desk& desk) {
+             toWait(desk);
+             desk.click(ids::replay);
+             desk.hear();
+         },
+         "STATUSNOTIFY", 302},
+        {"answers", toDsp, "DSPANS", 200},
+        {"revision",
+         [](Desk& desk) {
+             toWait(desk);
+             desk.click(ids::skip);
+             desk.hear();
+         },
+         "REVISION", 200},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        TerminalLeaves show;
+        c.go(show.desk);
+        ASSERT_EQ(host().vrmStatus, 1);
+        show.desk.script.expectMessageBox(platform::Answer::No, [&](const std::string&) {
+            show.desk.reply(c.method, c.code);
+            show.desk.buzz(0);
+        });
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+        EXPECT_EQ(show.desk.stateName(), "START");
+        EXPECT_FALSE(host().questMedia[0].isPlaying());
+        show.desk.pass(3000);
+        EXPECT_EQ(show.desk.stateName(), "START");
+        EXPECT_FALSE(host().effectMedia.isPlaying());
+    }
+}

@@ -27,8 +27,7 @@ Program::~Program() {
 void Program::start(const ProgramFolder& folder) {
     folder.writeSettings();
     window_ = std::make_unique<MainWnd>();
-    init(*window_, folder.moduleFolder());
-    window_->show(true);
+    openProgram(*window_, folder.moduleFolder());
     platform::driver::settle();
 }
 

@@ -6,6 +6,7 @@
 #include "data/accesser_resource.h"
 #include "data/accesser_session.h"
 #include "data/labels.h"
+#include "platform/files.h"
 #include "platform/socket.h"
 #include "support/test_sounds.h"
 
@@ -46,7 +47,13 @@ ProgramFolder::ProgramFolder() {
         (settings.*setter)(jingle);
 }
 
+void ProgramFolder::keepSettings(std::optional<std::string> bytes) {
+    settingsKept_ = true;
+    if (bytes) platform::replaceFile(file("cnf/Config.xml"), *bytes);
+}
+
 void ProgramFolder::writeSettings() const {
+    if (settingsKept_) return;
     AccesserApplication().save(file("cnf/Config.xml"), settings);
 }
 

@@ -2,6 +2,7 @@
 // A folder as the program finds it around its executable, gone at the end: settings that let it run on a free
 // port, the shipped messages, silent effects, and the songs and sessions that are added.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ public:
 
     DataApplication settings;
     void writeSettings() const; // to cnf/Config.xml
+    // From now on Config.xml is this instead; without bytes there is none.
+    void keepSettings(std::optional<std::string> bytes);
 
     // Makes a file of silence for the song and gives the song's number in the catalogue.
     int addSong(const std::string& title, const std::string& artist, int lengthMs = 60000);
@@ -30,6 +33,7 @@ public:
     std::string writeSession(const std::string& name, const std::vector<DataSession>& stages);
 
 private:
+    bool settingsKept_ = false;
     std::string catalogue() const { return file("cnf/ResourceData.xml"); }
 };
 

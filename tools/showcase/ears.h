@@ -15,9 +15,12 @@ public:
     void hear(const platform::CapturedBlock& block);
     // Root mean square of what was due in the last so many milliseconds, all players together; 0 is silence.
     double loudness(std::uint32_t milliseconds) const;
+    // How many players were heard in that time.
+    std::size_t voices(std::uint32_t milliseconds) const;
 
 private:
     struct Piece {
+        const void* player;
         std::uint32_t tick;
         double squares;
         std::size_t samples;

@@ -59,13 +59,14 @@ public:
         press("第" + std::to_string(quest) + "問: 出題開始", ids::questStart, stateIs("ENABLE", quest));
     }
 
-    // The song is heard while it plays.
-    void listen(int quest, const char* pictureName) {
+    // The songs of the quest are heard while they play.
+    void listen(int quest, const char* pictureName, std::size_t songs = 1) {
         add(
             "第" + std::to_string(quest) + "問: 曲が聞こえる",
-            [quest, ears = &ears_] {
+            [quest, songs, ears = &ears_] {
                 return inState("PLAY") && host().curQuestNumber == quest && host().songsStarted &&
-                       host().playElapsed >= 300 && ears->loudness(200) > audible;
+                       host().playElapsed >= 300 && ears->loudness(200) > audible &&
+                       ears->voices(200) >= songs;
             },
             [road = &road_, pictureName] {
                 if (pictureName) road->picture(host().mainWindow, pictureName);
@@ -73,7 +74,11 @@ public:
     }
 
     void judge(const char* what, int radio, bool withCheer = false) {
-        add(what, dialogIs("IDD_KDL0102_REQUEST"), [road = &road_, ears = &ears_, radio, withCheer] {
+        // Behind a buzz at most the buzzer sounds.
+        const auto songsAreSilent = [ears = &ears_, open = dialogIs("IDD_KDL0102_REQUEST")] {
+            return open() && ears->voices(150) <= 1;
+        };
+        add(what, songsAreSilent, [road = &road_, radio, withCheer] {
             const platform::WindowHandle dialog = openDialog("IDD_KDL0102_REQUEST");
             driver::click({dialog, radio});
             if (platform::isChecked({dialog, cheer}) != withCheer) driver::click({dialog, cheer});
@@ -86,18 +91,18 @@ public:
 
     // victim: index in the list of the answer display, -1 without a steal.
     void showAnswer(int victim = -1) {
-        add("正解表示: 正解確認", dialogIs("IDD_KDL0103_ANSWERDSP"), [victim] {
+        // Once the cheers are over, what is heard is the answer.
+        const auto quiet = [ears = &ears_, open = dialogIs("IDD_KDL0103_ANSWERDSP")] {
+            return open() && ears->voices(200) == 0;
+        };
+        add("正解表示: 正解確認", quiet, [victim] {
             const platform::WindowHandle dialog = openDialog("IDD_KDL0103_ANSWERDSP");
             driver::click({dialog, playAnswer});
             if (victim >= 0) driver::select({dialog, victimList}, victim);
         });
         add(
             "正解表示: 正解が聞こえる",
-            [ears = &ears_, begun = std::uint32_t(0)]() mutable {
-                if (!openDialog("IDD_KDL0103_ANSWERDSP")) return false;
-                if (begun == 0) begun = platform::getTickCount();
-                return platform::getTickCount() - begun > 1000 && ears->loudness(200) > audible;
-            },
+            [ears = &ears_] { return openDialog("IDD_KDL0103_ANSWERDSP") && ears->loudness(200) > audible; },
             [road = &road_] {
                 const platform::WindowHandle dialog = openDialog("IDD_KDL0103_ANSWERDSP");
                 road->picture(dialog, "answer_display");
@@ -168,7 +173,7 @@ void secondStage(Author& author) {
 
 void laterStages(Author& author) {
     author.playQuest(7);
-    author.listen(7, "three_songs");
+    author.listen(7, "three_songs", 3);
     author.judge("判定: 正解", radioRight);
     author.showAnswer();
     author.press("＞", ids::nextQuest, stateIs("ENABLE", 8));

@@ -74,8 +74,10 @@ void layOutChild(const SplitterRecord& record) {
 
 } // namespace
 
-platform::LResult baseWindowProc(SplitterRecord& record, platform::WindowHandle window, unsigned message,
-                                 platform::WParam wParam, platform::LParam lParam) {
+platform::LResult BaseWnd::componentWndProc(platform::WindowHandle window, unsigned message,
+                                            platform::WParam wParam, platform::LParam lParam) {
+    if (!splitter_) return platform::defWindowProc(window, message, wParam, lParam);
+    const SplitterRecord& record = *splitter_;
     switch (message) {
     case platform::WM_SIZE:
         layOutChild(record);
@@ -87,6 +89,7 @@ platform::LResult baseWindowProc(SplitterRecord& record, platform::WindowHandle 
         if (drag != Drag::None) platform::captureMouse(window);
         return 0;
     case platform::WM_MOUSEMOVE:
+        if (!platform::hasMouse(window)) drag = Drag::None;
         if (drag == Drag::None)
             showCursor(record, pointOf(lParam));
         else
@@ -100,24 +103,4 @@ platform::LResult baseWindowProc(SplitterRecord& record, platform::WindowHandle 
     default:
         return platform::defWindowProc(window, message, wParam, lParam);
     }
-}
-
-BaseLeftWnd::BaseLeftWnd() {
-    className = "BaseWndClass";
-}
-
-platform::LResult BaseLeftWnd::componentWndProc(platform::WindowHandle window, unsigned message,
-                                                platform::WParam wParam, platform::LParam lParam) {
-    if (!splitter_) return platform::defWindowProc(window, message, wParam, lParam);
-    return baseWindowProc(*splitter_, window, message, wParam, lParam);
-}
-
-BaseRightDataWnd::BaseRightDataWnd() {
-    className = "BaseWndClass";
-}
-
-platform::LResult BaseRightDataWnd::componentWndProc(platform::WindowHandle window, unsigned message,
-                                                     platform::WParam wParam, platform::LParam lParam) {
-    if (!splitter_) return platform::defWindowProc(window, message, wParam, lParam);
-    return baseWindowProc(*splitter_, window, message, wParam, lParam);
 }

@@ -13,29 +13,19 @@ struct SplitterRecord {
 
 constexpr int splitterWidth = 5; // pixels, also the least width and height of a base window
 
-// Handles the splitter's and the layout's messages of any base window; 0 for all of them, and what the
-// platform does for the others.
-platform::LResult baseWindowProc(SplitterRecord& record, platform::WindowHandle window, unsigned message,
-                                 platform::WParam wParam, platform::LParam lParam);
-
-class BaseLeftWnd : public zelkova::Component {
+class BaseWnd : public zelkova::Component {
 public:
-    BaseLeftWnd();
     platform::LResult componentWndProc(platform::WindowHandle window, unsigned message,
                                        platform::WParam wParam, platform::LParam lParam) override;
-    void setSplitter(SplitterRecord* record) { splitter_ = record; } // owned by the frame
-
-private:
-    SplitterRecord* splitter_ = nullptr;
-};
-
-class BaseRightDataWnd : public zelkova::Component {
-public:
-    BaseRightDataWnd();
-    platform::LResult componentWndProc(platform::WindowHandle window, unsigned message,
-                                       platform::WParam wParam, platform::LParam lParam) override;
+    // The record is the frame's; without one the window is an empty surface.
     void setSplitter(SplitterRecord* record) { splitter_ = record; }
 
+protected:
+    BaseWnd() { className = "BaseWndClass"; }
+
 private:
     SplitterRecord* splitter_ = nullptr;
 };
+
+class BaseLeftWnd : public BaseWnd {};
+class BaseRightDataWnd : public BaseWnd {};

@@ -88,7 +88,6 @@ void showTurnRoundPoints() {
 void rebuildPlayers() {
     HostState& state = host();
     createPlayers();
-    state.songsStarted = false;
     if (state.curQuestNumber != 0 &&
         questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
         initResource();

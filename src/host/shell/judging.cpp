@@ -17,10 +17,6 @@ DataUserInfo& requester() {
     return host().userList[static_cast<std::size_t>(host().requestUserId)];
 }
 
-void addScore(DataUserInfo& user, int points) {
-    user.setScore(user.getScore() + points);
-}
-
 void logAnswer(const char* answer) {
     zelkova::DataPairsList pairs;
     pairs.add("ANSWER", answer);
@@ -119,7 +115,7 @@ void applySteal(int victim) {
     pairs.add("FROM_USER", requester().getName());
     if (victim >= 0 && victim < maxUsers) {
         DataUserInfo& loser = state.userList[static_cast<std::size_t>(victim)];
-        addScore(loser, -points);
+        addScore(loser, -std::int64_t{points});
         pairs.add("TO_USER", loser.getName());
     }
     addScorePairs(pairs);

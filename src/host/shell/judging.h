@@ -1,8 +1,7 @@
 #pragma once
 // What a verdict of the answer request dialog does: state, sound, score, message to the terminal.
 
-// Results of the dialog.
-enum class Verdict : int { Right = 1, RightWithCheer = 2, Wrong = 3, TimeUp = 4, Void = -1, Pause = -2 };
+#include "console/answer_request.h"
 
 // For the user in requestUserId. Refused (and nothing done) when the session has ended meanwhile.
 void applyVerdict(Verdict verdict);

@@ -4,6 +4,7 @@
 #include "foundation/views/message_box.h"
 #include "host/shell/terminal_replies.h"
 #include "host/shell/terminal_requests.h"
+#include "host/shell/timers.h"
 #include "host/state/console_ids.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
@@ -101,6 +102,7 @@ void onReadable() {
 void onClosed() {
     HostState& state = host();
     logEvent("FD_CLOSE");
+    killSessionTimers();
     state.server->sendResponse(202, DefineVrp::MDS_CLOSE);
     state.server->shutdown(platform::SD_BOTH);
     state.server->close();

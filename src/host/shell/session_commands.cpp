@@ -12,6 +12,7 @@
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "host/shell/server_events.h"
+#include "host/shell/timers.h"
 #include "host/state/console_ids.h"
 #include "host/state/history_record.h"
 #include "host/state/host_log.h"
@@ -26,8 +27,9 @@
 
 namespace {
 
-// A stage of a file from elsewhere may claim any number; the editors allow 100.
-constexpr int mostQuestsInStage = 9999;
+// A file from elsewhere may claim any numbers; the editors allow 100 quests in a stage.
+constexpr int mostStages = 1000;
+constexpr int mostQuests = 9999;
 
 struct SessionPlan {
     std::string name, sessionVoice, mcVoice;
@@ -54,14 +56,11 @@ std::optional<SessionPlan> readSession(const std::string& file) {
     accesser.close();
     accesser.open(file);
     SessionPlan plan;
-    plan.maxPart = accesser.getMaxPart();
+    plan.maxPart = std::min(accesser.getMaxPart(), mostStages);
     for (int id = 1; id <= plan.maxPart; ++id) {
         DataSession stage;
-        if (!accesser.getPart(id, stage)) {
-            if (id > static_cast<int>(plan.stages.size()) + mostQuestsInStage) break;
-            continue;
-        }
-        stage.setQuestNum(std::clamp(stage.getQuestNum(), 0, mostQuestsInStage));
+        if (!accesser.getPart(id, stage)) continue;
+        stage.setQuestNum(std::clamp(stage.getQuestNum(), 0, mostQuests - plan.questCount));
         plan.questCount += stage.getQuestNum();
         plan.stages.push_back(stage);
     }
@@ -104,7 +103,7 @@ bool startServer() {
     destroyServer();
     const int port = state.dataApplication.getServerPort();
     auto server = std::make_unique<ServerVrp>(2, 0);
-    if (!server->create() || !server->bind(port) || !server->listen()) {
+    if (port == 0 || !server->create() || !server->bind(port) || !server->listen()) {
         zelkova::DataPairsList pairs;
         pairs.add("PORT", port);
         zelkova::showMessage_pairs(state.mainWindow, 4000006, zelkova::MessageButtons::Ok, 0, pairs);
@@ -185,6 +184,7 @@ void openSession() {
     takeOver(*plan, *file);
     if (!startServer()) {
         state.curQuestNumber = 0;
+        state.sessionFileName.clear();
         return;
     }
     state.vrmStatus = 0;
@@ -204,15 +204,16 @@ void openSession() {
     address.add("HOST", state.server->getLocalAddress());
     address.add("PORT", state.dataApplication.getServerPort());
     showStatusBar(2000022, address);
+    showQuestWarning();
 }
 
 void closeSession() {
     HostState& state = host();
     if (state.endingSession) return;
     state.endingSession = true;
+    state.vrmStatus = 0; // what the terminal still answers, behind the question too, is dropped
     haltSongs();
-    platform::killTimer(state.mainWindow, ids::leadInTimer);
-    platform::killTimer(state.mainWindow, ids::applauseTimer);
+    killSessionTimers();
 
     state.sessionEndTime = platform::getLocalTime();
     closeSessionRecord();

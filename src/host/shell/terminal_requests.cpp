@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "console/answer_request.h"
 #include "console/player_board.h"
 #include "data/labels.h"
 #include "foundation/text.h"
@@ -66,6 +65,7 @@ void onUserNotify(const VRMessage& message) {
                   state.userList[static_cast<std::size_t>(i)].getName());
     writeLog(2000017, pairs);
     showStatusBar(2000024);
+    showQuestWarning(); // the state text must not hide it
 }
 
 std::string requestSound(int user) {
@@ -91,7 +91,7 @@ void onAnswerRequest(const VRMessage& message) {
     for (zelkova::Media* media : {&state.voiceMedia, &state.effectMedia, &state.bgmMedia})
         media->stop();
     playEffect(state.effectMedia, requestSound(user));
-    applyVerdict(static_cast<Verdict>(dlgAnswerRequest(state.mainWindow, user)));
+    applyVerdict(dlgAnswerRequest(state.mainWindow, user));
 }
 
 } // namespace

@@ -27,8 +27,7 @@ void onLeadInTick() {
     state.effectMedia.stop();
     state.effectMedia.close();
     if (!accepts(EV_PLAY)) return;
-    state.kdlState->changeState(EV_PLAY);
-    notifyStatus();
+    enterPlay();
     platform::setTimer(state.mainWindow, ids::playTimer, playTickMs);
 }
 
@@ -48,6 +47,11 @@ void onPlayTick() {
 }
 
 } // namespace
+
+void killSessionTimers() {
+    platform::killTimer(host().mainWindow, ids::leadInTimer);
+    platform::killTimer(host().mainWindow, ids::applauseTimer);
+}
 
 void onTimer(unsigned id) {
     switch (id) {

@@ -20,33 +20,40 @@
 
 namespace {
 
-// What went wrong before there was a window to say it in.
-struct StartProblem {
-    int code;
-    std::string file, reason;
-};
-
 class Start {
 public:
     explicit Start(const std::string& moduleFolder) : folder_(moduleFolder) {}
 
+    // Strictly in this order; the answer is what went wrong on the way.
+    std::vector<StartProblem> run(MainWnd& mainWnd) {
+        preparePaths();
+        loadSettings();
+        loadMessages();
+        openLog();
+        handTitlesToBoxes();
+        openCatalogue();
+        nameStylesheets();
+        createMainWindow(mainWnd);
+        fillTrainingSession();
+        writeDebug(host().dataApplication.settings());
+        return problems_;
+    }
+
+private:
     void preparePaths();
     void loadSettings();
     void loadMessages();
     void openLog();
+    void handTitlesToBoxes();
     void openCatalogue();
     void nameStylesheets();
     void createMainWindow(MainWnd& mainWnd);
     void fillTrainingSession();
-    void dumpSettings();
-    void tellProblems();
 
-private:
     std::string path(const char* relative) const { return zelkova::normalizePath(folder_ + relative); }
 
     std::string folder_;
     std::vector<StartProblem> problems_;
-    bool messagesRead_ = true;
 };
 
 void Start::preparePaths() {
@@ -70,8 +77,11 @@ void Start::loadSettings() {
 
 void Start::loadMessages() {
     AcsLogMessage accesser;
-    messagesRead_ = accesser.open(path("../cnf/LogMessage.xml"));
-    if (messagesRead_) accesser.read(host().logMessageList);
+    const std::string file = path("../cnf/LogMessage.xml");
+    if (accesser.open(file))
+        accesser.read(host().logMessageList);
+    else
+        problems_.push_back({4000012, file, accesser.loadError()});
 }
 
 void Start::openLog() {
@@ -87,6 +97,13 @@ void Start::openLog() {
     AppLogger::setMessageList(state.logMessageList);
     if (!AppLogger::configure(settings)) problems_.push_back({4000013, state.logFileName, ""});
     writeLog(2000001);
+}
+
+void Start::handTitlesToBoxes() {
+    const DataApplication& settings = host().dataApplication;
+    zelkova::setCatalogPath(path("../cnf/LogMessage.xml"));
+    zelkova::setTitleParts(settings.getDetail() + "-", settings.getNameJpn());
+    zelkova::setHelpUrl(settings.getHelpUrl());
 }
 
 void Start::openCatalogue() {
@@ -142,23 +159,20 @@ void Start::fillTrainingSession() {
     training.setMulti(1);
 }
 
-void Start::dumpSettings() {
-    writeDebug(host().dataApplication.settings());
-}
-
-void Start::tellProblems() {
+void tellProblems(const std::vector<StartProblem>& problems) {
     const platform::WindowHandle owner = host().mainWindow;
-    // Without the catalogue of messages there is no text to take from it.
-    if (!messagesRead_)
-        platform::messageBox(owner, "メッセージの一覧を読み込めません。\r\n" + path("../cnf/LogMessage.xml"),
-                             host().dataApplication.getNameJpn(), platform::Buttons::Ok,
-                             platform::SystemIcon::Warning);
-    for (const StartProblem& problem : problems_) {
+    for (const StartProblem& problem : problems) {
         zelkova::DataPairsList pairs;
         pairs.add("FILE", problem.file);
-        pairs.add("MESSAGE", problem.reason);
+        if (!problem.reason.empty()) pairs.add("MESSAGE", problem.reason);
         writeLog(problem.code, pairs);
-        zelkova::showMessage_pairs(owner, problem.code, zelkova::MessageButtons::Ok, 0, pairs);
+        if (AppLogger::getMessage(problem.code).getContents().empty())
+            // The texts themselves could not be read.
+            platform::messageBox(owner, "メッセージの一覧を読み込めません。\r\n" + problem.file,
+                                 host().dataApplication.getNameJpn(), platform::Buttons::Ok,
+                                 platform::SystemIcon::Warning);
+        else
+            zelkova::showMessage_pairs(owner, problem.code, zelkova::MessageButtons::Ok, 0, pairs);
     }
 }
 
@@ -181,44 +195,30 @@ int runLoop() {
     }
 }
 
-void start(MainWnd& mainWnd, Start& steps) {
-    steps.preparePaths();
-    steps.loadSettings();
-    steps.loadMessages();
-    steps.openLog();
-    const DataApplication& settings = host().dataApplication;
-    zelkova::setCatalogPath(zelkova::normalizePath(host().modulePath + "../cnf/LogMessage.xml"));
-    zelkova::setTitleParts(settings.getDetail() + "-", settings.getNameJpn());
-    zelkova::setHelpUrl(settings.getHelpUrl());
-    zelkova::setHelpUrl(settings.getHelpUrl());
-    steps.openCatalogue();
-    steps.nameStylesheets();
-    steps.createMainWindow(mainWnd);
-    steps.fillTrainingSession();
-    steps.dumpSettings();
-}
-
 } // namespace
 
-void init(MainWnd& mainWnd, const std::string& moduleFolder) {
-    Start steps(moduleFolder);
-    start(mainWnd, steps);
-    steps.tellProblems();
+std::vector<StartProblem> init(MainWnd& mainWnd, const std::string& moduleFolder) {
+    return Start(moduleFolder).run(mainWnd);
+}
+
+void openProgram(MainWnd& mainWnd, const std::string& moduleFolder) {
+    const std::vector<StartProblem> problems = init(mainWnd, moduleFolder);
+    mainWnd.show(true);
+    mainWnd.update();
+    tellProblems(problems);
 }
 
 int WinMain(const std::string& moduleFolder) {
     int exitCode = 1;
     try {
         MainWnd mainWnd;
-        Start steps(moduleFolder);
-        start(mainWnd, steps);
-        mainWnd.show(true);
-        mainWnd.update();
-        steps.tellProblems();
+        openProgram(mainWnd, moduleFolder);
         const LogRange loop("GetMessage");
         exitCode = runLoop();
     } catch (const std::exception& fault) {
         tellFault(fault.what(), -1);
+    } catch (...) {
+        tellFault("unknown exception", -1);
     }
     writeLog(2000002);
     host().userList.clear();

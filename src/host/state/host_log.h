@@ -13,7 +13,8 @@ void writeLog(int code, const zelkova::DataPairsList& pairs = {},
 void writeDebug(const zelkova::DataPairsList& pairs,
                 const std::source_location& place = std::source_location::current());
 
-// Marks a branch in the log (1000003): a line where it begins and one where it is left, with the tested expression.
+// Marks a branch in the log (1000003): a line where it begins and one where it is left, with the tested
+// expression.
 class LogRange {
 public:
     explicit LogRange(std::string condition,

@@ -1,7 +1,7 @@
 #pragma once
 // The state of the host: one thread, one show, one record of everything that its windows and dialogs share.
-// Nothing else in the program is global. The objects are built in the order they stand here, before the first
-// window, and destroyed in reverse order after the last.
+// Beside it only the log and the sound device are process-wide. The objects are built in the order they stand
+// here, before the first window, and destroyed in reverse order after the last.
 
 #include <array>
 #include <memory>
@@ -40,7 +40,7 @@ struct HostState {
     std::vector<DataUserInfo> userList = std::vector<DataUserInfo>(maxUsers);
     DataLogMessageList logMessageList;
 
-    zelkova::DataPairsList statePairs, historyPairs, answerPairs; // scratch lists
+    zelkova::DataPairsList statePairs, answerPairs; // scratch lists
 
     // Records under construction, and those that are finished.
     DataHistory dataHistory;
@@ -84,6 +84,7 @@ struct HostState {
     int leadInPosition = -1;   // milliseconds; where the lead-in stood at the tick before
     bool songsStarted = false; // the terminal's 302 has started the songs of this play
     bool hideScores = false;
+    std::string questWarning; // why the current quest cannot be played as it stands; empty when it can
     platform::SystemTime sessionStartTime, sessionEndTime;
 };
 

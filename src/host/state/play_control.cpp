@@ -1,5 +1,6 @@
 #include "host/state/play_control.h"
 
+#include <algorithm>
 #include <array>
 
 #include "data/labels.h"
@@ -10,6 +11,7 @@
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/quest.h"
+#include "host/state/requests.h"
 #include "host/state/status_bar.h"
 #include "platform/controls.h"
 #include "platform/messages.h"
@@ -35,7 +37,7 @@ int randomStart(const DataResource& song) {
 }
 
 struct Span {
-    int start, end; // in the file's position unit
+    std::int64_t start, end; // in the file's position unit
 };
 
 Span playRange(const DataResource& song, int range) {
@@ -49,7 +51,7 @@ Span playRange(const DataResource& song, int range) {
     case rangeStart:
         return {0, song.getLength()};
     case rangeEnd:
-        return {song.getLength() - edgeUnits, song.getLength()};
+        return {std::int64_t{song.getLength()} - edgeUnits, song.getLength()};
     case rangeAnswer:
         return {song.getAnsStart(), song.getAnsEnd()};
     default:
@@ -91,17 +93,17 @@ void initResource() {
         media.close();
         const bool opened = !song.getFileName().empty() && media.open(song.getFileName());
 
-        const int factor = positionFactor(song.getFileType());
         const Span span = playRange(song, stage.getRange());
-        state.playStart[index] = span.start * factor;
-        state.playEnd[index] = span.end * factor;
+        state.playStart[index] = toMilliseconds(span.start, song.getFileType());
+        state.playEnd[index] = toMilliseconds(span.end, song.getFileType());
         if (song.getFileType() == fileTypeMp3) media.setSpeed(entry(mediaSpeeds, stage.getSpeed()));
         media.seek(state.playStart[index]);
         media.setVolume(state.masterVolume * 10);
         if (warning.empty()) warning = trouble(song, opened, stage.getRange());
     }
     setPlayLimit();
-    if (!warning.empty()) showQuestWarning(warning);
+    state.questWarning = warning;
+    showQuestWarning();
 }
 
 void setPlayLimit() {
@@ -114,10 +116,11 @@ void redrawRandomStarts() {
     for (std::size_t i = 0; i < state.dataResourceList.size() && i < state.playStart.size(); ++i) {
         const DataResource& song = state.dataResourceList[i];
         const int start = randomStart(song);
-        state.playStart[i] = start * positionFactor(song.getFileType());
+        state.playStart[i] = toMilliseconds(start, song.getFileType());
         zelkova::DataPairsList pairs;
-        pairs.add("MESSAGE", "min=0, max=" + zelkova::numberToText(song.getLength() - edgeUnits) +
-                                 " start=" + zelkova::numberToText(start));
+        pairs.add("MESSAGE",
+                  "min=0, max=" + zelkova::numberToText(std::max(song.getLength(), edgeUnits) - edgeUnits) +
+                      " start=" + zelkova::numberToText(start));
         writeDebug(pairs);
     }
 }
@@ -140,6 +143,14 @@ bool checkPlayStop() {
     }
     if (anySounds) return false;
     return timeOver || state.playLimit == wholeRange;
+}
+
+void enterPlay() {
+    HostState& state = host();
+    state.songsStarted = false;
+    state.playElapsed = 0;
+    state.kdlState->changeState(EV_PLAY);
+    notifyStatus();
 }
 
 void startSongs() {

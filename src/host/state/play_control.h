@@ -8,7 +8,7 @@ class Media;
 }
 
 // Opens the songs of the current quest side by side, works out their ranges and the limit of the play time.
-// Songs without a file stay silent. Stops what still plays.
+// Songs without a file stay silent.
 void initResource();
 
 // The part of it that only the play time concerns.
@@ -20,6 +20,9 @@ void redrawRandomStarts();
 // True when the songs of the current quest are to stop: a song that plays has reached its range's or file's
 // end, or the time limit is over. Songs that did not open are passed over.
 bool checkPlayStop();
+
+// Takes EV_PLAY and tells the terminal; the songs wait for its answer.
+void enterPlay();
 
 // Starts the songs of the current quest that are checked, from their ranges' starts.
 void startSongs();

@@ -16,6 +16,11 @@ std::string bracketed(int number) {
     return "[" + zelkova::numberToText(number) + "]";
 }
 
+int saturated(std::int64_t number) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
+}
+
 void readmit(DataUserInfo& user) {
     user.setHands(0);
     user.setAnswerRight(userTakesPart);
@@ -27,7 +32,7 @@ void applyFalseStart(const DataSession& stage, DataUserInfo& user) {
     switch (stage.getHandsType()) {
     case handsInStage:
     case handsInQuest:
-        user.setHands(user.getHands() + 1);
+        user.setHands(saturated(std::int64_t{user.getHands()} + 1));
         if (user.getHands() >= stage.getHands()) user.setAnswerRight(userFalseStart);
         break;
     case handsRest:
@@ -54,7 +59,7 @@ void endQuestPenalties(const DataSession& stage, bool stageEnds, std::vector<Dat
             readmit(user);
             break;
         case handsRest:
-            user.setRest(std::max(user.getRest() - 1, 0));
+            user.setRest(std::max(user.getRest(), 1) - 1);
             if (user.getRest() == 0) user.setAnswerRight(userTakesPart);
             break;
         default:
@@ -99,7 +104,7 @@ int pointsToTurnRound(const std::vector<DataUserInfo>& users) {
         highest = std::max(highest, user.getScore());
         lowest = std::min(lowest, user.getScore());
     }
-    return highest < lowest ? 0 : highest - lowest + 1;
+    return highest < lowest ? 0 : saturated(std::int64_t{highest} - lowest + 1);
 }
 
 std::string penaltyText(const DataSession& stage) {
@@ -128,6 +133,10 @@ std::string falseStartText(const DataSession& stage) {
     default:
         return {};
     }
+}
+
+void addScore(DataUserInfo& user, std::int64_t points) {
+    user.setScore(saturated(user.getScore() + points));
 }
 
 int currentPoints() {

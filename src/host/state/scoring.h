@@ -1,5 +1,6 @@
 #pragma once
-// All arithmetic of points, false starts, rests and ranks. Nothing here touches a window or the wire.
+// All arithmetic of points, false starts, rests and ranks. Sums that do not fit stop at the nearest number
+// that does.
 
 #include <string>
 #include <vector>
@@ -32,6 +33,8 @@ std::string penaltyText(const DataSession& stage);
 
 // The false-start rule in a sentence; empty when there is none.
 std::string falseStartText(const DataSession& stage);
+
+void addScore(DataUserInfo& user, std::int64_t points);
 
 // The points that count for a right answer now: what stands in the console's 得点 box.
 int currentPoints();

@@ -16,10 +16,11 @@ void showStatusBar(int code, const zelkova::DataPairsList& pairs) {
     }
 }
 
-void showQuestWarning(const std::string& reason) {
+void showQuestWarning() {
+    if (host().questWarning.empty()) return;
     zelkova::DataPairsList pairs;
     pairs.add("QUEST", host().curQuestNumber);
-    pairs.add("REASON", reason);
+    pairs.add("REASON", host().questWarning);
     writeLog(3000020, pairs);
     showStatusBar(3000020, pairs);
 }

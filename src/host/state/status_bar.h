@@ -1,13 +1,12 @@
 #pragma once
 // The main window's status bar, written in this one way.
 
-#include <string>
-
 #include "foundation/data_pairs.h"
 
 // The catalogue's text of the message, filled with the pairs and split at "|": what stands before it goes to
 // the first part, what follows to the second.
 void showStatusBar(int code, const zelkova::DataPairsList& pairs = {});
 
-// Tells the host why a quest cannot be played as it stands, without stopping the show: log and status bar.
-void showQuestWarning(const std::string& reason);
+// Shows why the current quest cannot be played as it stands, if anything does (questWarning), without
+// stopping the show: log and status bar.
+void showQuestWarning();

@@ -41,6 +41,7 @@ Modal::~Modal() {
 }
 
 void Modal::show() {
+    if (QWidget* holder = QWidget::mouseGrabber()) holder->releaseMouse(); // a drag ends under a box
     if (!widget) return;
     widget->setWindowModality(Qt::ApplicationModal);
     widget->show();

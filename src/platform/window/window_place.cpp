@@ -120,6 +120,11 @@ void releaseMouse() {
     if (QWidget* holder = QWidget::mouseGrabber()) holder->releaseMouse();
 }
 
+bool hasMouse(WindowHandle window) {
+    const QWidget* client = clientOf(window);
+    return client && QWidget::mouseGrabber() == client;
+}
+
 void setCursor(WindowHandle window, Cursor cursor) {
     static const std::map<Cursor, Qt::CursorShape> shapes = {{Cursor::Arrow, Qt::ArrowCursor},
                                                              {Cursor::SplitHorizontal, Qt::SplitHCursor},
