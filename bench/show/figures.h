@@ -1,0 +1,22 @@
+#pragma once
+// Lines of the table that a measurement prints.
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+// Prints what went wrong; always false.
+bool fail(const std::string& what);
+
+void printTitle(const std::string& text);
+// No goal when it is 0.
+void printFigure(const std::string& what, double value, const char* unit, double atMost = 0);
+// Its 50th and 99th percentile and its largest value; the goal is for the 99th.
+void printSpread(const std::string& what, std::vector<double> milliseconds, double atMost);
+
+// Resident memory of this process, now or at its highest, in MB.
+double residentNow();
+double residentPeak();
+
+} // namespace bench
