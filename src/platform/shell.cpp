@@ -3,9 +3,11 @@
 #include <unistd.h>
 
 #include <QDesktopServices>
+#include <QProcess>
 #include <QUrl>
 
 #include "platform/files.h"
+#include "platform/text.h"
 
 namespace platform {
 
@@ -22,6 +24,14 @@ QUrl targetUrl(const std::string& target) {
 bool shellOpen(const std::string& target) { return QDesktopServices::openUrl(targetUrl(target)); }
 
 bool shellExplore(const std::string& folder) { return QDesktopServices::openUrl(targetUrl(folder)); }
+
+bool shellRun(const std::string& program, const std::string& file) {
+    if (program.empty()) return false;
+    const bool bareName = program.find_first_of("/\\") == std::string::npos;
+    const std::string name = bareName ? sjisToUtf8(program) : nativePath(program).string();
+    return QProcess::startDetached(QString::fromStdString(name),
+                                   {QString::fromStdString(nativePath(file).string())});
+}
 
 std::string moduleFileName() {
     std::error_code failure;

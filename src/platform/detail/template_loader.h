@@ -10,6 +10,7 @@
 //  QComboBox,
 //    QSlider, QProgressBar, QGroupBox, QTreeView (list view; columns come from the program), QTabWidget,
 //    QStackedWidget, QSplitter, QScrollArea, QFrame, QWidget, spacers.
+//  - Date and time pickers are QDateEdit, QTimeEdit and QDateTimeEdit with their `displayFormat`.
 //  - An edit with an up-down is a QLineEdit with the dynamic property `upDown` (bool, true). The two arrows
 //  are
 //    drawn inside its right end; range and step come from setSpinRange.

@@ -4,6 +4,7 @@
 #include <QAbstractSlider>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
@@ -122,6 +123,14 @@ bool slide(Control control, int position) {
     auto* slider = reachAs<QAbstractSlider>(control);
     if (!slider) return false;
     slider->setValue(position);
+    return true;
+}
+
+bool pick(Control control, const SystemTime& time) {
+    auto* picker = reachAs<QDateTimeEdit>(control);
+    if (!picker || picker->isReadOnly()) return false;
+    picker->setFocus(Qt::MouseFocusReason);
+    setDateTime(control, time);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPixmap>
@@ -32,7 +33,8 @@ Room roomOf(const QWidget* widget) {
         if (own && own->isEliding()) return {label->text(), QSize(0, metrics.ascent()), label->size()};
         const QSize has = label->contentsRect().size();
         if (!label->wordWrap())
-            return {label->text(), label->buddy() ? line(label->text()) : metrics.size(0, label->text()), has};
+            return {label->text(), label->buddy() ? line(label->text()) : metrics.size(0, label->text()),
+                    has};
         const QRect wrapped = metrics.boundingRect(QRect(QPoint(), QSize(has.width(), 1 << 20)),
                                                    Qt::TextWordWrap | Qt::AlignLeft, label->text());
         return {label->text(), wrapped.size(), has};
@@ -50,6 +52,8 @@ Room roomOf(const QWidget* widget) {
         const int width = edit->isReadOnly() ? line(edit->text()).width() + sides : 0;
         return {edit->text(), QSize(width, metrics.height()), edit->size()};
     }
+    if (const auto* picker = qobject_cast<const QDateTimeEdit*>(widget))
+        return {picker->text(), line(picker->text()) + QSize(24, 2), picker->size()};
     if (const auto* combo = qobject_cast<const QComboBox*>(widget))
         return {combo->currentText(), line(combo->currentText()) + QSize(24, 2), combo->size()};
     return {};

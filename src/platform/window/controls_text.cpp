@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -117,6 +118,7 @@ std::string getText(Control control) {
     if (auto* button = qobject_cast<const QAbstractButton*>(widget)) return fromQt(button->text());
     if (auto* box = qobject_cast<const QGroupBox*>(widget)) return fromQt(box->title());
     if (auto* combo = qobject_cast<const QComboBox*>(widget)) return fromQt(combo->currentText());
+    if (auto* picker = qobject_cast<const QDateTimeEdit*>(widget)) return fromQt(picker->text());
     return fromQt(widget->windowTitle());
 }
 

@@ -4,6 +4,7 @@
 #include <QAbstractSlider>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QProgressBar>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -105,6 +106,25 @@ int getRangeHigh(Control control) {
     if (const auto* slider = widgetOf<QAbstractSlider>(control)) return slider->maximum();
     const auto* bar = widgetOf<QProgressBar>(control);
     return bar ? bar->maximum() : -1;
+}
+
+void setDateTime(Control control, const SystemTime& time) {
+    auto* picker = widgetOf<QDateTimeEdit>(control);
+    if (!picker) return;
+    const QDateTime moment(QDate(time.year, time.month, time.day),
+                           QTime(time.hour, time.minute, time.second));
+    if (moment.isValid()) picker->setDateTime(moment);
+}
+
+std::optional<SystemTime> getDateTime(Control control) {
+    const auto* picker = widgetOf<QDateTimeEdit>(control);
+    if (!picker) return std::nullopt;
+    const QDate date = picker->date();
+    const QTime time = picker->time();
+    const auto field = [](int value) { return static_cast<std::uint16_t>(value); };
+    return SystemTime{
+        field(date.year()), field(date.month()),  field(date.dayOfWeek() % 7), field(date.day()),
+        field(time.hour()), field(time.minute()), field(time.second()),        0};
 }
 
 void setSpinRange(Control control, int low, int high, int step) {

@@ -2,6 +2,7 @@
 
 #include <QAbstractSlider>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QEvent>
 #include <QFile>
 #include <QLineEdit>
@@ -55,7 +56,8 @@ void prepare(QWidget* control) {
     if (auto* edit = qobject_cast<QLineEdit*>(control); edit && edit->property("upDown").toBool())
         UpDown::of(edit);
     if (auto* list = qobject_cast<QTreeView*>(control)) ListModel::attachTo(list);
-    if (qobject_cast<QComboBox*>(control) || qobject_cast<QAbstractSlider*>(control)) {
+    if (qobject_cast<QComboBox*>(control) || qobject_cast<QAbstractSlider*>(control) ||
+        qobject_cast<QDateTimeEdit*>(control)) {
         control->setFocusPolicy(Qt::StrongFocus);
         control->installEventFilter(new WheelGuard(control));
     }
