@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 
@@ -154,6 +155,11 @@ DataLogMessage AppLogger::log(std::int32_t code, const zelkova::DataPairsList& p
     return {};
 }
 
+void AppLogger::log(std::int32_t code, const zelkova::DataPairsList& pairs,
+                    const std::source_location& place) {
+    if (isEnabled(code)) log(code, pairs, fileOf(place), functionOf(place), static_cast<int>(place.line()));
+}
+
 void AppLogger::logDebugText(const std::string& text, const zelkova::DataPairsList& pairs,
                              const std::string& file, const std::string& function, int line) {
     writeText(1, 1000000, text, pairs, {file, function, line});
@@ -162,6 +168,18 @@ void AppLogger::logDebugText(const std::string& text, const zelkova::DataPairsLi
 void AppLogger::logTraceText(const std::string& text, const zelkova::DataPairsList& pairs,
                              const std::string& file, const std::string& function, int line) {
     writeText(0, 0, text, pairs, {file, function, line});
+}
+
+std::string AppLogger::fileOf(const std::source_location& place) {
+    return std::filesystem::path(place.file_name()).stem().string();
+}
+
+// The bare name out of the compiler's "void f(int)".
+std::string AppLogger::functionOf(const std::source_location& place) {
+    std::string name = place.function_name();
+    name.erase(std::min(name.find('('), name.size()));
+    const auto start = name.find_last_of(" :*&");
+    return start == std::string::npos ? name : name.substr(start + 1);
 }
 
 std::string AppLogger::formatCode(std::int32_t code) {

@@ -2,6 +2,7 @@
 // The program's log: numbered messages into a rolling file. Process-wide; nothing is written before
 // configure().
 
+#include <source_location>
 #include <string>
 
 #include "data/log_message.h"
@@ -43,12 +44,17 @@ bool isEnabled(std::int32_t code);
 // that it did not use. The answer is the catalogue's record, a cleared one when there is none.
 DataLogMessage log(std::int32_t code, const zelkova::DataPairsList& pairs, const std::string& file,
                    const std::string& function, int line);
+// The same for a place of the source, when the message is wanted at the current level.
+void log(std::int32_t code, const zelkova::DataPairsList& pairs, const std::source_location& place);
 // Free texts, at level 1 as number 1000000 and at level 0 as number 0.
 void logDebugText(const std::string& text, const zelkova::DataPairsList& pairs, const std::string& file,
                   const std::string& function, int line);
 void logTraceText(const std::string& text, const zelkova::DataPairsList& pairs, const std::string& file,
                   const std::string& function, int line);
 
+// The bare names of a place: the file without folder and extension, the function without its types.
+std::string fileOf(const std::source_location& place);
+std::string functionOf(const std::source_location& place);
 std::string formatCode(std::int32_t code); // "C2000001"
 std::string formatOrigin(const std::string& file, const std::string& function,
                          int line); // "file(function|7)"

@@ -187,6 +187,12 @@ int showMessage_pairs(platform::WindowHandle owner, int code, MessageButtons but
     return show(owner, code, expanded(code, pairs), buttons, defaultButton);
 }
 
+void reportMessage(platform::WindowHandle owner, int code, const DataPairsList& pairs,
+                   const std::source_location& place) {
+    AppLogger::log(code, pairs, place);
+    showMessage_pairs(owner, code, MessageButtons::Ok, 0, pairs);
+}
+
 platform::Answer plainMessage(platform::WindowHandle owner, int code, const DataPairsList& pairs,
                               platform::Buttons buttons, platform::SystemIcon icon) {
     return platform::messageBox(owner, expanded(code, pairs).getContents(), startTexts().productName, buttons,

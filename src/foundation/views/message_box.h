@@ -3,6 +3,7 @@
 // The words are those of the message catalogue that the logger was given; a code without an entry opens a box
 // without text.
 
+#include <source_location>
 #include <string>
 
 #include "foundation/data_pairs.h"
@@ -27,6 +28,10 @@ int showMessage(platform::WindowHandle owner, int code, MessageButtons buttons =
 // The same with the placeholders of text and details filled.
 int showMessage_pairs(platform::WindowHandle owner, int code, MessageButtons buttons, int defaultButton,
                       const DataPairsList& pairs);
+
+// Logs the message and shows it, with OK alone.
+void reportMessage(platform::WindowHandle owner, int code, const DataPairsList& pairs,
+                   const std::source_location& place = std::source_location::current());
 
 // The system's box with the message's text, placeholders filled, under the product's name.
 platform::Answer plainMessage(platform::WindowHandle owner, int code, const DataPairsList& pairs,

@@ -1,0 +1,19 @@
+#include "foundation/views/open_with_desktop.h"
+
+#include "foundation/views/message_box.h"
+
+namespace zelkova {
+
+void openWithDesktop(platform::WindowHandle owner, const std::string& target,
+                     bool (*way)(const std::string&)) {
+    if (!way(target)) reportNotOpened(owner, target);
+}
+
+void reportNotOpened(platform::WindowHandle owner, const std::string& target) {
+    constexpr int notOpened = 3000021;
+    DataPairsList pairs;
+    pairs.add("FILE", target);
+    reportMessage(owner, notOpened, pairs);
+}
+
+} // namespace zelkova
