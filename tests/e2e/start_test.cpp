@@ -57,7 +57,7 @@ TEST_F(Start, PreparesTheDesk) {
 
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
-    for (const int command : {11003, 11004, 11009, 11010, 11097, 11102, 11150, 11151}) {
+    for (const int command : {11003, 11004, 11009, 11010, 11150, 11151}) {
         desk.script.expectMessageBox(platform::Answer::Ok);
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }

@@ -3,12 +3,14 @@
 #include <array>
 
 #include "console/player_board.h"
+#include "documents/application_form_dialog.h"
+#include "documents/certificate_dialog.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
+#include "foundation/views/open_with_desktop.h"
 #include "host/shell/players.h"
 #include "host/shell/session_commands.h"
-#include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
@@ -20,13 +22,8 @@ namespace {
 // What the help address holds where a message's code is wanted.
 constexpr const char* codePlaceholder = "%__SERCH_MESSAGE_CODE__%";
 
-// The desktop may have no program for it; the host is then told where the thing is.
 void open(const std::string& target, bool (*way)(const std::string&) = platform::shellOpen) {
-    if (way(target)) return;
-    zelkova::DataPairsList pairs;
-    pairs.add("FILE", target);
-    writeLog(3000021, pairs);
-    zelkova::showMessage_pairs(host().mainWindow, 3000021, zelkova::MessageButtons::Ok, 0, pairs);
+    zelkova::openWithDesktop(host().mainWindow, target, way);
 }
 
 void showRunningOrder() {
@@ -98,6 +95,11 @@ void playMusic() {
     playEffect(host().bgmMedia, (host().dataApplication.*Sound)());
 }
 
+template <int (*Dialog)(platform::WindowHandle, const DataApplication&, const std::string&)>
+void makeDocument() {
+    Dialog(host().mainWindow, host().dataApplication, host().modulePath);
+}
+
 // Windows that this version does not have yet.
 void notYet() {
     zelkova::plainNotice(host().mainWindow, "この機能は準備中です。");
@@ -129,10 +131,10 @@ constexpr std::array commands{
     Command{11023, openHelp},
     Command{11024, openLogFile},
     Command{11025, exploreLogFolder},
-    Command{11097, notYet}, // 賞状の作成
+    Command{11097, makeDocument<dlgCertificate>},
     Command{11098, playMusic<&DataApplication::getEfcApplause2>},
     Command{11099, exploreHistoryFolder},
-    Command{11102, notYet}, // 参加用申請書の作成
+    Command{11102, makeDocument<dlgApplicationForm>},
     Command{11150, notYet}, // トーナルプレイヤーの起動
     Command{11151, notYet}, // 特訓モード
 };

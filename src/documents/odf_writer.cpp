@@ -1,0 +1,93 @@
+#include "documents/odf_writer.h"
+
+#include <xercesc/dom/DOM.hpp>
+
+#include "documents/encode_zip.h"
+#include "platform/files.h"
+
+using namespace xercesc;
+
+namespace {
+
+enum : int { messageUnreadable = 4000012, messageLacking = 4000014 };
+
+// Without these an editor takes the archive for a broken one.
+constexpr const char* requiredMembers[] = {"mimetype", "META-INF/manifest.xml", "styles.xml"};
+
+DocumentFault fault(int code, const std::string& file, const char* key, const std::string& value) {
+    DocumentFault result{code, {}};
+    result.pairs.add("FILE", file);
+    result.pairs.add(key, value);
+    return result;
+}
+
+// An element as a message names it: with the attribute that tells it from its neighbours.
+std::string described(std::string_view name, std::string_view value) {
+    return std::string(name) + (value.empty() ? "" : "[" + std::string(value) + "]");
+}
+
+} // namespace
+
+std::string OdfWriter::attributeOf(const DOMNode* element, std::string_view name) {
+    return getNodeValue(findAttribute(element, name));
+}
+
+void OdfWriter::lacks(const DOMNode* parent, std::string_view what) {
+    if (!lacking_.empty()) return;
+    std::string value;
+    for (const char* name : {"draw:name", "table:name", "table:style-name"})
+        if (value.empty()) value = attributeOf(parent, name);
+    lacking_ = described(getNodeName(parent), value) + "/" + std::string(what);
+}
+
+DOMElement* OdfWriter::requireChild(const DOMNode* parent, std::string_view name) {
+    DOMElement* child = findChild(parent, name);
+    if (parent && !child) lacks(parent, name);
+    return child;
+}
+
+DOMElement* OdfWriter::requireChild(const DOMElement* parent, std::string_view name,
+                                    std::string_view attribute, std::string_view value) {
+    if (!parent) return nullptr;
+    for (DOMElement* child = parent->getFirstElementChild(); child; child = child->getNextElementSibling())
+        if (getNodeName(child) == name && attributeOf(child, attribute) == value) return child;
+    lacks(parent, described(name, value));
+    return nullptr;
+}
+
+void OdfWriter::setText(const DOMElement* element, std::string_view text) {
+    if (!element) return;
+    DOMNode* first = element->getFirstChild();
+    if (first && first->getNodeType() == DOMNode::TEXT_NODE)
+        setNodeValue(first, text);
+    else
+        lacks(element, "text()");
+}
+
+DOMElement* OdfWriter::openText() {
+    lacking_.clear();
+    if (parse(sourcePath_) != 0) return nullptr;
+    const DOMNode* root = getCurrentNode()->getFirstChild();
+    while (root && root->getNodeType() != DOMNode::ELEMENT_NODE)
+        root = root->getNextSibling();
+    return requireChild(requireChild(root, "office:body"), "office:text");
+}
+
+std::optional<DocumentFault> OdfWriter::missingMember() const {
+    for (const char* member : requiredMembers)
+        if (!platform::pathExists(workDirectory_ + "/" + member))
+            return fault(messageLacking, workDirectory_, "ELEMENT", member);
+    return std::nullopt;
+}
+
+std::optional<DocumentFault> OdfWriter::finish(const std::string& outputPath) {
+    if (!loadError().empty()) return fault(messageUnreadable, sourcePath_, "MESSAGE", loadError());
+    if (!lacking_.empty()) return fault(messageLacking, sourcePath_, "ELEMENT", lacking_);
+    if (auto missing = missingMember()) return missing;
+    const std::string content = workDirectory_ + "/content.xml";
+    const bool written = writeTo(content, "UTF-8") == 1;
+    releaseParser();
+    if (!written) return documentNotMade(content);
+    if (!encodeZip(workDirectory_, outputPath, workDirectory_)) return documentNotMade(outputPath);
+    return std::nullopt;
+}

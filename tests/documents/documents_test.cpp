@@ -1,0 +1,296 @@
+// The two documents: against written examples, with texts of every kind, and where something is lacking.
+
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+
+#include "documents/kanji_number.h"
+#include "documents/office.h"
+#include "documents/template_text.h"
+#include "platform/files.h"
+#include "platform/text.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace documents_tests;
+using testing::Contains;
+using testing::ContainsRegex;
+using testing::Each;
+using testing::HasSubstr;
+using testing::Not;
+
+std::size_t countOf(const std::string& text, const std::string& what) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + what.size()))
+        ++count;
+    return count;
+}
+
+class Documents : public testing::Test {
+protected:
+    // The document's content.xml is the written one, byte for byte.
+    void expectContent(const std::string& archive, const std::string& golden) const {
+        const std::string content = memberOf(archive, "content.xml");
+        EXPECT_EQ(content, platform::readFile(office.file("golden/" + golden)).value_or("")) << golden;
+    }
+    std::string certificateXml() const { return memberOf(office.certificate(), "content.xml"); }
+    void edit(const std::string& name, const std::string& from, const std::string& to) const {
+        std::string text = platform::readFile(office.file(name)).value();
+        const std::size_t at = text.find(platform::sjisToUtf8(from));
+        ASSERT_NE(at, std::string::npos) << from;
+        text.replace(at, platform::sjisToUtf8(from).size(), platform::sjisToUtf8(to));
+        ASSERT_TRUE(platform::replaceFile(office.file(name), text));
+    }
+
+    Office office;
+};
+
+TEST(KanjiNumber, IsWrittenByItsPlaces) {
+    const std::pair<int, const char*> rows[] = {
+        {0, ""},
+        {1, "一"},
+        {10, "十"},
+        {11, "十一"},
+        {20, "二十"},
+        {23, "二十三"},
+        {31, "三十一"},
+        {38, "三十八"},
+        {100, "百"},
+        {1989, "千九百八十九"},
+        {10000, "一万"},
+        {54321, "五万四千三百二十一"},
+        {100000, "十万"},
+        {123456, "十二万三千四百五十六"},
+        {100000000, "一億"},
+        {-1, ""},
+        {2147483647, ""},
+    };
+    for (const auto& [number, text] : rows)
+        EXPECT_EQ(toKanjiNumber(number), text) << number;
+}
+
+TEST_F(Documents, AreTheWrittenOnes) {
+    EXPECT_FALSE(office.makeCertificate(certificateOf("山田　花子"), "golden/certificate_master.xml"));
+    expectContent(office.certificate(), "certificate.xml");
+    for (const int names : {0, 4, 5, 20}) {
+        EXPECT_FALSE(office.makeForm(registOf(names), "golden/form_master.xml"));
+        expectContent(office.form(), "form_" + std::to_string(names) + ".xml");
+    }
+}
+
+TEST_F(Documents, HoldEveryTextOfTheirRecord) {
+    ASSERT_FALSE(office.makeCertificate(certificateOf("山田　花子")));
+    const DataCertificate certificate = certificateOf("山田　花子");
+    const auto texts = textsOf(office.certificate());
+    for (const std::string& text :
+         {certificate.getOrder(), certificate.getUserName(), certificate.getSentence(), certificate.getDate(),
+          certificate.getSponsor(), certificate.getPost(), certificate.getPublisher()})
+        EXPECT_THAT(texts, Contains(text));
+
+    DataUserRegist regist = registOf(3);
+    regist.setEndTime(zelkova::DateTime("2026/04/05 18:30:00"));
+    ASSERT_FALSE(office.makeForm(regist));
+    for (const char* text : {"春の大会", "2026/04/05", "09：05", "18：30", "公民館", "町内会", "田中",
+                             "2026/03/01", "表示画像", "どれか１つ"})
+        EXPECT_THAT(textsOf(office.form()), Contains(text));
+    ASSERT_FALSE(office.makeForm(registOf(0)));
+    EXPECT_THAT(textsOf(office.form()), Contains("未定"));
+    EXPECT_THAT(textsOf(office.form()), Not(Contains("18：30"))) << "replaced";
+}
+
+TEST_F(Documents, RowsAndSpacingFollowTheNumberOfPictures) {
+    const struct {
+        int pictures;
+        std::size_t rows, spacing;
+    } cases[] = {{0, 0, 5}, {1, 1, 5}, {4, 1, 5}, {5, 2, 4}, {20, 5, 1}, {21, 6, 0}, {100, 25, 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.pictures);
+        ASSERT_FALSE(office.makeForm(registOf(c.pictures)));
+        const std::string xml = platform::utf8ToSjis(memberOf(office.form(), "content.xml"));
+        EXPECT_EQ(countOf(xml, "\"表2.C4\""), c.rows * 4 + 1) << "and the style itself";
+        EXPECT_EQ(countOf(xml, "text:style-name=\"P2\""), c.spacing);
+        for (int i = 0; i < c.pictures; ++i) {
+            EXPECT_EQ(countOf(xml, "form:id=\"control" + std::to_string(i) + "\""), 1u);
+            EXPECT_EQ(countOf(xml, "draw:control=\"control" + std::to_string(i) + "\""), 1u);
+        }
+        const std::string spanned = "table:number-rows-spanned=\"" + std::to_string(c.rows) + "\"";
+        EXPECT_EQ(countOf(xml, "table:number-rows-spanned"), c.rows > 1 ? 2u : 0u);
+        EXPECT_EQ(countOf(xml, spanned), c.rows > 1 ? 2u : 0u);
+    }
+}
+
+// A text comes back as it went in, but for what XML itself cannot hold.
+TEST_F(Documents, TakeAnyText) {
+    const struct {
+        std::string text, comesBack;
+    } cases[] = {
+        {"", ""},
+        {"<b>&amp;\"%Order%'</b>]]>", "<b>&amp;\"%Order%'</b>]]>"},
+        {"上\n下", "上\n下"},
+        {"鐘\x01\x1b音", "鐘  音"},
+        {"①～－㈱髙表ソｶﾅ\\", "①～－㈱髙表ソｶﾅ\\"},
+        {"\x81", "〓"}, // half a character
+        {"\xFC\xFC", "〓"},
+        {std::string(10000, 'x'), std::string(10000, 'x')},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text.substr(0, 40));
+        DataCertificate certificate = certificateOf("山田");
+        certificate.setOrder(c.text + "優");
+        certificate.setPublisher(c.text);
+        ASSERT_FALSE(office.makeCertificate(certificate));
+        if (c.text.size() != 1) {
+            EXPECT_THAT(textsOf(office.certificate()), Contains(c.comesBack + "優"));
+        }
+        if (!c.text.empty()) {
+            EXPECT_THAT(textsOf(office.certificate()), Contains(c.comesBack));
+        }
+        DataUserRegist regist = registOf(0);
+        regist.setPlace(c.text + "館");
+        zelkova::DataPairsList names;
+        names.add("0", c.text);
+        regist.setImageList(names);
+        ASSERT_FALSE(office.makeForm(regist));
+        EXPECT_EQ(countOf(memberOf(office.form(), "content.xml"), "<form:radio"), 1u);
+        if (c.text.size() != 1) {
+            EXPECT_THAT(textsOf(office.form()), Contains(c.comesBack + "館"));
+        }
+    }
+}
+
+TEST_F(Documents, NameWhatTheirMasterLacks) {
+    const struct {
+        const char* from;
+        const char* to;
+        const char* element;
+    } certificate[] =
+        {
+            {"office:text>", "office:other>", "office:body/office:text"},
+            {"draw:name=\"本文\"", "draw:name=\"本\"", "text:p/draw:frame[本文]"},
+            {"draw:name=\"順位\"><draw:text-box>", "draw:name=\"順位\"><draw:text-box/><draw:text-box>",
+             "draw:text-box/text:p"},
+            {"<text:p>a<", "<text:p><", "text:p/text()"},
+            {"<text:span>d</text:span>", "d", "text:p/text:span"},
+            {"\"T4\"", "\"T5\"", "text:p/text:span[T4]"},
+        },
+      form[] = {
+          {"<form:form/>", "", "office:forms/form:form"},
+          {"\"表2\"", "\"表4\"", "office:text/table:table[表2]"},
+          {"\"表2.12\"", "\"表2.13\"", "table:table[表2]/table:table-row[表2.12]"},
+          {"\"表1.D2\"", "\"表1.D3\"", "table:table[表1]/table:table-cell[表1.D2]"},
+          {"\"表1.3\"", "\"表1.4\"", "table:table[表1]/table:table-cell[表1.B3]"},
+          {"<text:p>h</text:p>", "", "table:table-cell[表3.B3]/text:p"},
+      };
+    const auto expectLack = [&](const std::string& master, const auto& c, auto make) {
+        const std::string text = platform::readFile(office.file(master)).value();
+        edit(master, c.from, c.to);
+        if (std::string(c.from) == "office:text>") edit(master, "/office:text>", "/office:other>");
+        const auto fault = make();
+        platform::replaceFile(office.file(master), text);
+        ASSERT_TRUE(fault) << c.element;
+        EXPECT_EQ(fault->code, 4000014);
+        EXPECT_EQ(fault->pairs.getValue("ELEMENT"), c.element);
+        EXPECT_EQ(fault->pairs.getValue("FILE"), office.file(master));
+        EXPECT_FALSE(fault->earlierShown);
+    };
+    for (const auto& c : certificate)
+        expectLack("golden/certificate_master.xml", c,
+                   [&] { return office.makeCertificate({}, "golden/certificate_master.xml"); });
+    for (const auto& c : form)
+        expectLack("golden/form_master.xml", c,
+                   [&] { return office.makeForm({}, "golden/form_master.xml"); });
+    for (const char* written : {"cnf/certificateWork.odt", "cnf/writeApplication.odt",
+                                "tmp/certificateWork/content.xml", "tmp/writeApplicationWork/content.xml"})
+        EXPECT_FALSE(platform::pathExists(office.file(written))) << written;
+}
+
+TEST_F(Documents, AMasterThatIsNoXmlIsTold) {
+    for (const char* bytes : {"", "text", "<office:document-content>"}) {
+        platform::replaceFile(office.file("tmp/certificate.xml"), bytes);
+        const auto fault = office.makeCertificate({});
+        ASSERT_TRUE(fault);
+        EXPECT_EQ(fault->code, 4000012);
+        EXPECT_EQ(fault->pairs.getValue("FILE"), office.file("tmp/certificate.xml"));
+    }
+    fs::remove(office.file("tmp/certificate.xml"));
+    EXPECT_EQ(office.makeCertificate({}).value().code, 4000012);
+}
+
+TEST_F(Documents, AWorkFolderThatCannotBeUsedLeavesTheEarlierDocument) {
+    ASSERT_FALSE(office.makeCertificate(certificateOf("前")));
+    const std::string earlier = platform::readFile(office.certificate()).value();
+    const std::string work = office.file("tmp/certificateWork");
+    const auto expectFault = [&](int code, const char* key, const std::string& value) {
+        const auto fault = office.makeCertificate(certificateOf("後"));
+        ASSERT_TRUE(fault);
+        EXPECT_EQ(fault->code, code);
+        EXPECT_EQ(fault->pairs.getValue(key), value);
+        EXPECT_EQ(platform::readFile(office.certificate()), earlier);
+    };
+    // In the place of content.xml stands what no file can replace, whoever runs this.
+    fs::remove(work + "/content.xml");
+    fs::create_directories(work + "/content.xml/in the way");
+    expectFault(4000015, "FILE", work + "/content.xml");
+    fs::remove_all(work + "/content.xml");
+    fs::remove(work + "/META-INF/manifest.xml");
+    expectFault(4000014, "ELEMENT", "META-INF/manifest.xml");
+    fs::remove_all(work);
+    expectFault(4000014, "FILE", work);
+    fs::create_directory(work);
+    expectFault(4000014, "ELEMENT", "mimetype");
+}
+
+TEST_F(Documents, AnOutputThatCannotBeWrittenIsTold) {
+    fs::create_directories(office.certificate() + "/in the way");
+    testing::internal::CaptureStdout();
+    const auto fault = office.makeCertificate(certificateOf("山田"));
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("program error.\n"));
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->code, 4000015);
+    EXPECT_EQ(fault->pairs.getValue("FILE"), office.certificate());
+    EXPECT_TRUE(fault->earlierShown);
+}
+
+TEST_F(Documents, ALargePictureIsPacked) {
+    fs::create_directories(office.file("tmp/certificateWork/Pictures"));
+    const std::string picture = office.file("tmp/certificateWork/Pictures/p.bmp");
+    std::ofstream(picture, std::ios::binary).put('B');
+    fs::resize_file(picture, 50 << 20);
+    ASSERT_FALSE(office.makeCertificate(certificateOf("山田")));
+    EXPECT_EQ(memberOf(office.certificate(), "Pictures/p.bmp").size(), std::size_t{50} << 20);
+}
+
+TEST_F(Documents, ATemplateIsFilledLineByLine) {
+    const std::string master = office.file("master"), output = office.file("output");
+    zelkova::DataPairsList pairs;
+    pairs.add("Name", "山田%Year%");
+    pairs.add("Year", "");
+    platform::replaceFile(master, "<%Name%>%Year%\r\n\n100%% %name% %Other%\x83\x5C%Name%");
+    ASSERT_TRUE(expandTemplate(master, output, pairs));
+    EXPECT_EQ(platform::readFile(output), "<山田%Year%>\r\n\n100% 山田%Year% \x83\x5C\n");
+    EXPECT_FALSE(expandTemplate(office.file("none"), output, pairs));
+    EXPECT_EQ(platform::readFile(output)->front(), '<') << "left as it was";
+    EXPECT_FALSE(expandTemplate(master, office.file("no/folder"), pairs));
+}
+
+TEST_F(Documents, TheShippedTemplateHasEachPlaceholderOnce) {
+    const std::string master = platform::readFile(office.file("tmp/Certificate_master.xml")).value();
+    std::size_t markers = 0;
+    for (const char* key : {"UserName", "Order", "Competition", "Year", "Month", "Day", "PublisherCompany",
+                            "PublisherPost", "PublisherName"}) {
+        EXPECT_EQ(countOf(master, "%" + std::string(key) + "%"), 1u) << key;
+        markers += 2;
+    }
+    EXPECT_EQ(countOf(master, "%"), markers) << "no other marker";
+}
+
+TEST(XmlText, IsEscapedForEveryReader) {
+    EXPECT_EQ(xmlEscaped("<A&B>\"\n"), "&lt;A&amp;B&gt;&quot; ");
+    EXPECT_EQ(xmlEscaped("表ｱ"), "表ｱ");
+    EXPECT_EQ(xmlEscaped("①髙"), "&#9312;&#39641;");
+    EXPECT_EQ(xmlEscaped("\x83"), "\x83");
+}
+
+} // namespace

@@ -1,0 +1,85 @@
+// The documents as an office program shows them, where one is installed: every text stands on the page.
+
+#include <algorithm>
+#include <cstdlib>
+
+#include <gmock/gmock.h>
+
+#include "documents/office.h"
+#include "documents/template_text.h"
+#include "foundation/text.h"
+#include "platform/files.h"
+#include "platform/text.h"
+
+namespace {
+
+using namespace documents_tests;
+
+bool installed(const std::string& program) {
+    return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+// Without white space of any width: vertical text has a line for each piece.
+std::string condensed(const std::string& text) {
+    std::string result = zelkova::replaceAll(text, "　", "");
+    std::erase_if(result, [](char byte) { return byte == ' ' || byte == '\n' || byte == '\f'; });
+    return result;
+}
+
+class Editor : public testing::Test {
+protected:
+    void SetUp() override {
+        for (const char* program : {"soffice", "pdftotext", "pdfinfo"})
+            if (!installed(program)) GTEST_SKIP() << program << " is not installed";
+    }
+    // All at once: the program's start is most of the time.
+    void print(const std::vector<std::string>& documents) const {
+        std::string command = "soffice -env:UserInstallation=file://" + office.file("profile") +
+                              " --headless --convert-to pdf --outdir " + office.file("cnf");
+        for (const std::string& document : documents)
+            command += " " + document;
+        ASSERT_EQ(std::system((command + " >/dev/null 2>&1").c_str()), 0);
+    }
+    std::string outputOf(const std::string& command) const {
+        std::system((command + " > " + office.file("output") + " 2>/dev/null").c_str());
+        return platform::readFile(office.file("output")).value_or("");
+    }
+    void expectOnOnePage(const std::string& pdf, const std::vector<std::string>& texts) const {
+        EXPECT_THAT(outputOf("pdfinfo " + pdf), testing::ContainsRegex("Pages: +1\n")) << pdf;
+        const std::string page = condensed(platform::utf8ToSjis(outputOf("pdftotext -raw " + pdf + " -")));
+        for (const std::string& text : texts)
+            EXPECT_THAT(page, testing::HasSubstr(condensed(text))) << pdf;
+    }
+
+    Office office;
+};
+
+TEST_F(Editor, ShowsEveryTextOnOnePage) {
+    const DataCertificate certificate = certificateOf("山田<花子>");
+    ASSERT_FALSE(office.makeCertificate(certificate));
+    ASSERT_FALSE(office.makeForm(registOf(20)));
+    zelkova::DataPairsList values;
+    std::vector<std::string> wordTexts;
+    for (const char* key : {"UserName", "Order", "Competition", "Year", "Month", "Day", "PublisherCompany",
+                            "PublisherPost", "PublisherName"}) {
+        wordTexts.push_back(std::string("値") + key + "&<");
+        values.add(key, xmlEscaped(wordTexts.back() + "①"));
+    }
+    wordTexts.push_back("①"); // of another font, and so somewhere else in the page's text
+    const std::string word = office.file("cnf/CertificateWork.xml");
+    ASSERT_TRUE(expandTemplate(office.file("tmp/Certificate_master.xml"), word, values));
+    print({office.certificate(), office.form(), word});
+
+    expectOnOnePage(office.file("cnf/certificateWork.pdf"),
+                    {certificate.getOrder(), certificate.getUserName(), certificate.getSentence(),
+                     certificate.getDate(), certificate.getSponsor(), certificate.getPost(),
+                     certificate.getPublisher()});
+    std::vector<std::string> formTexts = {"春の大会", "2026/04/05", "09：05",     "未定",      "公民館",
+                                          "町内会",   "田中",       "2026/03/01", "どれか１つ"};
+    for (int i = 1; i <= 20; ++i)
+        formTexts.push_back("画像" + std::to_string(i));
+    expectOnOnePage(office.file("cnf/writeApplication.pdf"), formTexts);
+    expectOnOnePage(office.file("cnf/CertificateWork.pdf"), wordTexts);
+}
+
+} // namespace
