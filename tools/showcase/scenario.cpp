@@ -14,6 +14,7 @@ namespace driver = platform::driver;
 enum : int { radioRight = 1204, radioWrong = 1206, radioTimeUp = 1226, cheer = 1219, judgeOk = 1211 };
 enum : int { victimList = 1311, playAnswer = 1313, stopAnswer = 1314, answerOk = 1315 };
 enum : int { scoreOfUser4 = 1434, revisionOk = 1440, victoryOk = 6102 };
+enum : int { showRunningOrder = 11016 };
 
 constexpr double audible = 200; // of 32767
 
@@ -120,6 +121,14 @@ private:
 
 void openTheSession(Author& author, const Files& files) {
     author.look("開始画面", "start", [] { return inState("START") && driver::openDialogs().empty(); });
+    author.add(
+        "進行表の表示", [] { return inState("START"); },
+        [] { driver::chooseMenu(host().mainWindow, showRunningOrder); });
+    author.add("進行表はまだない", dialogIs("IDD_KDL0001_MESSAGE_BOX"), [road = &author.road_] {
+        const platform::WindowHandle dialog = openDialog("IDD_KDL0001_MESSAGE_BOX");
+        road->picture(dialog, "message");
+        driver::pressKey(dialog, "Return");
+    });
     author.add(
         "出題の開始", [] { return inState("START"); },
         [] { driver::chooseMenu(host().mainWindow, ids::openSession); });
