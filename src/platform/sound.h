@@ -23,8 +23,9 @@ public:
     // out to be broken plays as far as it can be decoded and then stands at its end.
     virtual bool open(const std::string& path) = 0;
     virtual void close() = 0;
-    // From the present place. At the end the player stops by itself with position() == end(). False when
-    // nothing is open, as all of the following.
+    // From the present place. At the end the player stops by itself with position() == end(). Players that
+    // are told to play in one breath start together, the first to be ready waiting for the others, though not
+    // for long. False when nothing is open, as all of the following.
     virtual bool play() = 0;
     virtual bool playReverse() = 0; // of every kind of file; stops by itself at 0
     virtual bool pause() = 0;       // keeps the place

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -38,6 +39,23 @@ TEST(SoundLimiter, TurnsFiveSongsDownWithoutCuttingThemAndComesBack) {
         limiter.limit(block);
     }
     EXPECT_EQ(block, tone(0.5F));
+}
+
+TEST(SoundLimiter, NoSampleSilencesThoseAfterIt) {
+    Limiter limiter;
+    for (const float wild : {std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity(),
+                             std::numeric_limits<float>::quiet_NaN(), 3e38F}) {
+        auto block = tone(0.5F);
+        block[100] = wild;
+        limiter.limit(block);
+        for (const float sample : block)
+            ASSERT_LE(std::abs(sample), 1.0F) << wild;
+        for (int blocks = 0; blocks < 200; ++blocks) {
+            block = tone(0.5F);
+            limiter.limit(block);
+        }
+        EXPECT_EQ(block, tone(0.5F)) << wild;
+    }
 }
 
 } // namespace

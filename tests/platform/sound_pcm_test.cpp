@@ -132,7 +132,9 @@ TEST_F(SoundPcm, VolumesAreFactorsAndActAtOnce) {
     device_->setMasterVolume(0);
     sleepMs(30);
     log_.clear();
-    EXPECT_EQ(loudness(log_.of(player_.get(), tenth).stereo, 0), 0);
+    const auto none = log_.of(player_.get(), tenth);
+    EXPECT_GE(none.frames(), tenth) << "the song goes on";
+    EXPECT_EQ(loudness(none.stereo, 0), 0);
 }
 
 TEST_F(SoundPcm, AStopIsSilenceAndAPlayIsSound) {

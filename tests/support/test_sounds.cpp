@@ -1,5 +1,6 @@
 #include "support/test_sounds.h"
 
+#include <bit>
 #include <chrono>
 #include <cmath>
 #include <fstream>
@@ -19,9 +20,12 @@ std::string bytesOf(std::uint32_t value, int count, bool bigEndian = false) {
     return bytes;
 }
 
-std::string wavHeader(std::uint32_t rate, std::uint32_t bytesPerSample, std::uint32_t dataSize) {
-    return "RIFF" + bytesOf(36 + dataSize, 4) + "WAVEfmt " + bytesOf(16, 4) + bytesOf(1, 2) + bytesOf(1, 2) +
-           bytesOf(rate, 4) + bytesOf(rate * bytesPerSample, 4) + bytesOf(bytesPerSample, 2) +
+enum WavCoding { wavInteger = 1, wavFloat = 3 };
+
+std::string wavHeader(std::uint32_t rate, std::uint32_t bytesPerSample, std::uint32_t dataSize,
+                      WavCoding coding = wavInteger) {
+    return "RIFF" + bytesOf(36 + dataSize, 4) + "WAVEfmt " + bytesOf(16, 4) + bytesOf(coding, 2) +
+           bytesOf(1, 2) + bytesOf(rate, 4) + bytesOf(rate * bytesPerSample, 4) + bytesOf(bytesPerSample, 2) +
            bytesOf(bytesPerSample * 8, 2) + "data" + bytesOf(dataSize, 4);
 }
 
@@ -67,6 +71,13 @@ void writeWav(const std::filesystem::path& path, const Samples& samples) {
         bytes += static_cast<char>(sample);
         bytes += static_cast<char>(sample >> 8);
     }
+    writeBytes(path, bytes);
+}
+
+void writeFloatWav(const std::filesystem::path& path, const std::vector<float>& samples) {
+    std::string bytes = wavHeader(soundRate, 4, static_cast<std::uint32_t>(samples.size() * 4), wavFloat);
+    for (const float sample : samples)
+        bytes += bytesOf(std::bit_cast<std::uint32_t>(sample), 4);
     writeBytes(path, bytes);
 }
 

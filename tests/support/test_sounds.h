@@ -27,6 +27,8 @@ void writeBytes(const std::filesystem::path& path, const std::string& bytes);
 // A WAV file of so much silence, cheap to make and to read.
 void writeSilence(const std::filesystem::path& path, int milliseconds);
 void writeWav(const std::filesystem::path& path, const Samples& samples);
+// Any samples at all, as 32-bit floats.
+void writeFloatWav(const std::filesystem::path& path, const std::vector<float>& samples);
 // Encodes through elements of the sound library, such as "lamemp3enc ! xingmux". False when it cannot.
 bool encode(const std::filesystem::path& path, const Samples& samples, const std::string& elements);
 // Notes of the given pitches, one for each quarter of 480 ticks, with a tempo (microseconds for a quarter)

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 namespace platform::sound {
@@ -21,17 +22,23 @@ Living& living() {
 
 } // namespace
 
-void runInBackground(std::function<void()> work) {
+bool runInBackground(std::function<void()> work) {
     Living& threads = living();
     const std::lock_guard lock(threads.mutex);
     ++threads.count;
-    std::thread([work = std::move(work), &threads]() mutable {
-        work();
-        work = nullptr; // what it holds may be slow to go
-        const std::lock_guard done(threads.mutex);
+    try {
+        std::thread([work = std::move(work), &threads]() mutable {
+            work();
+            work = nullptr; // what it holds may be slow to go
+            const std::lock_guard done(threads.mutex);
+            --threads.count;
+            threads.fewer.notify_all();
+        }).detach();
+    } catch (const std::system_error&) {
         --threads.count;
-        threads.fewer.notify_all();
-    }).detach();
+        return false;
+    }
+    return true;
 }
 
 bool waitForBackground(int waitMs) {

@@ -6,7 +6,8 @@
 
 namespace platform::sound {
 
-void runInBackground(std::function<void()> work);
+// False, and the work is not done, when the system has no thread left.
+bool runInBackground(std::function<void()> work);
 
 // Waits at most so long for all of them; true when none is left.
 bool waitForBackground(int waitMs);

@@ -2,12 +2,15 @@
 #include "platform/sound.h"
 #include "platform/sound/background.h"
 #include "platform/sound/mixer.h"
+#include "platform/sound/speaker_line.h"
 
 namespace platform {
 namespace {
 
 using sound::Direction;
+using sound::LineFinder;
 using sound::Mixer;
+using sound::SpeakerLine;
 using sound::Voice;
 
 // A device mostly goes at the end of the program, and threads inside the library should not meet that end.
@@ -38,7 +41,9 @@ private:
 class GstDevice final : public SoundDevice {
 public:
     GstDevice(SoundOutput output, std::function<void(const CapturedBlock&)> capture)
-        : mixer_(std::make_shared<Mixer>(output, std::move(capture))) {
+        : mixer_(std::make_shared<Mixer>(output == SoundOutput::Speakers ? LineFinder(SpeakerLine::open)
+                                                                         : LineFinder(),
+                                         output == SoundOutput::Captured ? std::move(capture) : nullptr)) {
         mixer_->add(effect_, this);
         sound::runInBackground(sound::warmUpGstreamer);
     }

@@ -5,6 +5,7 @@
 
 #include "platform/clock.h"
 #include "platform/sound/background.h"
+#include "platform/sound/start_gate.h"
 
 namespace platform::sound {
 namespace {
@@ -14,7 +15,9 @@ constexpr auto blockTime = std::chrono::milliseconds(blockMs);
 constexpr auto lateLimit = std::chrono::milliseconds(200);
 // A card that takes blocks faster than they sound is no card.
 constexpr auto earlyLimit = std::chrono::milliseconds(200);
-constexpr std::chrono::seconds longestLookPause{60};
+constexpr std::chrono::seconds firstLookPause{1}, longestLookPause{60};
+// A line that lasted so long was a good one: another is looked for at once.
+constexpr std::chrono::seconds goodLine{10};
 
 using Samples = std::array<std::int16_t, blockFrames * channels>;
 
@@ -25,14 +28,15 @@ void toSamples(const Block& block, Samples& samples) {
 }
 
 // Takes a line apart without making anyone wait for a card that does not answer.
-void dropLine(std::shared_ptr<SpeakerLine> line) {
+void dropLine(std::shared_ptr<OutputLine> line) {
     runInBackground([line = std::move(line)] {});
 }
 
 } // namespace
 
-Mixer::Mixer(SoundOutput output, std::function<void(const CapturedBlock&)> capture)
-    : output_(output), capture_(std::move(capture)), startTick_(getTickCount()), thread_([this] { run(); }) {}
+Mixer::Mixer(LineFinder findLine, std::function<void(const CapturedBlock&)> capture)
+    : findLine_(std::move(findLine)), capture_(std::move(capture)), startTick_(getTickCount()),
+      thread_([this] { run(); }) {}
 
 Mixer::~Mixer() {
     quit_ = true;
@@ -52,7 +56,7 @@ void Mixer::remove(const Voice& voice) {
 
 void Mixer::run() {
     while (!quit_) {
-        if (output_ == SoundOutput::Speakers) lookForSpeakers();
+        if (findLine_) lookForLine();
         waitForNextBlock();
         mixBlock();
         due_ += blockTime;
@@ -65,27 +69,41 @@ void Mixer::waitForNextBlock() {
             if (due_ < Clock::now() - lateLimit) due_ = Clock::now();
             return;
         }
-        dropLine(std::move(line_));
-        line_.reset();
-        nextLook_ = Clock::now();
+        loseLine();
         due_ = Clock::now();
     }
     std::this_thread::sleep_until(due_);
     if (due_ < Clock::now() - lateLimit) due_ = Clock::now();
 }
 
-void Mixer::lookForSpeakers() {
+void Mixer::lookForLine() {
     if (lineToCome_.valid()) {
         if (lineToCome_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
         line_ = lineToCome_.get();
-        nextLook_ = Clock::now() + lookPause_;
-        lookPause_ = line_ ? std::chrono::seconds(5) : std::min(lookPause_ * 2, longestLookPause);
+        lineSince_ = Clock::now();
+        if (!line_) pauseLooking();
     } else if (!line_ && Clock::now() >= nextLook_) {
         // Opening a card can take its time; the show goes on by the clock meanwhile.
-        auto found = std::make_shared<std::promise<std::shared_ptr<SpeakerLine>>>();
+        auto found = std::make_shared<std::promise<std::shared_ptr<OutputLine>>>();
         lineToCome_ = found->get_future();
-        runInBackground([found] { found->set_value(SpeakerLine::open()); });
+        if (runInBackground([found, findLine = findLine_] { found->set_value(findLine()); })) return;
+        lineToCome_ = {};
+        pauseLooking();
     }
+}
+
+void Mixer::loseLine() {
+    dropLine(std::move(line_));
+    line_.reset();
+    if (Clock::now() - lineSince_ < goodLine) return pauseLooking();
+    nextLook_ = Clock::now();
+    lookPause_ = firstLookPause;
+}
+
+// Longer each time, so that a card that always fails is not opened without end.
+void Mixer::pauseLooking() {
+    nextLook_ = Clock::now() + lookPause_;
+    lookPause_ = std::min(lookPause_ * 2, longestLookPause);
 }
 
 std::uint32_t Mixer::dueTick() const {
@@ -102,12 +120,17 @@ void Mixer::mixBlock() {
     const unsigned word = masterVolume_;
     const Gains master = {static_cast<float>(word & 0xFFFF) / 65535.0F,
                           static_cast<float>(word >> 16) / 65535.0F};
+    std::vector<Start> starts;
+    for (const Entry& entry : entries)
+        if (const auto start = entry.voice->start()) starts.push_back(*start);
+    const auto now = Clock::now();
     Block mix = {};
     Block block;
     Samples samples;
     for (const Entry& entry : entries) {
+        if (const auto start = entry.voice->start(); start && !mayStart(*start, starts, now)) continue;
         if (!entry.voice->render(block, master)) continue;
-        if (output_ == SoundOutput::Captured && capture_) {
+        if (capture_) {
             toSamples(block, samples);
             capture_({entry.owner, dueTick(), samples.data(), blockFrames});
         }

@@ -15,14 +15,15 @@
 
 #include "platform/sound.h"
 #include "platform/sound/limiter.h"
-#include "platform/sound/speaker_line.h"
+#include "platform/sound/output_line.h"
 #include "platform/sound/voice.h"
 
 namespace platform::sound {
 
 class Mixer {
 public:
-    Mixer(SoundOutput output, std::function<void(const CapturedBlock&)> capture);
+    // Without a finder, or as long as it finds nothing, the mix goes nowhere.
+    Mixer(LineFinder findLine, std::function<void(const CapturedBlock&)> capture);
     ~Mixer();
     Mixer(const Mixer&) = delete;
     Mixer& operator=(const Mixer&) = delete;
@@ -43,11 +44,13 @@ private:
 
     void run();
     void waitForNextBlock();
-    void lookForSpeakers();
+    void lookForLine();
+    void loseLine();
+    void pauseLooking();
     void mixBlock();
     std::uint32_t dueTick() const;
 
-    const SoundOutput output_;
+    const LineFinder findLine_;
     const std::function<void(const CapturedBlock&)> capture_;
     const Clock::time_point startTime_ = Clock::now();
     const std::uint32_t startTick_;
@@ -59,10 +62,11 @@ private:
     // Of the thread alone.
     Clock::time_point due_ = startTime_; // of the next block
     Limiter limiter_;
-    std::shared_ptr<SpeakerLine> line_;
-    std::future<std::shared_ptr<SpeakerLine>> lineToCome_;
+    std::shared_ptr<OutputLine> line_;
+    std::future<std::shared_ptr<OutputLine>> lineToCome_;
     Clock::time_point nextLook_ = startTime_;
-    std::chrono::seconds lookPause_{5};
+    Clock::time_point lineSince_ = startTime_;
+    std::chrono::seconds lookPause_{1}; // after the next look that finds no line, or none that lasts
     std::thread thread_;
 };
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
+#include <iterator>
 
 #include <gst/app/gstappsink.h>
 
@@ -30,6 +32,11 @@ void giveSoundfont(GstBin*, GstBin*, GstElement* element, gpointer) {
         return std::filesystem::exists(path, ignored);
     });
     if (font != soundfonts.end()) g_object_set(element, "soundfont", *font, nullptr);
+}
+
+// A file of floats can hold anything.
+float asSound(float sample) {
+    return std::isfinite(sample) ? std::clamp(sample, -1.0F, 1.0F) : 0;
 }
 
 void linkDecoded(GstElement*, GstPad* pad, gpointer converter) {
@@ -146,7 +153,9 @@ void SongReader::append(GstSample* sample, std::vector<float>& frames) {
                                                            time, sampleRate, GST_SECOND)));
         aligned_ = skip < count;
     }
-    if (skip < count) frames.insert(frames.end(), first + skip * channels, first + count * channels);
+    if (skip < count)
+        std::transform(first + skip * channels, first + count * channels, std::back_inserter(frames),
+                       asSound);
     gst_buffer_unmap(buffer, &map);
 }
 

@@ -29,7 +29,7 @@ public:
     int duration() const;
     // Exact to the frame. False when the file cannot be read from there.
     bool seek(std::int64_t frame);
-    // Appends the next frames (interleaved stereo).
+    // Appends the next frames (interleaved stereo), every sample within -1 to 1.
     ReadResult read(std::vector<float>& frames, int waitMs);
 
 private:

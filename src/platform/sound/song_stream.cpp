@@ -77,6 +77,14 @@ struct SongStream::State {
     FrameQueue queue;
 
     bool newWish() const { return quit || openWanted || seekWanted; }
+    // The first one told is the length.
+    void publishLength(int milliseconds) {
+        if (lengthKnown) return;
+        length = milliseconds;
+        lengthKnown = true;
+        measured.notify_all();
+    }
+
     bool hungry() const { return open && (!prepared || (!ended && queue.frames() < aheadFrames)); }
 };
 
@@ -113,26 +121,24 @@ private:
         return !state_->newWish();
     }
 
-    void publishLength(int length) {
-        state_->length = length;
-        state_->lengthKnown = true;
-        state_->measured.notify_all();
-    }
-
+    // Measures first: the library may take its time, or never answer.
     void open() {
         state_->openWanted = false;
         const std::filesystem::path path = state_->path;
         int length = 0;
         unlocked([&] {
-            reader_.close();
             if (path.empty()) return;
-            reader_.open(path);
-            FileWindow file(path); // measured while the library prepares
+            FileWindow file(path);
             length = fileLength(file);
+        });
+        if (state_->openWanted) return;
+        if (length > 0) state_->publishLength(length);
+        unlocked([&] {
+            reader_.close();
+            if (!path.empty()) reader_.open(path);
         });
         if (state_->openWanted || path.empty()) return;
         state_->open = true;
-        if (length > 0) publishLength(length);
     }
 
     void prepare() {
@@ -145,7 +151,7 @@ private:
         if (state_->openWanted || result == ReadResult::Waiting) return;
         state_->prepared = true;
         state_->ended = result == ReadResult::End;
-        if (!state_->lengthKnown) publishLength(duration);
+        state_->publishLength(duration);
     }
 
     void seek() {
@@ -243,6 +249,16 @@ std::size_t SongStream::read(float* frames, std::size_t count, bool& ended) {
     state_->queue.take(frames, taken);
     state_->wake.notify_one();
     return taken;
+}
+
+bool SongStream::has(std::size_t count) {
+    const std::lock_guard lock(state_->mutex);
+    return state_->ended || state_->queue.frames() >= count;
+}
+
+void SongStream::assumeLength(int milliseconds) {
+    const std::lock_guard lock(state_->mutex);
+    state_->publishLength(milliseconds);
 }
 
 int SongStream::length(int waitMs, bool& known) {

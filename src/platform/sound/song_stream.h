@@ -27,8 +27,13 @@ public:
     // and fewer than `count`; `ended` then tells so.
     std::size_t read(float* frames, std::size_t count, bool& ended);
 
+    // So many frames can be read at once, or all that are left.
+    bool has(std::size_t count);
+
     // Milliseconds. Waits at most so long for the file to be measured; `known` tells whether it was.
     int length(int waitMs, bool& known);
+    // What the length counts as when it was not measured until now.
+    void assumeLength(int milliseconds);
 
 private:
     struct State;

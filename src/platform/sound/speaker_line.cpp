@@ -32,12 +32,14 @@ void setUpSink(GstBin*, GstBin*, GstElement* element, gpointer standIn) {
 
 } // namespace
 
-std::shared_ptr<SpeakerLine> SpeakerLine::open() {
+std::shared_ptr<OutputLine> SpeakerLine::open() {
     auto line = std::make_shared<SpeakerLine>();
     return startGstreamer() && line->start() ? line : nullptr;
 }
 
-SpeakerLine::~SpeakerLine() = default;
+SpeakerLine::~SpeakerLine() {
+    pipeline_.reset(); // its threads call back into this object until it is down
+}
 
 bool SpeakerLine::start() {
     source_ = gst_element_factory_make("appsrc", nullptr);

@@ -9,19 +9,18 @@
 #include <span>
 
 #include "platform/sound/gst.h"
+#include "platform/sound/output_line.h"
 
 namespace platform::sound {
 
-class SpeakerLine {
+class SpeakerLine final : public OutputLine {
 public:
     // Waits for the output to come up, some seconds at most; none when there is no sound card.
-    static std::shared_ptr<SpeakerLine> open();
-    ~SpeakerLine();
+    static std::shared_ptr<OutputLine> open();
+    ~SpeakerLine() override;
 
-    // Waits until the card wants a block. False when it is gone, or has wanted none for half a second.
-    bool waitForRoom();
-    // Interleaved stereo, 44100 Hz.
-    void write(std::span<const std::int16_t> samples);
+    bool waitForRoom() override;
+    void write(std::span<const std::int16_t> samples) override;
 
 private:
     bool start();

@@ -11,7 +11,7 @@ namespace {
 // A file of which the library gives neither sound nor an error for so many blocks counts as played: whoever
 // waits for its end goes on.
 constexpr int starvedLimit = 5000 / blockMs;
-constexpr int lengthWaitMs = 1000;
+constexpr std::chrono::seconds measureLimit{1};
 
 } // namespace
 
@@ -22,6 +22,7 @@ bool Voice::open(const std::string& path) {
     if (fileKind(file) == FileKind::None) return false;
     const std::lock_guard lock(mutex_);
     stream_.open(native);
+    measureBy_ = Clock::now() + measureLimit;
     open_ = true;
     return true;
 }
@@ -40,9 +41,14 @@ void Voice::close() {
 bool Voice::play(Direction direction) {
     const std::lock_guard lock(mutex_);
     if (!open_) return false;
+    clipToSong();
     if (direction != direction_) {
         direction_ = direction;
         resetStream();
+    }
+    if (!playing_) {
+        starting_ = true;
+        asked_ = Clock::now();
     }
     playing_ = true;
     starved_ = 0;
@@ -65,6 +71,7 @@ bool Voice::seek(int milliseconds) {
     if (target == frame_ && direction_ == Direction::Forward) return true; // the stream stands there already
     frame_ = target;
     direction_ = Direction::Forward;
+    clipToSong();
     resetStream();
     return true;
 }
@@ -80,8 +87,10 @@ int Voice::position() {
 
 int Voice::end() {
     // Not under the lock: the mixer must not wait with us.
+    if (!open_) return 0;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(measureBy_ - Clock::now());
     bool known = false;
-    return open_ ? stream_.length(lengthWaitMs, known) : 0;
+    return stream_.length(static_cast<int>(std::max<std::int64_t>(0, left.count())), known);
 }
 
 bool Voice::setVolume(int thousandths) {
@@ -104,10 +113,28 @@ void Voice::resetStream() {
     changer_.forget();
 }
 
+// A place that was asked for before the song was measured may lie beyond it.
+void Voice::clipToSong() {
+    bool known = false;
+    const std::int64_t length = toFrames(stream_.length(0, known));
+    if (!known || length <= 0 || frame_ <= length) return;
+    frame_ = length;
+    if (direction_ == Direction::Backward) resetStream();
+}
+
 void Voice::finish() {
     playing_ = false;
+    starting_ = false;
+    // What never could be measured has ended here.
+    stream_.assumeLength(toMilliseconds(frame_));
     bool known = false;
     frame_ = direction_ == Direction::Backward ? 0 : toFrames(stream_.length(0, known));
+}
+
+std::optional<Start> Voice::start() {
+    const std::lock_guard lock(mutex_);
+    if (!playing_ || !starting_) return std::nullopt;
+    return Start{asked_, stream_.has(std::max<std::size_t>(1, changer_.framesFor(blockFrames)))};
 }
 
 bool Voice::render(Block& block, const Gains& master) {
@@ -140,6 +167,7 @@ bool Voice::take(Block& block) {
         return false;
     }
     starved_ = 0;
+    starting_ = false;
 
     if (direction_ == Direction::Forward) {
         // The measured length is the end, even where a decoder adds a tail to it.

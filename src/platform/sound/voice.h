@@ -4,9 +4,10 @@
 // takes.
 
 #include <array>
+#include <chrono>
 #include <cstdint>
-#include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,12 @@ namespace platform::sound {
 using Gains = std::array<float, channels>;
 using Block = std::array<float, blockFrames * channels>;
 
+// A play that has not begun to sound.
+struct Start {
+    std::chrono::steady_clock::time_point asked;
+    bool ready; // its sound is decoded
+};
+
 class Voice {
 public:
     bool open(const std::string& path);
@@ -32,19 +39,26 @@ public:
     bool setVolume(int thousandths);
     bool setSpeed(int thousandths);
 
+    std::optional<Start> start();
     // Fills the block with the next sound; false when there is none, and the block is then left alone.
     bool render(Block& block, const Gains& master);
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     bool take(Block& block);
     void finish();
+    void clipToSong();
     void resetStream();
 
     std::mutex mutex_;
     SongStream stream_;
     SpeedChanger changer_;
     bool open_ = false;
+    Clock::time_point measureBy_; // nobody waits for the length beyond this
     bool playing_ = false;
+    bool starting_ = false;                    // playing, and nothing of it was heard yet
+    Clock::time_point asked_;                  // when it was told to play
     Direction direction_ = Direction::Forward; // in which the stream runs
     std::int64_t frame_ = 0;                   // the next one that is heard
     int volume_ = fullVolume;
