@@ -48,7 +48,9 @@ bool takesSpeed(MediaType type, int speed) {
 
 } // namespace
 
-Media::~Media() { destroy(); }
+Media::~Media() {
+    destroy();
+}
 
 void Media::destroy() {
     stop();
@@ -57,7 +59,7 @@ void Media::destroy() {
 }
 
 bool Media::create(platform::WindowHandle, unsigned, const char* fileName) {
-    if (opened) close();
+    destroy();
     window = platform::soundDevice().createPlayer();
     if (window && fileName) window->open(fileName);
     return window != nullptr;
@@ -96,7 +98,7 @@ bool Media::playReverse() {
 }
 
 bool Media::pause() {
-    if (!playing || !window->pause()) return false;
+    if (!playing || !window || !window->pause()) return false;
     playing = false;
     if (isEstimated()) {
         const int place = getPosition();
@@ -107,10 +109,11 @@ bool Media::pause() {
 }
 
 bool Media::stop() {
-    if (!playing || !window->stop()) return false;
+    if (!playing) return false;
+    // Also when the file was closed meanwhile: the run is over either way.
     playing = false;
     playStartTick = noTick;
-    return true;
+    return window && window->stop();
 }
 
 bool Media::seek(int position) {
@@ -147,7 +150,8 @@ bool Media::setVolume(int level) {
 bool Media::setSpeed(int newSpeed) {
     if (!window || !takesSpeed(mediaType, newSpeed)) return false;
     // Reckoned at the speed that was heard until now; with the new one the song would jump.
-    const int place = getPosition();
+    // Of a song that stands nobody asks: the answer may have to wait for its length.
+    const int place = playing ? getPosition() : 0;
     if (!window->setSpeed(newSpeed)) return false;
     speed = newSpeed;
     if (playing && isEstimated()) {

@@ -47,7 +47,7 @@ public:
     bool playReverse();
     // play() goes on from there.
     bool pause();
-    bool stop(); // false when it was not playing
+    bool stop(); // false when it was not playing, or nothing is open any more
     bool isPlaying() const { return playing; }
     // Goes on playing from the new place when it was playing.
     bool seek(int position);

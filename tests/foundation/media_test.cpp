@@ -170,6 +170,30 @@ TEST_F(MediaTest, PlayingIsWhatWasAskedNotWhatIsHeard) {
     EXPECT_FALSE(media_.stop());
 }
 
+TEST_F(MediaTest, ARunEndsWithItsFileAndItsPlayer) {
+    const auto playAndClose = [&] {
+        ASSERT_TRUE(media_.open(file("song.mp3")));
+        ASSERT_TRUE(media_.play());
+        media_.close();
+    };
+    playAndClose();
+    EXPECT_FALSE(media_.stop());
+    EXPECT_FALSE(media_.isPlaying());
+    playAndClose();
+    media_.destroy();
+    EXPECT_FALSE(media_.isPlaying());
+    EXPECT_FALSE(media_.stop());
+    EXPECT_FALSE(media_.pause());
+    media_.create({});
+    playAndClose();
+    media_.create({});
+    EXPECT_FALSE(media_.isPlaying());
+    ASSERT_TRUE(media_.open(file("song.mp3")));
+    media_.seek(5000);
+    clock_.advance(1000);
+    EXPECT_EQ(media_.getPosition(), 5000) << "a seek alone does not play";
+}
+
 TEST_F(MediaTest, AFileThatWillNotOpenLeavesTheTypeAsItWas) {
     ASSERT_TRUE(media_.open(file("song.wav")));
     media_.close();
@@ -185,6 +209,53 @@ TEST_F(MediaTest, TickCountsMayWrap) {
     media_.play();
     clock_.advance(3000);
     EXPECT_EQ(media_.getPosition(), 6000);
+}
+
+// Measures nothing: whoever asks for the length would wait.
+class UnmeasuredPlayer : public platform::SoundPlayer {
+public:
+    bool open(const std::string&) override { return true; }
+    void close() override {}
+    bool play() override { return true; }
+    bool playReverse() override { return true; }
+    bool pause() override { return true; }
+    bool stop() override { return true; }
+    bool seek(int) override { return true; }
+    int position() override { return 0; }
+    int end() override {
+        ADD_FAILURE() << "the desk stands still until the song is measured";
+        return 0;
+    }
+    bool setVolume(int) override { return true; }
+    bool setSpeed(int) override { return true; }
+};
+
+class UnmeasuredDevice : public platform::SoundDevice {
+public:
+    std::unique_ptr<platform::SoundPlayer> createPlayer() override {
+        return std::make_unique<UnmeasuredPlayer>();
+    }
+    void playSound(const std::string&) override {}
+    void setMasterVolume(unsigned) override {}
+    unsigned masterVolume() const override { return 0; }
+};
+
+TEST(MediaPreparation, WaitsForNoLength) {
+    platform::setSoundDevice(std::make_unique<UnmeasuredDevice>());
+    {
+        Media media;
+        media.create({});
+        for (int quest = 0; quest < 3; ++quest) { // the speed is that of the quest before, too
+            media.stop();
+            media.close();
+            EXPECT_TRUE(media.open("song.mp3"));
+            EXPECT_TRUE(media.setSpeed(2000));
+            EXPECT_TRUE(media.seek(1000));
+            EXPECT_TRUE(media.setVolume(500));
+            EXPECT_TRUE(media.play());
+        }
+    }
+    platform::setSoundDevice(nullptr);
 }
 
 TEST(MasterVolume, IsTheSameWordForBothChannels) {

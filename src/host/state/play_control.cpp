@@ -160,7 +160,8 @@ void startSongs() {
         const auto index = static_cast<std::size_t>(i);
         state.questMedia[index].seek(state.playStart[index]);
     }
-    // All are in place before the first one sounds, so that they start together.
+    // In one breath, so that they start together: the device lets the first that is ready wait for the
+    // others.
     for (int i = 0; i < songCount(state.dataSession); ++i)
         if (isChecked(i)) state.questMedia[static_cast<std::size_t>(i)].play();
 }
