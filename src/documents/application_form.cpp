@@ -142,13 +142,10 @@ void ApplicationFormWriter::addSpacing(DOMElement* table, int pictures) const {
 
 const DOMElement* ApplicationFormWriter::requireCell(const DOMElement* table, std::string_view rowStyle,
                                                      std::string_view style) {
-    for (const DOMElement* row = table ? table->getFirstElementChild() : nullptr; row;
-         row = row->getNextElementSibling()) {
-        if (getNodeName(row) != "table:table-row") continue;
+    for (const DOMElement* row : childrenNamed(table, "table:table-row")) {
         if (!rowStyle.empty() && attributeOf(row, "table:style-name") != rowStyle) continue;
-        for (const DOMElement* cell = row->getFirstElementChild(); cell; cell = cell->getNextElementSibling())
-            if (getNodeName(cell) == "table:table-cell" && attributeOf(cell, "table:style-name") == style)
-                return cell;
+        for (const DOMElement* cell : childrenNamed(row, "table:table-cell"))
+            if (attributeOf(cell, "table:style-name") == style) return cell;
     }
     if (table) lacks(table, "table:table-cell[" + std::string(style) + "]");
     return nullptr;

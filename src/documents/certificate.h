@@ -11,9 +11,5 @@ public:
     std::optional<DocumentFault> write(const std::string& outputPath, const DataCertificate& certificate);
 
 private:
-    struct Frame;
-    static const Frame frames[];
-
-    void fill(const xercesc::DOMElement* frame, const Frame& content, const DataCertificate& certificate);
-    void fillPublisher(const xercesc::DOMElement* paragraph, const DataCertificate& certificate);
+    void fill(const xercesc::DOMElement* paragraph, const char* span, const std::string& text);
 };

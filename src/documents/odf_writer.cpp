@@ -32,6 +32,14 @@ std::string OdfWriter::attributeOf(const DOMNode* element, std::string_view name
     return getNodeValue(findAttribute(element, name));
 }
 
+std::vector<DOMElement*> OdfWriter::childrenNamed(const DOMElement* parent, std::string_view name) {
+    std::vector<DOMElement*> found;
+    for (DOMElement* child = parent ? parent->getFirstElementChild() : nullptr; child;
+         child = child->getNextElementSibling())
+        if (getNodeName(child) == name) found.push_back(child);
+    return found;
+}
+
 void OdfWriter::lacks(const DOMNode* parent, std::string_view what) {
     if (!lacking_.empty()) return;
     std::string value;
@@ -48,10 +56,9 @@ DOMElement* OdfWriter::requireChild(const DOMNode* parent, std::string_view name
 
 DOMElement* OdfWriter::requireChild(const DOMElement* parent, std::string_view name,
                                     std::string_view attribute, std::string_view value) {
-    if (!parent) return nullptr;
-    for (DOMElement* child = parent->getFirstElementChild(); child; child = child->getNextElementSibling())
-        if (getNodeName(child) == name && attributeOf(child, attribute) == value) return child;
-    lacks(parent, described(name, value));
+    for (DOMElement* child : childrenNamed(parent, name))
+        if (attributeOf(child, attribute) == value) return child;
+    if (parent) lacks(parent, described(name, value));
     return nullptr;
 }
 

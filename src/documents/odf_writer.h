@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/xml_dom.h"
 #include "documents/document_files.h"
@@ -32,6 +33,9 @@ protected:
     // For what is not found by these.
     void lacks(const xercesc::DOMNode* parent, std::string_view what);
 
+    // All child elements of that name; none for a null parent.
+    static std::vector<xercesc::DOMElement*> childrenNamed(const xercesc::DOMElement* parent,
+                                                           std::string_view name);
     static std::string attributeOf(const xercesc::DOMNode* element, std::string_view name);
 
 private:
