@@ -3,7 +3,6 @@
 #include <xercesc/dom/DOM.hpp>
 
 #include "data/xml_record.h"
-#include "data/xml_text.h"
 #include "data/xml_writer.h"
 #include "foundation/text.h"
 #include "platform/files.h"
@@ -15,10 +14,6 @@ namespace {
 constexpr const char* rootName = "config";
 constexpr const char* fundamentalName = "fundamental";
 constexpr const char* applicationName = "application";
-
-DOMElement* appendElement(DOMDocument& document, DOMElement& parent, const char* name) {
-    return static_cast<DOMElement*>(parent.appendChild(document.createElement(xml::fromSjis(name).c_str())));
-}
 
 bool putAside(const std::string& path) {
     const auto bytes = platform::readFile(path);
@@ -38,9 +33,8 @@ void AccesserFundamental::read(const DOMElement* root, DataApplication& settings
         xml::readFields(half, static_cast<DataFundamental&>(settings));
 }
 
-void AccesserFundamental::write(DOMDocument& document, DOMElement& root, const DataApplication& settings) {
-    xml::writeFields(appendElement(document, root, fundamentalName),
-                     static_cast<const DataFundamental&>(settings));
+void AccesserFundamental::write(DOMElement& root, const DataApplication& settings) {
+    xml::writeFields(appendElement(&root, fundamentalName), static_cast<const DataFundamental&>(settings));
 }
 
 void AccesserApplication::read(const DOMElement* root, DataApplication& settings) {
@@ -48,9 +42,9 @@ void AccesserApplication::read(const DOMElement* root, DataApplication& settings
     if (const DOMElement* half = findChild(root, applicationName)) xml::readFields(half, settings);
 }
 
-void AccesserApplication::write(DOMDocument& document, DOMElement& root, const DataApplication& settings) {
-    AccesserFundamental::write(document, root, settings);
-    xml::writeFields(appendElement(document, root, applicationName), settings);
+void AccesserApplication::write(DOMElement& root, const DataApplication& settings) {
+    AccesserFundamental::write(root, settings);
+    xml::writeFields(appendElement(&root, applicationName), settings);
 }
 
 int AccesserApplication::load(const std::string& path, DataApplication& settings) {
@@ -68,6 +62,6 @@ int AccesserApplication::save(const std::string& path, const DataApplication& se
     DataApplication ignored;
     if (platform::pathExists(path) && load(path, ignored) == 0 && !putAside(path)) return 0;
     const xml::NewDocument document = xml::createDocument(rootName, "");
-    write(*document, *document->getDocumentElement(), settings);
+    write(*document->getDocumentElement(), settings);
     return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
 }

@@ -11,8 +11,7 @@ class AccesserFundamental : public XmlDom {
 public:
     // Elements that are missing leave their fields as they are.
     virtual void read(const xercesc::DOMElement* root, DataApplication& settings);
-    virtual void write(xercesc::DOMDocument& document, xercesc::DOMElement& root,
-                       const DataApplication& settings);
+    virtual void write(xercesc::DOMElement& root, const DataApplication& settings);
 };
 
 // Both halves.
@@ -25,6 +24,5 @@ public:
     int save(const std::string& path, const DataApplication& settings);
 
     void read(const xercesc::DOMElement* root, DataApplication& settings) override;
-    void write(xercesc::DOMDocument& document, xercesc::DOMElement& root,
-               const DataApplication& settings) override;
+    void write(xercesc::DOMElement& root, const DataApplication& settings) override;
 };

@@ -1,7 +1,8 @@
 #include "data/accesser_resource.h"
 
-#include <array>
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 #include <xercesc/dom/DOM.hpp>
 
@@ -55,14 +56,9 @@ int AccesserResource::open(const std::string& path) {
         refuse("音楽ファイルの一覧ではありません");
         return 0;
     }
-    for (DOMNode* child = root->getFirstChild(); child; child = child->getNextSibling()) {
-        if (child->getNodeType() != DOMNode::ELEMENT_NODE ||
-            std::u16string_view(child->getNodeName()) != u"data")
-            continue;
-        if (const DOMNode* id = child->getAttributes()->item(0))
-            entries_.emplace(zelkova::stringToInt(getNodeValue(id)), static_cast<DOMElement*>(child));
-    }
-    maxId_ = getMaxId();
+    entries_ = childrenById(root, "data");
+    // Files that people wrote may name a highest number that is none, or leave it out.
+    maxId_ = std::max({0, getMaxId(), entries_.empty() ? 0 : entries_.rbegin()->first});
     opened_ = true;
     return 1;
 }
@@ -101,13 +97,9 @@ int AccesserResource::get(std::int32_t number, DataResource& resource) const {
 }
 
 std::int32_t AccesserResource::add(const DataResource& resource) {
-    if (!opened_) return 0;
-    std::int64_t number = std::int64_t{maxId_} + 1;
-    while (entries_.count(static_cast<std::int32_t>(number)))
-        ++number;
-    if (number > std::numeric_limits<std::int32_t>::max()) return 0;
+    if (!opened_ || maxId_ == std::numeric_limits<std::int32_t>::max()) return 0;
     DataResource numbered = resource;
-    numbered.setNo(static_cast<std::int32_t>(number));
+    numbered.setNo(maxId_ + 1);
 
     DOMElement* entry = createElement("data");
     setAttribute(entry, "id", zelkova::numberToText(numbered.getNo()));
@@ -151,7 +143,7 @@ std::int32_t AccesserResource::getMaxId() const {
 void AccesserResource::setMaxId(std::int32_t number) {
     DOMElement* root = rootNamed(rootName);
     if (!root) return;
-    maxId_ = number;
+    maxId_ = std::max(maxId_, number);
     DOMElement* element = findChild(root, maxIdName);
     if (!element) root->insertBefore(element = createElement(maxIdName), root->getFirstChild());
     setChildValue(element, zelkova::numberToText(number));
@@ -185,7 +177,7 @@ AccesserResource::search(std::int32_t noFrom, std::int32_t noTo, const std::stri
     std::vector<DataResource> found;
     DataResource song;
     // A damaged file may name any highest number, so the entries are walked, not the numbers.
-    for (auto entry = entries_.lower_bound(1); entry != entries_.end() && entry->first <= maxId_; ++entry)
+    for (auto entry = entries_.lower_bound(1); entry != entries_.end(); ++entry)
         if (get(entry->first, song) && keeps(song)) found.push_back(song);
     return found;
 }

@@ -32,9 +32,10 @@ public:
     int update(std::int32_t number, const DataResource& resource);
     int remove(std::int32_t number);
     std::int32_t getMaxId() const; // -1 when the element cannot be read
+    // Writes the element. Numbers already given stay so, also with a lower one here.
     void setMaxId(std::int32_t number);
 
-    // Entries from 1 to the highest number given, ascending. A filter is off with a `noFrom` of 0 or less, an
+    // Entries from 1 upward, ascending. A filter is off with a `noFrom` of 0 or less, an
     // empty text, a `type` or `fileType` below 0, a year of 0. Texts are patterns (wildcardMatch); ends are
     // included.
     std::vector<DataResource> search(std::int32_t noFrom, std::int32_t noTo, const std::string& title,
@@ -48,6 +49,6 @@ private:
 
     bool opened_ = false;
     std::string stylesheet_;
-    std::int32_t maxId_ = 0;
+    std::int32_t maxId_ = 0; // the highest number given, or found in an entry; never below 0
     std::map<std::int32_t, xercesc::DOMElement*> entries_; // the first of each number
 };

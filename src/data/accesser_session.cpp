@@ -1,5 +1,8 @@
 #include "data/accesser_session.h"
 
+#include <algorithm>
+#include <limits>
+
 #include <xercesc/dom/DOM.hpp>
 
 #include "data/xml_record.h"
@@ -40,17 +43,20 @@ int AccesserSession::open(const std::string& path) {
     close();
     if (!platform::pathExists(path)) createFile(path);
     if (load(path) == 0) return 0;
-    if (!rootNamed(rootName)) {
+    const DOMElement* root = rootNamed(rootName);
+    if (!root) {
         refuse("出題ファイルではありません");
         return 0;
     }
     opened_ = true;
-    maxPart_ = getMaxPart();
+    parts_ = childrenById(root, "part");
+    maxPart_ = std::max({0, getMaxPart(), parts_.empty() ? 0 : parts_.rbegin()->first});
     return 1;
 }
 
 void AccesserSession::close() {
     releaseParser();
+    parts_.clear();
     opened_ = false;
     maxPart_ = 0;
 }
@@ -59,23 +65,13 @@ int AccesserSession::save() {
     return opened_ ? XmlDom::save(xml::encodingOfEdited) : 0;
 }
 
-DOMElement* AccesserSession::findPart(std::int32_t id) const {
-    const DOMElement* root = rootNamed(rootName);
-    for (DOMElement* part = root ? root->getFirstElementChild() : nullptr; part;
-         part = part->getNextElementSibling()) {
-        if (getNodeName(part) != "part") continue;
-        const DOMNode* first = part->getAttributes()->item(0);
-        if (first && zelkova::stringToInt(getNodeValue(first)) == id) return part;
-    }
-    return nullptr;
-}
-
 bool AccesserSession::getPart(std::int32_t id, DataSession& part) const {
     part.clear();
     // A record that is used again must not keep the songs of the stage before.
     part.setResourceId("");
-    const DOMElement* element = findPart(id);
-    if (!element) return false;
+    const auto found = parts_.find(id);
+    if (found == parts_.end()) return false;
+    const DOMElement* element = found->second;
     xml::readFields(element, part);
     std::string numbers;
     if (xml::readPlace(element, "resourceId", numbers)) part.setResourceId(numbers);
@@ -90,9 +86,10 @@ bool AccesserSession::getPart(std::int32_t id, DataSession& part) const {
 }
 
 std::int32_t AccesserSession::addPart(const DataSession& part) {
-    if (!opened_) return 0;
+    if (!opened_ || maxPart_ == std::numeric_limits<std::int32_t>::max()) return 0;
+    const std::int32_t id = maxPart_ + 1;
     DOMElement* element = createElement("part");
-    setAttribute(element, "id", zelkova::numberToText(maxPart_ + 1));
+    setAttribute(element, "id", zelkova::numberToText(id));
     xml::writeFields(element, part);
     DOMElement* songs = createElement("resources");
     std::int32_t place = 0;
@@ -103,8 +100,9 @@ std::int32_t AccesserSession::addPart(const DataSession& part) {
     }
     appendNode(element, songs);
     appendNode(rootNamed(rootName), element);
-    setMaxPart(maxPart_ + 1);
-    return maxPart_;
+    parts_.emplace(id, element);
+    setMaxPart(id);
+    return id;
 }
 
 std::string AccesserSession::header(std::string_view name) const {
@@ -128,7 +126,7 @@ std::int32_t AccesserSession::getMaxPart() const {
     return headerNumber("maxPart");
 }
 void AccesserSession::setMaxPart(std::int32_t number) {
-    maxPart_ = number;
+    maxPart_ = std::max(maxPart_, number);
     setHeader("maxPart", zelkova::numberToText(number));
 }
 std::string AccesserSession::getSessionName() const {

@@ -1,6 +1,7 @@
 #pragma once
 // A session file: a quiz as its host prepared it. Changes are made in memory and reach the disk with save().
 
+#include <map>
 #include <string>
 
 #include "data/data_session.h"
@@ -21,7 +22,8 @@ public:
 
     // False, with a cleared record and no songs, when there is no such stage. Stages count from 1.
     bool getPart(std::int32_t id, DataSession& part) const;
-    // Appends the stage under the next number and answers that number; 0 when nothing is open.
+    // Appends the stage under the next number and answers that number; 0 when nothing is open or no number is
+    // left.
     std::int32_t addPart(const DataSession& part);
 
     // The setters do nothing while nothing is open, the getters answer "" or -1 for an element that is not
@@ -41,11 +43,11 @@ public:
 
 private:
     static int createFile(const std::string& path);
-    xercesc::DOMElement* findPart(std::int32_t id) const;
     std::string header(std::string_view name) const;
     std::int32_t headerNumber(std::string_view name) const;
     void setHeader(std::string_view name, const std::string& text);
 
     bool opened_ = false;
-    std::int32_t maxPart_ = 0;
+    std::int32_t maxPart_ = 0;                           // the highest number of a stage; never below 0
+    std::map<std::int32_t, xercesc::DOMElement*> parts_; // the first of each number
 };

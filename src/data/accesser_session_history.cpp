@@ -3,7 +3,6 @@
 #include <xercesc/dom/DOM.hpp>
 
 #include "data/xml_record.h"
-#include "data/xml_text.h"
 #include "data/xml_writer.h"
 #include "foundation/text.h"
 
@@ -14,11 +13,6 @@ namespace {
 std::string& stylesheet() {
     static std::string name;
     return name;
-}
-
-DOMElement* appendElement(DOMElement& parent, const char* name) {
-    return static_cast<DOMElement*>(
-        parent.appendChild(parent.getOwnerDocument()->createElement(xml::fromSjis(name).c_str())));
 }
 
 } // namespace
@@ -35,14 +29,14 @@ int AccesserSessionHistory::save(const std::string& path, const DataSessionHisto
 
 void AccesserSessionHistory::writeSession(DOMDocument&, DOMElement& root, const DataSessionHistory& history) {
     xml::writeFields(&root, history);
-    DOMElement* parts = appendElement(root, "parts");
+    DOMElement* parts = appendElement(&root, "parts");
     std::int32_t place = 0;
     for (const DataPartHistory& stage : history.getDataPartHistoryList()) {
-        DOMElement* part = appendElement(*parts, "part");
+        DOMElement* part = appendElement(parts, "part");
         setAttribute(part, "seq", zelkova::numberToText(place++));
         xml::writeFields(part, stage);
-        DOMElement* quests = appendElement(*part, "historys");
+        DOMElement* quests = appendElement(part, "historys");
         for (const DataHistory& quest : stage.getDataHistoryList())
-            xml::writeFields(appendElement(*quests, "history"), quest);
+            xml::writeFields(appendElement(quests, "history"), quest);
     }
 }

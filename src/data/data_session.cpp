@@ -55,7 +55,7 @@ bool resourceFitsSession(const DataResource& resource, const DataSession& sessio
         if (!sabi) return false;
         break;
     case rangeRandom:
-        // Random play uses neither span, but a song without them was never looked through.
+        // Random play uses neither span; a song without both is one that nobody has prepared yet.
         if (!intro || !sabi) return false;
         break;
     case rangeAnswer:

@@ -64,8 +64,9 @@ struct Field {
                                 platform::SystemTime Record::*, Moment Record::*, Version Record::*>;
 
     const char* key; // its name in dumps; "" when they leave it out
-    const char*
-        element; // its place in the file, as "a", "a/b", "@attribute", "a/@attribute"; "" when it has none
+    // Its place in the file, as "a", "a/b", "@attribute", "a/@attribute", or "a[2]" for the "a" with the
+    // attribute userId 2; "" when it has none.
+    const char* element;
     Member member;
     // Tables stand in the order of the dump; in the file this one follows the element named here.
     const char* behind = "";

@@ -1,5 +1,7 @@
 #include "data/xml_dom.h"
 
+#include <utility>
+
 #include <xercesc/dom/DOM.hpp>
 
 #include "data/xml_parser.h"
@@ -139,14 +141,33 @@ void XmlDom::setNodeValue(DOMNode* node, std::string_view text) {
 }
 
 void XmlDom::setChildValue(DOMElement* element, std::string_view text) {
-    if (DOMNode* first = element->getFirstChild(); first && first->getNodeType() == DOMNode::TEXT_NODE)
+    DOMNode* first = element->getFirstChild();
+    if (first && first->getNodeType() == DOMNode::TEXT_NODE && !first->getNextSibling())
         setNodeValue(first, text);
     else
-        element->appendChild(element->getOwnerDocument()->createTextNode(xml::fromSjis(text).c_str()));
+        element->setTextContent(xml::fromSjis(text).c_str());
 }
 
 void XmlDom::setAttribute(DOMElement* element, std::string_view name, std::string_view value) {
     element->setAttribute(xml::fromSjis(name).c_str(), xml::fromSjis(value).c_str());
+}
+
+DOMElement* XmlDom::appendElement(DOMElement* parent, std::string_view name) {
+    DOMElement* element = parent->getOwnerDocument()->createElement(xml::fromSjis(name).c_str());
+    parent->appendChild(element);
+    return element;
+}
+
+std::map<std::int32_t, DOMElement*> XmlDom::childrenById(const DOMElement* parent, std::string_view name) {
+    const std::u16string wanted = xml::fromSjis(name);
+    std::map<std::int32_t, DOMElement*> children;
+    for (DOMElement* child = parent->getFirstElementChild(); child; child = child->getNextElementSibling()) {
+        if (wanted != child->getNodeName() || child->getAttributes()->getLength() == 0) continue;
+        const DOMNode* named = findAttribute(child, "id");
+        const DOMNode* id = named ? named : child->getAttributes()->item(0);
+        children.emplace(zelkova::stringToInt(getNodeValue(id)), child);
+    }
+    return children;
 }
 
 DOMElement* XmlDom::rootNamed(std::string_view name) const {

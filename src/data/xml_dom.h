@@ -2,6 +2,8 @@
 // The one gate between the program and the XML library. Text passed in and out is Shift-JIS. The accessors of
 // this folder derive from it, keep a parsed document in memory and edit it in place. Main thread only.
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -58,9 +60,11 @@ public:
     xercesc::DOMText* createTextNode(std::string_view text) const;
     static xercesc::DOMElement* createTextElement(xercesc::DOMDocument& document, std::string_view name,
                                                   std::string_view text);
+    // A new element at the end of the parent.
+    static xercesc::DOMElement* appendElement(xercesc::DOMElement* parent, std::string_view name);
     static int appendNode(xercesc::DOMNode* parent, xercesc::DOMNode* child);
     static void setNodeValue(xercesc::DOMNode* node, std::string_view text);
-    // Sets the text of an element, making its text node when it has none.
+    // The element holds that text afterwards and nothing else.
     static void setChildValue(xercesc::DOMElement* element, std::string_view text);
     static void setAttribute(xercesc::DOMElement* element, std::string_view name, std::string_view value);
 
@@ -68,6 +72,10 @@ protected:
     // The element that a file of the program starts with: the document's only child, or the second of two,
     // when it has that name.
     xercesc::DOMElement* rootNamed(std::string_view name) const;
+    // The child elements of that name by the number in their attribute `id`; where there is no such
+    // attribute, in their first one. The first of each number.
+    static std::map<std::int32_t, xercesc::DOMElement*> childrenById(const xercesc::DOMElement* parent,
+                                                                     std::string_view name);
     xercesc::DOMDocument* document() const { return document_; }
     // For a file that parses but is not what it should be.
     void refuse(std::string why);

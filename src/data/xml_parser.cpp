@@ -30,7 +30,8 @@ public:
     void startElement(const XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
                       const RefVectorOf<XMLAttr>& attributes, const XMLSize_t count, const bool isEmpty,
                       const bool isRoot) override {
-        if (!isEmpty && ++level_ > deepestLevel) throw std::length_error("要素の入れ子が深すぎます");
+        // The base ends an empty element by itself, so each start has its end.
+        if (++level_ > deepestLevel) throw std::length_error("要素の入れ子が深すぎます");
         XercesDOMParser::startElement(declaration, uri, prefix, attributes, count, isEmpty, isRoot);
     }
     void endElement(const XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,
@@ -92,10 +93,12 @@ std::optional<std::u16string> decode(std::string_view bytes) {
     return units;
 }
 
-// Whether the bytes are UTF-8 with a character of three bytes. Japanese text in Shift-JIS never is by chance,
-// but text saved as UTF-8 under a Shift-JIS declaration often reads as valid nonsense.
+// Whether the bytes are UTF-8 with two different characters of three bytes. Text saved as UTF-8 under a
+// Shift-JIS declaration often reads as valid nonsense. Shift-JIS text is hardly ever UTF-8 by chance, but a
+// single word can be: "凜ア" is the bytes of one such character and an "A".
 bool isJapaneseUtf8(std::string_view bytes) {
-    bool three = false;
+    std::string_view one;
+    bool another = false;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto first = static_cast<unsigned char>(bytes[i]);
         if (first < 0x80) continue;
@@ -103,10 +106,14 @@ bool isJapaneseUtf8(std::string_view bytes) {
         if (more == 0 || first > 0xF4 || i + more >= bytes.size()) return false;
         for (std::size_t k = 1; k <= more; ++k)
             if ((static_cast<unsigned char>(bytes[i + k]) & 0xC0) != 0x80) return false;
-        three = three || more == 2;
+        if (more == 2) {
+            const std::string_view character = bytes.substr(i, 3);
+            if (one.empty()) one = character;
+            another = another || character != one;
+        }
         i += more;
     }
-    return three;
+    return another;
 }
 
 std::unique_ptr<XercesDOMParser> parseSource(const MemBufInputSource& source, std::string& why) {

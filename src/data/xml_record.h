@@ -16,8 +16,9 @@ struct Place {
     bool attribute = false;
 };
 
-// The text at a field's place below the element. False when an element on the way is missing; a missing
-// attribute of an element that is there is "".
+// The text at a field's place below the element; of a "name[2]", which is a form for writing alone, the first
+// of that name. False when an element on the way is missing; a missing attribute of an element that is there
+// is "".
 bool readPlace(const xercesc::DOMElement* from, std::string_view element, std::string& text);
 // Appends what the place needs and is not there yet; text goes into a new element.
 void writePlace(xercesc::DOMElement* into, std::string_view element, std::string_view text);

@@ -17,11 +17,7 @@ DOMImplementation& implementation() {
 }
 
 template <typename Owned>
-struct Releaser {
-    void operator()(Owned* owned) const { owned->release(); }
-};
-template <typename Owned>
-using Handle = std::unique_ptr<Owned, Releaser<Owned>>;
+using Handle = std::unique_ptr<Owned, xml::Release>;
 
 } // namespace
 

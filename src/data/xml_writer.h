@@ -16,8 +16,12 @@ public:
 
 namespace xml {
 
+// What the library makes is given back with release().
 struct Release {
-    void operator()(xercesc::DOMDocument* document) const { document->release(); }
+    template <typename Owned>
+    void operator()(Owned* owned) const {
+        owned->release();
+    }
 };
 using NewDocument = std::unique_ptr<xercesc::DOMDocument, Release>;
 

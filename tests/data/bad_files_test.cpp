@@ -42,11 +42,13 @@ std::vector<BadFile> badFiles(const std::string& root) {
         bomb += "\">";
     }
     bomb += "]>" + open + "&a11;" + close;
-    std::string deep = head + open;
-    for (int i = 0; i < 300000; ++i)
-        deep += "<a>";
-    for (int i = 0; i < 300000; ++i)
-        deep += "</a>";
+    const auto repeated = [](const char* text) {
+        std::string many;
+        for (int i = 0; i < 300000; ++i)
+            many += text;
+        return many;
+    };
+    const std::string deep = repeated("<a>") + repeated("</a>");
     return {
         {"empty", ""},
         {"blank", " \n"},
@@ -68,7 +70,8 @@ std::vector<BadFile> badFiles(const std::string& root) {
         {"bytes outside the code page", head + open + "a\xFD\xFE" + close},
         {"half a character at its end", head + open + close + "\x82"},
         {"an encoding that nobody knows", "<?xml version=\"1.0\" encoding=\"klingon\"?>" + open + close},
-        {"nested without end", deep + close},
+        {"nested without end", head + open + deep + close},
+        {"nested without end behind as many empty elements", head + open + repeated("<b/>") + deep + close},
         {"a control character", head + open + "\x01" + close},
     };
 }
@@ -175,6 +178,17 @@ TEST(BadFiles, HarmlessOddFilesAreTaken) {
         EXPECT_EQ(session.open(path), 1) << session.loadError();
         EXPECT_EQ(session.getSessionName(), "夏");
     }
+}
+
+TEST(BadFiles, AWordWhoseBytesAreAlsoUtf8IsTaken) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("file.xml");
+    ASSERT_TRUE(platform::replaceFile(
+        path, "<?xml version=\"1.0\" encoding=\"shift_jis\"?>"
+              "<session><sessionName>凜ア</sessionName><sessionVoice>凜ア</sessionVoice></session>"));
+    AccesserSession session;
+    EXPECT_EQ(session.open(path), 1) << session.loadError();
+    EXPECT_EQ(session.getSessionName(), "凜ア");
 }
 
 } // namespace

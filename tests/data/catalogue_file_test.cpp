@@ -163,11 +163,30 @@ TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
     EXPECT_EQ(catalogue.add(song("no number left")), 0);
 }
 
-TEST_F(CatalogueFile, NumbersBelowTheEntriesAreNotGivenTwice) {
-    write("<root><maxId>1</maxId><data id=\"2\"><title>two</title></data></root>");
+TEST_F(CatalogueFile, AHighestNumberThatIsWrongLosesNoEntryAndGivesNoNumberTwice) {
+    const std::string entries = "<data id=\"2\"/><data id=\"1\"/><data id=\"4\"/><data id=\"-9\"/></root>";
+    for (const char* maxId : {"", "<maxId/>", "<maxId>-5</maxId>", "<maxId>1</maxId>", "<maxId>x</maxId>"}) {
+        SCOPED_TRACE(maxId);
+        AccesserResource catalogue;
+        write("<root>" + std::string(maxId) + entries);
+        ASSERT_EQ(catalogue.open(path), 1);
+        EXPECT_EQ(all(catalogue).size(), 3u);
+        EXPECT_EQ(catalogue.add(song("new")), 5);
+        EXPECT_EQ(catalogue.getMaxId(), 5);
+
+        write("<root>" + std::string(maxId) + "</root>");
+        ASSERT_EQ(catalogue.open(path), 1);
+        EXPECT_EQ(catalogue.add(song("first")), std::string(maxId).find('1') == std::string::npos ? 1 : 2);
+    }
+}
+
+TEST_F(CatalogueFile, FindsEntriesByTheirIdAmongOtherAttributes) {
+    write("<root><maxId>7</maxId><data a=\"3\" id=\"7\"/></root>");
     AccesserResource catalogue;
     ASSERT_EQ(catalogue.open(path), 1);
-    EXPECT_EQ(catalogue.add(song("new")), 3);
+    DataResource out;
+    EXPECT_EQ(catalogue.get(7, out), 1);
+    EXPECT_EQ(catalogue.get(3, out), 0);
 }
 
 TEST_F(CatalogueFile, SearchesByEveryFilter) {
@@ -209,6 +228,24 @@ TEST_F(CatalogueFile, KeepsTheChangesWhenTheDiskRefuses) {
     AccesserResource other;
     EXPECT_EQ(other.open(folder.file("elsewhere.xml")), 1);
     EXPECT_EQ(all(other).size(), 2u);
+}
+
+// An element that people wrote holds more than a text node.
+TEST(XmlDom, ReadsTheTextThatWasSetWhateverStoodThere) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("x.xml");
+    for (const char* content :
+         {"", "old", "<![CDATA[old]]>", "<!-- note -->old", "<b/>", "&#65;<![CDATA[old]]>"}) {
+        SCOPED_TRACE(content);
+        ASSERT_TRUE(platform::replaceFile(path, "<root>" + std::string(content) + "</root>"));
+        XmlDom dom;
+        ASSERT_EQ(dom.load(path), 1);
+        XmlDom::setChildValue(XmlDom::findChild(dom.getCurrentNode(), "root"), "new ]]>");
+        EXPECT_EQ(XmlDom::getChildValue(dom.select("root")), "new ]]>");
+        ASSERT_EQ(dom.save(xml::encodingOfEdited), 1);
+        ASSERT_EQ(dom.load(path), 1) << dom.loadError();
+        EXPECT_EQ(XmlDom::getChildValue(dom.select("root")), "new ]]>");
+    }
 }
 
 TEST(XmlDom, WalksPaths) {

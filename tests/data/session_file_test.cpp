@@ -1,5 +1,7 @@
 #include "data/accesser_session.h"
 
+#include <ctime>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -129,6 +131,68 @@ TEST_F(SessionFile, ReadsNumbersOutOfRange) {
     ASSERT_TRUE(session.getPart(2147483647, out));
     EXPECT_EQ(out.getMulti(), 2147483647);
     EXPECT_EQ(out.getDeduction(), 0);
+}
+
+TEST_F(SessionFile, AWrongNumberOfStagesGivesNoNumberTwice) {
+    const struct {
+        const char* body;
+        std::int32_t next;
+    } cases[] = {
+        {"<session/>", 1},
+        {"<session><maxPart>-3</maxPart></session>", 1},
+        {"<session><part id=\"1\"/><part id=\"2\"/></session>", 3},
+        {"<session><maxPart>1</maxPart><part id=\"2\"/></session>", 3},
+        {"<session><maxPart>4</maxPart><part id=\"2\"/></session>", 5},
+        {"<session><maxPart>2147483647</maxPart></session>", 0},
+        {"<session><maxPart>1</maxPart><part id=\"2147483647\"/></session>", 0},
+    };
+    DataSession stage, out;
+    stage.setName("new");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.body);
+        write(c.body);
+        AccesserSession session;
+        ASSERT_EQ(session.open(path), 1);
+        EXPECT_EQ(session.addPart(stage), c.next);
+        if (c.next == 0) continue;
+        EXPECT_EQ(session.getMaxPart(), c.next);
+        ASSERT_TRUE(session.getPart(c.next, out));
+        EXPECT_EQ(out.getName(), "new");
+    }
+}
+
+// The first of two stages with one number answers, found by its id among other attributes.
+TEST_F(SessionFile, FindsStagesByTheirId) {
+    write("<session><x><part id=\"1\"><name>no stage</name></part></x>"
+          "<part a=\"2\" id=\"1\"><name>first</name></part><part id=\"1\"><name>second</name></part>"
+          "<part no=\"3\"><name>by its only attribute</name></part><part/></session>");
+    AccesserSession session;
+    ASSERT_EQ(session.open(path), 1);
+    DataSession out;
+    ASSERT_TRUE(session.getPart(1, out));
+    EXPECT_EQ(out.getName(), "first");
+    EXPECT_FALSE(session.getPart(2, out));
+    ASSERT_TRUE(session.getPart(3, out));
+    EXPECT_EQ(out.getName(), "by its only attribute");
+    write("<session/>");
+    ASSERT_EQ(session.open(path), 1);
+    EXPECT_FALSE(session.getPart(1, out)) << "of the file before";
+}
+
+TEST_F(SessionFile, AskingForEveryStageOfALargeFileWalksItOnce) {
+    constexpr int stages = 20'000;
+    std::string body = "<session><maxPart>20000</maxPart>";
+    for (int i = 1; i <= stages; ++i)
+        body += "<part id=\"" + std::to_string(i) + "\"/>";
+    write(body + "</session>");
+    AccesserSession session;
+    ASSERT_EQ(session.open(path), 1);
+    DataSession out;
+    const std::clock_t start = std::clock();
+    for (int i = 1; i <= stages; ++i)
+        ASSERT_TRUE(session.getPart(i, out));
+    // A walk for each stage would take minutes.
+    EXPECT_LT(std::clock() - start, 5 * CLOCKS_PER_SEC);
 }
 
 TEST(ResourceFitsSession, AsksForTheSpansOfTheRange) {
