@@ -1,5 +1,7 @@
 #include "foundation/data_pairs.h"
 
+#include <utility>
+
 #include "foundation/text.h"
 
 namespace zelkova {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "foundation/object.h"
@@ -56,8 +57,8 @@ private:
 };
 
 // Expands a template: what stands between two markers is a key, replaced by its value ("" when unknown) and
-// used up; a doubled marker is one literal marker. With `appendRest` the unused pairs follow as "
-// key=[value], key=[…]".
+// used up; a doubled marker is one literal marker. With `appendRest` the unused pairs follow behind a blank,
+// joined by ", ", each as "key=[value]".
 std::string formatWithPairs(std::string_view text, DataPairsList pairs, std::string_view marker,
                             bool appendRest);
 

@@ -1,5 +1,7 @@
 #include "foundation/path.h"
 
+#include <algorithm>
+
 #include "foundation/text.h"
 #include "platform/files.h"
 #include "platform/shell.h"

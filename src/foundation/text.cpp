@@ -1,6 +1,6 @@
 #include "foundation/text.h"
 
-#include <cctype>
+#include <algorithm>
 #include <limits>
 
 namespace zelkova {
@@ -20,12 +20,13 @@ std::string foldSingleBytes(std::string_view text, Fold fold) {
     return out;
 }
 
-// Whether a pattern's byte at `at` stands for itself, and which; moves `at` behind it.
+// What a pattern's byte, or its "#" and the byte behind it, stand for.
 struct PatternItem {
     enum Kind { Byte, AnyByte, AnyRun } kind;
     char byte;
 };
 
+// The item at `at`, which moves behind it.
 PatternItem nextItem(std::string_view pattern, std::size_t& at) {
     const char byte = pattern[at++];
     if (byte == '#' && at < pattern.size() && (pattern[at] == '?' || pattern[at] == '*'))
@@ -47,11 +48,18 @@ int byteKind(std::string_view text, std::size_t offset) {
 }
 
 std::string toUpperSjis(std::string_view text) {
-    return foldSingleBytes(text, [](int byte) { return std::toupper(byte); });
+    return foldSingleBytes(text,
+                           [](int byte) { return byte >= 'a' && byte <= 'z' ? byte - 'a' + 'A' : byte; });
 }
 
 std::string toLowerSjis(std::string_view text) {
-    return foldSingleBytes(text, [](int byte) { return std::tolower(byte); });
+    return foldSingleBytes(text,
+                           [](int byte) { return byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte; });
+}
+
+std::wstring sjisToWide(std::string_view text) {
+    const std::u16string units = sjisToUtf16(text);
+    return {units.begin(), units.end()}; // no character of the code page needs two units
 }
 
 std::string trim(std::string_view text) {

@@ -15,6 +15,8 @@ using platform::sjisToUnicode;
 using platform::sjisToUtf16;
 using platform::unicodeToSjis;
 using platform::utf16ToSjis;
+// As a wide text of the C++ library.
+std::wstring sjisToWide(std::string_view text);
 
 inline constexpr std::size_t npos = std::string::npos;
 
@@ -52,8 +54,8 @@ std::string numberWithCommas(std::int32_t number);
 // "(1,234Byte)"
 std::string formatSize(std::int32_t size);
 
-// Byte-wise and case-sensitive, over the whole text: "?" is any byte, "*" any run of bytes, also an empty
-// one,
+// Byte-wise and case-sensitive, over the whole text: "?" is any byte, "*" any run of bytes (also an empty
+// one),
 // "#" takes the meaning off a "?" or "*" behind it.
 bool wildcardMatch(std::string_view text, std::string_view pattern);
 

@@ -45,15 +45,14 @@ std::optional<Item> readItem(std::string_view format, std::size_t& at) {
 }
 
 // How many bytes of the text a number takes, of `most` at most.
-std::size_t numberSize(std::string_view text, char conversion, std::size_t most) {
+std::size_t numberSize(std::string_view text, std::size_t most) {
     const std::size_t end = std::min(most, text.size());
-    const char greatestDigit = conversion == 'o' ? '7' : '9';
     std::size_t at = 0;
     while (at < end && text[at] == ' ')
         ++at;
-    if (conversion != 'o' && at < end && (text[at] == '+' || text[at] == '-')) ++at;
+    if (at < end && (text[at] == '+' || text[at] == '-')) ++at;
     const std::size_t digits = at;
-    while (at < end && text[at] >= '0' && text[at] <= greatestDigit)
+    while (at < end && text[at] >= '0' && text[at] <= '9')
         ++at;
     return at == digits ? 0 : at;
 }
@@ -90,7 +89,7 @@ bool scanFormat(std::string_view format, std::string_view text, std::vector<std:
         if (!item) return refuse();
         std::size_t taken = 0;
         if (std::string_view("diuo").find(item->conversion) != npos)
-            taken = numberSize(text, item->conversion, item->most);
+            taken = numberSize(text, item->most);
         else if (item->conversion == 's')
             taken = stringSize(text, format.substr(at), item->most);
         else

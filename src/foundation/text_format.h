@@ -4,8 +4,7 @@
 //
 //   width   none: one character or more    w: at most w    w-m: from w to m
 //           0w: exactly w                  +w, -w: from 1 to w    #: whatever is there, also nothing
-//   d i u   an optional sign and digits, blanks before them allowed and counted
-//   o       octal digits, blanks before them allowed and counted
+//   d i u o an optional sign and digits, blanks before them allowed and counted
 //   s       any bytes up to the format's next character
 //   %       a literal "%"
 //

@@ -22,7 +22,7 @@ TEST(TextFormat, TakesWhatTheItemsAllow) {
         {"%#d|%#s", "|", {"", ""}},
         {"%s=%s", "key=a=b", {"key", "a=b"}},
         {"%s年%02d月", "平成年12月", {"平成", "12"}},
-        {"%o", " 17", {" 17"}},
+        {"%o", "  -18", {"  -18"}},
         {"%d%%", "100%", {"100"}},
     };
     for (const auto& c : cases) {
@@ -53,7 +53,7 @@ TEST(TextFormat, RefusesTheRest) {
         {"%", "1"},
         {"%q", "1"},
         {"年", "月"},
-        {"%o", "8"},
+        {"%o", "x"},
         {"%99999999999999999999d", "x"},
     };
     for (const auto& c : cases) {

@@ -10,6 +10,12 @@
 namespace zelkova {
 namespace {
 
+TEST(Text, WideTextHasAUnitForEachCharacter) {
+    EXPECT_EQ(sjisToWide("a表ﾀ髙"), L"a\u8868\uFF80\u9AD9");
+    EXPECT_EQ(sjisToWide("\x85\x40"), L"\u3013") << "an empty place of the code page";
+    EXPECT_EQ(sjisToWide(""), L"");
+}
+
 // "表" ends in the byte of the backslash, "ポ" in that of the bar.
 TEST(Text, TellsCharactersFromBytes) {
     const std::string text = "a表b";

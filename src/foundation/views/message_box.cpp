@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "data/app_logger.h"
 #include "foundation/component.h"
