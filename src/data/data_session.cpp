@@ -1,5 +1,7 @@
 #include "data/data_session.h"
 
+#include <utility>
+
 #include "data/labels.h"
 #include "foundation/path.h"
 #include "foundation/text.h"

@@ -12,6 +12,7 @@ constexpr std::size_t tagSize = 128;
 } // namespace
 
 std::optional<Id3Tag> readId3Tag(const std::string& path) {
+    if (!platform::isFile(path)) return {};
     std::ifstream file(platform::nativePath(path), std::ios::binary);
     char bytes[tagSize];
     if (!file.seekg(-static_cast<std::streamoff>(tagSize), std::ios::end) || !file.read(bytes, tagSize))

@@ -111,6 +111,11 @@ bool pathExists(std::string_view path) {
     return !path.empty() && fs::exists(nativePath(path), failure);
 }
 
+bool isFile(std::string_view path) {
+    std::error_code failure;
+    return !path.empty() && fs::is_regular_file(nativePath(path), failure);
+}
+
 std::string fullPath(std::string_view path) {
     if (path.empty()) return {};
     // Where the program's own folder has no name in the code page the path stays relative; it is still found,
@@ -120,15 +125,15 @@ std::string fullPath(std::string_view path) {
 }
 
 std::optional<std::string> readFile(std::string_view path) {
-    const fs::path native = nativePath(path);
-    std::error_code failure;
-    if (path.empty() || fs::is_directory(native, failure)) return std::nullopt;
-    std::ifstream file(native, std::ios::binary);
+    if (!isFile(path)) return std::nullopt;
+    std::ifstream file(nativePath(path), std::ios::binary);
     if (!file) return std::nullopt;
     std::string bytes;
     char block[65536];
-    while (file.read(block, sizeof block) || file.gcount() > 0)
+    while (file.read(block, sizeof block) || file.gcount() > 0) {
         bytes.append(block, static_cast<std::size_t>(file.gcount()));
+        if (bytes.size() > largestFile) return std::nullopt;
+    }
     if (file.bad()) return std::nullopt;
     return bytes;
 }

@@ -18,13 +18,17 @@ std::filesystem::path nativePath(std::string_view path);
 std::optional<std::string> programPath(const std::filesystem::path& path);
 
 bool pathExists(std::string_view path); // files and folders
+// A folder is none, nor is a pipe or a device, where reading may wait or go on without end.
+bool isFile(std::string_view path);
 // Absolute, "." and ".." resolved by text alone (the disk is not asked), "/" separators. Relative paths count
 // from the program's folder.
 std::string fullPath(std::string_view path);
 
+inline constexpr std::size_t largestFile = 256 * 1024 * 1024;
+// The whole file. None for what is no file, cannot be read, or is larger than that.
 std::optional<std::string> readFile(std::string_view path);
-// Replaces the file: writes a neighbour, flushes it to the disk and renames it. On failure the old file is whole
-// and the answer is false.
+// Replaces the file: writes a neighbour, flushes it to the disk and renames it. On failure the old file is
+// whole and the answer is false.
 bool replaceFile(std::string_view path, std::string_view bytes);
 bool makeFolder(std::string_view path); // with its parents; true when it is there afterwards
 

@@ -3,9 +3,11 @@
 #include <csignal>
 #include <fstream>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/shell.h"
 #include "platform/text.h"
@@ -104,6 +106,27 @@ TEST(Files, FoldersAreMadeWithTheirParents) {
     ASSERT_TRUE(platform::replaceFile(folder.file("file"), ""));
     EXPECT_FALSE(platform::makeFolder(folder.file("file/x")));
     EXPECT_FALSE(platform::readFile(folder.file("a"))) << "a folder has no bytes";
+}
+
+TEST(Files, WhatIsNoFileOrHasNoEndIsNotRead) {
+    const TemporaryFolder folder;
+    const std::string pipe = folder.file("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    // With a writer at its other end a read would wait for bytes, not for the open.
+    const int writer = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_GE(writer, 0);
+    ASSERT_EQ(::write(writer, "x", 1), 1);
+    for (const std::string& path : {pipe, std::string("/dev/zero"), folder.path().string(), std::string()}) {
+        EXPECT_FALSE(platform::isFile(path)) << path;
+        EXPECT_FALSE(platform::readFile(path)) << path;
+    }
+    ::close(writer);
+
+    const std::string large = folder.file("large");
+    ASSERT_TRUE(platform::replaceFile(large, "x"));
+    std::filesystem::resize_file(large, platform::largestFile + 1); // takes no room on the disk
+    EXPECT_TRUE(platform::isFile(large));
+    EXPECT_FALSE(platform::readFile(large));
 }
 
 } // namespace
