@@ -40,7 +40,8 @@ int boundPort(SocketHandle socket);
 bool listenSocket(SocketHandle socket, int backlog);
 SocketHandle acceptSocket(SocketHandle listener, PeerAddress& peer); // 0 when it fails
 // Starts a connection to a host name or dotted address; its outcome is FD_CONNECT. 0 when the name is unknown
-// or the system has no socket left.
+// or the system has no socket left. Looking a name up may take the system seconds, and the caller waits for
+// it; a dotted address is known at once.
 SocketHandle connectTcp(const std::string& host, int port);
 // Replaces the selection that the socket had; what that one posted is dropped. False for a stale handle.
 bool asyncSelect(SocketHandle socket, WindowHandle window, unsigned message, unsigned eventMask);

@@ -4,6 +4,7 @@
 #include <QAbstractSlider>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QShortcutEvent>
 #include <QTreeView>
 
 #include "platform/detail/delivery.h"
@@ -12,13 +13,33 @@
 
 namespace platform::detail {
 
+namespace {
+
+// A key that stands for a button acts at once. By itself the toolkit would press the button for the eye
+// first, a tenth of a second in which another player is faster.
+class ShortcutFilter : public QObject {
+public:
+    using QObject::QObject;
+
+private:
+    bool eventFilter(QObject* button, QEvent* event) override {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
+            return false;
+        static_cast<QAbstractButton*>(button)->click();
+        return true;
+    }
+};
+
+} // namespace
+
 void wireControl(QWidget* control, WindowHandle window, int id) {
     const auto command = [window, id](unsigned code) {
         notify(window, WM_COMMAND, makeLong(static_cast<unsigned>(id), code));
     };
-    if (auto* button = qobject_cast<QAbstractButton*>(control))
+    if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+        button->installEventFilter(new ShortcutFilter(button));
         QObject::connect(button, &QAbstractButton::clicked, button, [command] { command(BN_CLICKED); });
-    else if (auto* combo = qobject_cast<QComboBox*>(control))
+    } else if (auto* combo = qobject_cast<QComboBox*>(control))
         QObject::connect(combo, &QComboBox::activated, combo, [command] { command(CBN_SELCHANGE); });
     else if (auto* edit = qobject_cast<QLineEdit*>(control))
         QObject::connect(edit, &QLineEdit::textChanged, edit, [command] { command(EN_CHANGE); });
