@@ -1,6 +1,9 @@
 #include "terminal/client.h"
 
+#include <cstdlib>
+
 #include <gmock/gmock.h>
+#include <sys/wait.h>
 
 #include "fake_host.h"
 #include "platform/driver.h"
@@ -70,6 +73,9 @@ TEST_F(TerminalClient, BuzzesOnlyWhereThereIsAChance) {
     EXPECT_TRUE(client.buzz(1));
     EXPECT_FALSE(client.buzz(0)); // one at a time
     EXPECT_EQ(host.listen().getNumber("UserNumber"), 1);
+    host.server.sendResponse(200, "USERNOTIFY"); // the answer to something else
+    host.pass(20);
+    EXPECT_FALSE(client.buzz(0));
     host.server.sendResponse(200, "ANSREQ");
     ASSERT_TRUE(host.until([&] { return client.model().answering() == 1; }));
     EXPECT_FALSE(client.buzz(0));
@@ -164,7 +170,9 @@ TEST(TerminalWindow, ShowsWhatItIsToldAndSendsItsKeys) {
     host.listen();
     ASSERT_TRUE(host.until([&] { return platform::isEnabled(control(152)); }));
     EXPECT_EQ(platform::getText(control(102)), "第3問 / 全20問");
-    EXPECT_TRUE(platform::driver::click(control(152)));
+    EXPECT_TRUE(platform::driver::pressKey(window.handle(), "3"));
+    platform::driver::settle();
+    EXPECT_FALSE(window.client().buzz(2)) << "the key has buzzed already";
     EXPECT_EQ(host.listen().getNumber("UserNumber"), 2);
     host.server.sendResponse(200, "ANSREQ");
     EXPECT_TRUE(host.until([&] { return platform::getText(control(142)) == "解答権"; }));
@@ -186,6 +194,14 @@ TEST(TerminalWindow, ShowsWhatItIsToldAndSendsItsKeys) {
     EXPECT_EQ(platform::getText(control(105)), "優勝　名前、名前");
     EXPECT_EQ(platform::getText(control(133)), "1位");
     EXPECT_TRUE(platform::driver::clippedControls(window.handle()).empty());
+}
+
+TEST(TerminalProgram, RefusesOptionsThatItCannotUse) {
+    for (const char* options :
+         {"--port abc", "--port 0", "--port 70000", "--port 20020x", "--port", "--seats 4"}) {
+        const std::string command = "timeout 10 \"" TERMINAL_PROGRAM "\" " + std::string(options);
+        EXPECT_EQ(WEXITSTATUS(std::system((command + " 2>/dev/null").c_str())), 2) << options;
+    }
 }
 
 } // namespace

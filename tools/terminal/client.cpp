@@ -23,6 +23,9 @@ constexpr unsigned connectPause = 500, repeatPause = 300;
 // replies and repeated announcements are not.
 constexpr unsigned pauseForAnswer = 1000, pauseWithoutAnswer = 150;
 
+// What the host calls a request that it refuses, whichever it was.
+constexpr std::string_view refusedMethod = "Unkown";
+
 constexpr struct {
     std::string_view status;
     int code;
@@ -164,9 +167,11 @@ void Client::onResponse(const VRMessage& message) {
         platform::setTimer(window_, repeatTimer, repeatPause);
         return;
     }
+    // Only an answer to the buzz itself settles it; a request that the host refuses comes back unnamed.
+    const bool granted = response.getReply() == DefineVrp::MDS_ANSREQ;
+    if (!granted && response.getReply() != refusedMethod) return;
     const int user = std::exchange(buzzing_, -1);
-    if (response.getCode() == 200 && response.getReply() == DefineVrp::MDS_ANSREQ && user >= 0)
-        model_.setAnswering(user);
+    if (response.getCode() == 200 && granted && user >= 0) model_.setAnswering(user);
 }
 
 int Client::replyCode(const VRMessage& request) const {
@@ -200,8 +205,8 @@ void Client::announce() {
     VRMessage notice(DefineVrp::MDS_USERNOTIFY);
     const auto names = model_.names();
     std::string list;
-    for (const std::string& name : names)
-        list += (&name == names.data() ? "" : ",") + name;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        list.append(i > 0 ? "," : "").append(names[i]);
     notice.add("Max", static_cast<std::int32_t>(names.size()));
     notice.add("User", list);
     send(notice);

@@ -22,6 +22,11 @@ struct Options {
     std::string script;
 };
 
+bool isPort(const std::string& text) {
+    const std::int32_t number = zelkova::stringToInt(text);
+    return number > 0 && number <= 65535 && text == zelkova::numberToText(number);
+}
+
 std::optional<Options> readOptions(int argc, char** argv) {
     Options options;
     for (int i = 1; i < argc; i += 2) {
@@ -30,7 +35,7 @@ std::optional<Options> readOptions(int argc, char** argv) {
         const std::string value = platform::utf8ToSjis(argv[i + 1]);
         if (name == "--host")
             options.host = value;
-        else if (name == "--port")
+        else if (name == "--port" && isPort(value))
             options.port = zelkova::stringToInt(value);
         else if (name == "--users")
             options.users = zelkova::split(value, ",");

@@ -1,6 +1,7 @@
 #include "terminal/model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "foundation/text.h"
 #include "protocol/define_vrp.h"

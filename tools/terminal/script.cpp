@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <map>
+#include <utility>
 
 #include "foundation/text.h"
 #include "platform/messages.h"

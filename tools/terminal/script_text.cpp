@@ -1,6 +1,8 @@
 #include "foundation/text.h"
+
 #include "protocol/define_vrp.h"
 #include "terminal/script.h"
+#include <utility>
 
 namespace terminal {
 
