@@ -1,15 +1,18 @@
 // What is shipped has to fit the program: every message number that the sources use has its text, and the
 // prepared settings are in the form that the program itself writes.
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <set>
 
 #include <gtest/gtest.h>
 
 #include "data/accesser_application.h"
+#include "data/accesser_session_history.h"
 #include "data/acs_log_message.h"
 #include "foundation/text.h"
 #include "platform/files.h"
@@ -84,6 +87,51 @@ TEST(ShippedMessages, CanBeFilledAndShown) {
     }
 }
 
+// The keys that every caller of a number passes. A placeholder that only some of them fill would show nothing
+// in the lines of the others.
+const std::map<int, std::set<std::string>> keysOfCallers = {
+    {1000000, {"MESSAGE"}},
+    {1000003, {"EVENT"}},
+    {1000004, {"MESSAGE"}},
+    {1000007, {"ANSWER"}},
+    {2000004, {"SUBJECT"}},
+    {2000006, {"SCORE"}},
+    {2000007, {"PORT", "SESSION"}},
+    {2000008, {"SESSION"}},
+    {2000015, {"SERVER_HOST", "SERVER_PORT"}},
+    {2000016, {"SERVER_HOST", "SERVER_PORT", "CLIENT_HOST", "CLIENT_PORT"}},
+    {2000017, {"USER_NAME1", "USER_NAME2", "USER_NAME3", "USER_NAME4"}},
+    {2000019, {"QUEST", "ANSWER"}},
+    {2000020, {"QUEST", "ANSWER", "RESULT", "SCORE1", "SCORE2", "SCORE3", "SCORE4"}},
+    {2000022, {"HOST", "PORT"}},
+    {2000027, {"USER"}},
+    {3000012, {"SESSION", "MESSAGE"}},
+    {3000020, {"QUEST", "REASON"}},
+    {3000021, {"FILE"}},
+    {4000002, {"MESSAGE", "RETCODE"}},
+    {4000003, {"STATUS", "EVENT"}},
+    {4000004, {"REPLY_METHOD"}},
+    {4000005, {"SESSION"}},
+    {4000006, {"PORT"}},
+    {4000011, {"FILE"}},
+    {4000012, {"FILE", "MESSAGE"}},
+    {4000013, {"FILE"}},
+    {4000014, {"FILE", "ELEMENT"}},
+    {4000015, {"FILE"}},
+};
+
+TEST(ShippedMessages, AskOnlyForWhatTheirCallersPass) {
+    for (const DataLogMessage& message : messages()) {
+        const auto passed = keysOfCallers.find(message.getCode());
+        for (const std::string& text : {message.getContents(), message.getRestore()}) {
+            const auto tokens = zelkova::split(text, "%");
+            for (std::size_t i = 1; i < tokens.size(); i += 2)
+                EXPECT_TRUE(passed != keysOfCallers.end() && passed->second.contains(tokens[i]))
+                    << message.getCode() << " " << tokens[i];
+        }
+    }
+}
+
 TEST(ShippedMessages, HaveTheirPlaceOnTheHelpPage) {
     const std::string page = platform::utf8ToSjis(platform::readFile(shipped("Help.html")).value_or(""));
     for (const DataLogMessage& message : messages()) {
@@ -121,6 +169,35 @@ TEST(ShippedSheets, AreWellFormed) {
         XmlDom sheet;
         EXPECT_EQ(sheet.load(shipped(name)), 1) << name << ": " << sheet.loadError();
     }
+}
+
+// The sheets are for browsers; this transformer reads them as browsers do.
+TEST(ShippedSheets, ShowEveryQuestOfAHistory) {
+    if (std::system("command -v xsltproc >/dev/null") != 0) GTEST_SKIP() << "xsltproc is not installed";
+    const test_support::TemporaryFolder folder;
+    DataSessionHistory session;
+    std::vector<DataPartHistory> stages(2);
+    for (int i = 0; i < 6; ++i) {
+        DataHistory quest;
+        quest.setQuest(i + 1);
+        quest.setTitle1("曲名" + std::to_string(i));
+        quest.setArtist5("歌手" + std::to_string(i));
+        DataPartHistory& stage = stages[static_cast<std::size_t>(i) / 3];
+        stage.setPartName("ステージ" + std::to_string(i / 3));
+        auto quests = stage.getDataHistoryList();
+        quests.push_back(quest);
+        stage.setDataHistoryList(quests);
+    }
+    session.setDataPartHistoryList(stages);
+    ASSERT_EQ(AccesserSessionHistory().save(folder.file("history.xml"), session), 1);
+    const std::string command = "xsltproc \"" + shipped("SessionHistory.xsl") + "\" \"" +
+                                folder.file("history.xml") + "\" >\"" + folder.file("page.html") + "\"";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    const std::string page = platform::utf8ToSjis(platform::readFile(folder.file("page.html")).value_or(""));
+    for (int i = 0; i < 6; ++i)
+        for (const std::string& text :
+             {"曲名" + std::to_string(i), "歌手" + std::to_string(i), "ステージ" + std::to_string(i / 3)})
+            EXPECT_NE(zelkova::findText(page, text), zelkova::npos) << text;
 }
 
 } // namespace
