@@ -55,6 +55,18 @@ TEST_F(Start, PreparesTheDesk) {
     EXPECT_NE(log->find("C2000001"), std::string::npos);
 }
 
+TEST_F(Start, TheMenuOpensTheDialogsOfDocuments) {
+    desk.start();
+    const std::pair<int, const char*> dialogs[] = {{11097, "IDD_KDL0602_CERTIFICATE"},
+                                                   {11102, "IDD_KDL0904_CREATE_WRITE_APPLICATION"}};
+    for (const auto& [command, name] : dialogs) {
+        desk.script.expectDialog(name,
+                                 [](platform::WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+    }
+    EXPECT_TRUE(desk.script.done());
+}
+
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
     for (const int command : {11003, 11004, 11009, 11010, 11150, 11151}) {
