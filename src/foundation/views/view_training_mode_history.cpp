@@ -1,0 +1,27 @@
+#include "foundation/views/view_training_mode_history.h"
+
+#include "foundation/text.h"
+
+namespace {
+
+constexpr zelkova::DataColumn columnTable[] = {
+    {"問題", 40, true},    {"サブ", 40, true}, {"曲名", 180},
+    {"アーティスト", 180}, {"ステータス", 80}, {"解答時間(秒)", 90, true},
+};
+
+} // namespace
+
+ViewTrainingModeHistory::ViewTrainingModeHistory(platform::WindowHandle list)
+    : DataListView(list, columnTable) {}
+
+int ViewTrainingModeHistory::addRow(const DataTrainingModeHistory& result) {
+    const int tenths = result.getAnswerTime();
+    return appendRow({
+        zelkova::numberToText(result.getQuestion()),
+        zelkova::numberToText(result.getQuestionSub()),
+        result.getTitle(),
+        result.getArtist(),
+        result.getStatus(),
+        zelkova::numberToText(tenths / 10) + "." + zelkova::numberToText(tenths % 10),
+    });
+}
