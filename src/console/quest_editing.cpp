@@ -1,7 +1,10 @@
 #include "console/quest_editing.h"
 
+#include "console/console_pane.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
+#include "host/state/play_control.h"
+#include "host/state/quest.h"
 #include "host/state/requests.h"
 
 namespace {
@@ -11,10 +14,28 @@ void announce() {
     if (mayEditQuest()) zelkova::plainNotice(host().mainWindow, "この機能は準備中です。");
 }
 
+// The current quest as its stage now says. A quest that is being played or judged plays on as it began, and
+// the change counts from the next one.
+void refreshQuest() {
+    HostState& state = host();
+    if (!state.kdlState || !mayEditQuest()) return;
+    showQuest(state.sessionList, state.curQuestNumber);
+    questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList);
+    initResource();
+}
+
 } // namespace
 
-void editStageOfQuest(int) {
-    announce();
+void editStageOfQuest(int quest) {
+    HostState& state = host();
+    if (!mayEditQuest() || quest < 1 || !state.questEditors.stage) return;
+    const auto place = findQuest(state.sessionList, quest);
+    if (!place) return;
+    DataSession stage = state.sessionList[place->stage];
+    if (state.questEditors.stage(state.mainWindow, stage) != 1) return;
+    if (place->stage >= state.sessionList.size()) return; // the session ended under the editor
+    state.sessionList[place->stage] = stage;
+    refreshQuest();
 }
 
 void editSongsOfQuest(int) {

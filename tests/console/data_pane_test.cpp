@@ -81,7 +81,7 @@ TEST_F(DataPane, YellowForTheQuestThatIsDueRedForAFileThatIsGone) {
 TEST_F(DataPane, EditorsOpenFromTheRowsOnlyWhereTheQuestMayBeChanged) {
     const int a = addSong("Ａ", "ａ");
     openSession({stageOf("一", 1, numbers({a}))});
-    for (const int command : {ids::listChangeStage, ids::listChangeSongs, ids::editSong}) {
+    for (const int command : {ids::listChangeSongs, ids::editSong}) {
         driver::Script script;
         script.expectMenu("IDM_KDL0101_QUESTMENUE", command).expectMessageBox(platform::Answer::Ok);
         ASSERT_TRUE(driver::rightClickRow(data(ids::questList), 0));

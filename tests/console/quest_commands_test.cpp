@@ -161,14 +161,12 @@ TEST_F(QuestCommands, NothingMovesWhileARequestIsOpen) {
 TEST_F(QuestCommands, EditorsOpenOnlyWhereTheQuestMayBeChanged) {
     {
         driver::Script script;
-        script.expectMessageBox(platform::Answer::Ok).expectMessageBox(platform::Answer::Ok);
-        ASSERT_TRUE(driver::click(console(ids::changeStage)));
+        script.expectMessageBox(platform::Answer::Ok);
         ASSERT_TRUE(driver::click(console(ids::changeSongs)));
         EXPECT_THAT(script, RanAsWritten());
     }
     raise({EV_QUEST_START});
     driver::Script silent;
-    platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeStage);
     platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeSongs);
     EXPECT_THAT(silent, RanAsWritten());
 }

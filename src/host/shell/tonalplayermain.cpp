@@ -9,6 +9,7 @@
 #include "data/acs_log_message.h"
 #include "data/app_logger.h"
 #include "data/log_message.h"
+#include "editors/part_detail.h"
 #include "foundation/path.h"
 #include "foundation/views/message_box.h"
 #include "host/shell/main_window.h"
@@ -33,6 +34,7 @@ public:
         handTitlesToBoxes();
         openCatalogue();
         nameStylesheets();
+        lendEditors();
         createMainWindow(mainWnd);
         fillTrainingSession();
         writeDebug(host().dataApplication.settings());
@@ -47,6 +49,7 @@ private:
     void handTitlesToBoxes();
     void openCatalogue();
     void nameStylesheets();
+    static void lendEditors();
     void createMainWindow(MainWnd& mainWnd);
     void fillTrainingSession();
 
@@ -123,6 +126,12 @@ void Start::nameStylesheets() {
     const std::string history = path("../cnf/SessionHistory.xsl");
     host().accesserSessionHistory.setStylesheet((history.starts_with("/") ? "file://" : "file:///") +
                                                 history);
+}
+
+void Start::lendEditors() {
+    host().questEditors.stage = [](platform::WindowHandle owner, DataSession& stage) {
+        return dlgPartDetail(owner, StageMode::RunningSession, stage);
+    };
 }
 
 void Start::createMainWindow(MainWnd& mainWnd) {

@@ -26,6 +26,12 @@
 constexpr int maxUsers = 4;
 constexpr int maxSongs = 5; // songs that a quest can play at once
 
+// Editors that the console opens on what it shows. They stand beside it, so the shell lends them at start-up.
+struct QuestEditors {
+    // Gives the stage of a running session other settings; 1 when it did, 0 when the stage stays as it was.
+    int (*stage)(platform::WindowHandle owner, DataSession& stage) = nullptr;
+};
+
 struct HostState {
     // Windows of the console; none while there is no main window.
     platform::WindowHandle mainWindow, consolePane, dataPane;
@@ -55,6 +61,7 @@ struct HostState {
     std::array<int, maxSongs> playStart{}, playEnd{};        // milliseconds
     std::array<platform::WindowHandle, maxSongs> questCheck; // the console's check boxes
 
+    QuestEditors questEditors;
     std::unique_ptr<KdlState> kdlState; // made and deleted by the main window
     std::unique_ptr<ServerVrp> server;  // none when no server runs
 

@@ -1,0 +1,100 @@
+// The host changes the stage of a running session from the desk, and the show goes on by the new rules.
+
+#include <gtest/gtest.h>
+
+#include "data/labels.h"
+#include "e2e/desk.h"
+#include "host/state/console_ids.h"
+#include "platform/controls.h"
+#include "platform/listview.h"
+
+namespace {
+
+using test_support::stage;
+namespace driver = platform::driver;
+
+constexpr char stageDialog[] = "IDD_KDL0405_PARTDETAIL";
+enum : int {
+    idName = 4502,
+    idInterval = 4506,
+    idScore = 4508,
+    idDeducts = 4509,
+    idDeduction = 4510,
+    idOk = 4522
+};
+
+class StageChange : public testing::Test {
+protected:
+    void SetUp() override {
+        desk.folder.addSong("荒城の月", "瀧廉太郎");
+        desk.folder.addSong("花", "瀧廉太郎");
+        file = desk.folder.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
+        desk.start();
+        desk.openSession(file);
+        desk.connect();
+        desk.announce("青木,馬場", 2);
+    }
+    std::vector<std::string> rows() const {
+        const platform::Control list{host().dataPane, ids::questList};
+        std::vector<std::string> all;
+        for (int row = 0; row < platform::listRowCount(list); ++row)
+            for (int column = 0; column < platform::listColumnCount(list); ++column)
+                all.push_back(platform::listCell(list, row, column).value_or("?"));
+        return all;
+    }
+
+    e2e::Desk desk;
+    std::string file;
+};
+
+} // namespace
+
+TEST_F(StageChange, TheNextVerdictGoesByTheNewRules) {
+    const std::vector<std::string> before = rows();
+    desk.script.expectDialog(stageDialog, [](platform::WindowHandle dialog) {
+        EXPECT_FALSE(platform::isEnabled({dialog, idName}));
+        driver::type({dialog, idScore}, "0");
+        driver::click({dialog, idOk});
+        driver::type({dialog, idScore}, "50");
+        driver::click({dialog, idDeducts});
+        driver::type({dialog, idDeduction}, "-20");
+        driver::select({dialog, idInterval}, 0); // a quarter of a second
+        driver::click({dialog, idOk});
+    });
+    desk.expectMessage(3000006);
+    ASSERT_TRUE(desk.click(ids::changeStage));
+    EXPECT_EQ(desk.text(ids::points), "50");
+    EXPECT_EQ(desk.text(ids::penalty), "減点:[-20]");
+    EXPECT_EQ(rows(), before) << "the stage keeps its quests and songs";
+
+    desk.playQuest();
+    ASSERT_TRUE(desk.passUntil([&] { return desk.stateName() == "WAIT"; }, 1000)) << "played too long";
+    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
+    desk.reply("STATUSNOTIFY", 303);
+    desk.judge(e2e::Desk::radioWrong);
+    desk.buzz(0);
+    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
+    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.reply("ANSRES", 200);
+    EXPECT_EQ(host().userList[0].getScore(), -20);
+    desk.judge(e2e::Desk::radioRight);
+    desk.buzz(1);
+    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
+    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.reply("ANSRES", 261);
+    EXPECT_EQ(host().userList[1].getScore(), 50);
+    desk.showAnswersAndGoOn();
+
+    // The second quest is of the same stage; its row in the list changes the stage again.
+    EXPECT_EQ(desk.stateName(), "ENABLE");
+    EXPECT_EQ(desk.text(ids::points), "50");
+    desk.script.expectMenu("IDM_KDL0101_QUESTMENUE", ids::listChangeStage);
+    desk.script.expectDialog(stageDialog, [](platform::WindowHandle dialog) {
+        EXPECT_EQ(platform::getText({dialog, idScore}), "50");
+        driver::type({dialog, idScore}, "80");
+        driver::pressKey(dialog, "Return");
+    });
+    ASSERT_TRUE(driver::rightClickRow({host().dataPane, ids::questList}, 1));
+    EXPECT_EQ(desk.text(ids::points), "80");
+    EXPECT_EQ(rows(), before);
+}
