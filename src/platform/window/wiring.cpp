@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcutEvent>
 #include <QTreeView>
@@ -15,8 +17,28 @@ namespace platform::detail {
 
 namespace {
 
-// A key that stands for a button acts at once. By itself the toolkit would press the button for the eye
-// first, a tenth of a second in which another player is faster.
+// Whether the key that is being looked up as a shortcut is one that is held down.
+class HeldKey : public QObject {
+public:
+    static bool isHeld() {
+        static HeldKey watch(qApp);
+        return watch.held_;
+    }
+
+private:
+    explicit HeldKey(QObject* application) { application->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride) held_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+        return false;
+    }
+
+    bool held_ = false;
+};
+
+// A key that stands for a button acts at once, and once for each press. By itself the toolkit would press the
+// button for the eye first, a tenth of a second in which another player is faster, and a held key would
+// toggle the pause again and again.
 class ShortcutFilter : public QObject {
 public:
     using QObject::QObject;
@@ -25,7 +47,7 @@ private:
     bool eventFilter(QObject* button, QEvent* event) override {
         if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
             return false;
-        static_cast<QAbstractButton*>(button)->click();
+        if (!HeldKey::isHeld()) static_cast<QAbstractButton*>(button)->click();
         return true;
     }
 };
@@ -38,6 +60,7 @@ void wireControl(QWidget* control, WindowHandle window, int id) {
     };
     if (auto* button = qobject_cast<QAbstractButton*>(control)) {
         button->installEventFilter(new ShortcutFilter(button));
+        HeldKey::isHeld(); // watches from the first button on
         QObject::connect(button, &QAbstractButton::clicked, button, [command] { command(BN_CLICKED); });
     } else if (auto* combo = qobject_cast<QComboBox*>(control))
         QObject::connect(combo, &QComboBox::activated, combo, [command] { command(CBN_SELCHANGE); });
