@@ -111,8 +111,17 @@ SocketHandle acceptSocket(SocketHandle listener, PeerAddress& peer) {
     socklen_t size = sizeof address;
     const int descriptor =
         ::accept4(socket->descriptor, generic(address), &size, SOCK_NONBLOCK | SOCK_CLOEXEC);
+    if (descriptor < 0) {
+        // Out of descriptors or memory: the connection waits on, and asking again at once would spin.
+        const bool noRoom = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
+        if (!socket->selection) return 0;
+        if (noRoom)
+            socket->selection->inputLater();
+        else
+            socket->selection->inputTaken();
+        return 0;
+    }
     if (socket->selection) socket->selection->inputTaken();
-    if (descriptor < 0) return 0;
     std::memcpy(peer.octets, &address.sin_addr, sizeof peer.octets);
     peer.port = ntohs(address.sin_port);
     return adopt(descriptor, SocketRole::Connected);

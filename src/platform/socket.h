@@ -7,7 +7,8 @@
 //    been read empty; it comes again only after a receive that left data or when new data arrives.
 //  - FD_WRITE comes once after the selection of a connected socket, and again only after a send that would
 //    have blocked.
-//  - FD_ACCEPT comes while a connection waits, and again only after an accept.
+//  - FD_ACCEPT comes while a connection waits, and again only after an accept; a second later when that
+//    failed for want of descriptors or memory.
 //  - FD_CONNECT comes once for a socket of connectTcp; its error is 0 when the connection stands. Then
 //    FD_WRITE follows as above, otherwise nothing more.
 //  - FD_CLOSE comes once, after all data has been read; a reset peer counts as a close with error 0.

@@ -4,7 +4,9 @@
 #include <sys/socket.h>
 
 #include <QSocketNotifier>
+#include <QTimer>
 #include <cerrno>
+#include <chrono>
 
 #include "platform/detail/event_loop.h"
 
@@ -64,6 +66,10 @@ void SocketSelection::start() {
 
 void SocketSelection::inputTaken() {
     if (role_ != SocketRole::Connecting && !inputPosted_ && !closeTold_) input_->setEnabled(true);
+}
+
+void SocketSelection::inputLater() {
+    QTimer::singleShot(std::chrono::seconds(1), input_.get(), [this] { inputTaken(); });
 }
 
 void SocketSelection::sendWouldHaveBlocked() {

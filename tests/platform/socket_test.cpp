@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <chrono>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <gmock/gmock.h>
 
 #include "platform/detail/event_loop.h"
@@ -100,6 +103,24 @@ TEST_F(SocketEvents, AcceptTellsThePeerAndWriteComesOnce) {
     EXPECT_GT(address.port, 0);
     quiet();
     EXPECT_THAT(events, IsEmpty());
+}
+
+TEST_F(SocketEvents, WithoutADescriptorLeftAConnectionWaitsInPeace) {
+    const RawPeer peer(listen());
+    onEvent = [&](SocketHandle, unsigned) {
+        if (!server) server = acceptSocket(listener, address);
+    };
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+    const int next = ::dup(0); // descriptors are given out from the lowest on
+    ::close(next);
+    const rlimit none{static_cast<rlim_t>(next), limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    until([] { return false; }, 300);
+    EXPECT_EQ(server, 0u);
+    EXPECT_EQ(count(FD_ACCEPT), 1);
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+    EXPECT_TRUE(until([&] { return server != 0; }));
 }
 
 TEST_F(SocketEvents, DataThatCameBeforeTheSelectionIsAnnouncedByIt) {

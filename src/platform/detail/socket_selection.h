@@ -31,6 +31,8 @@ public:
     SocketRole role() const { return role_; }
     // The caller has received or accepted: what is left, or comes next, may be told.
     void inputTaken();
+    // The caller could not accept for now; it is told again in a second.
+    void inputLater();
     void sendWouldHaveBlocked();
 
 private:
