@@ -16,15 +16,9 @@
 #include "platform/detail/menu_bar.h"
 #include "platform/detail/qt_text.h"
 #include "platform/detail/reach.h"
+#include "platform/detail/shortcut.h"
 #include "platform/detail/up_down.h"
 #include "platform/driver.h"
-
-QT_BEGIN_NAMESPACE
-// What the toolkit's own test library asks before it hands a key on; no header of the toolkit declares it.
-Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* object, ulong timestamp, int key,
-                                               Qt::KeyboardModifiers held, const QString& text = QString(),
-                                               bool autoRepeat = false, ushort count = 1);
-QT_END_NAMESPACE
 
 namespace platform {
 
@@ -38,12 +32,6 @@ void pressAndRelease(QWidget* widget, int key, const QString& text = {}, Qt::Key
     QApplication::sendEvent(widget, &press);
     QKeyEvent release(QEvent::KeyRelease, key, held, text);
     if (alive) QApplication::sendEvent(alive, &release);
-}
-
-// A key that is a shortcut in its window does what the shortcut stands for, and nothing else.
-bool isShortcut(QWidget* widget, const QKeyCombination& key) {
-    QApplication::setActiveWindow(widget->window());
-    return qt_sendShortcutOverrideEvent(widget, 0, key.key(), key.keyboardModifiers());
 }
 
 void mouse(QWidget* widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
@@ -151,7 +139,7 @@ bool pressKey(WindowHandle window, const std::string& key) {
     if (!top || sequence.isEmpty()) return false;
     QWidget* focused = top->window()->focusWidget();
     QWidget* target = focused && focused->isEnabled() ? focused : top;
-    if (!isShortcut(target, sequence[0]))
+    if (!pressShortcut(target, sequence[0]))
         pressAndRelease(target, sequence[0].key(), {}, sequence[0].keyboardModifiers());
     return true;
 }
