@@ -1,5 +1,6 @@
 #include "documents/dir.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "foundation/path.h"
@@ -14,6 +15,7 @@ Dir::Dir(std::string_view path) : path_(zelkova::replaceAll(path, "\\", "/")) {
         path_ = zelkova::getFolder(path_);
     for (const platform::FolderEntry& entry : platform::listFolder(path_))
         names_.push_back(entry.name);
+    std::ranges::sort(names_);
 }
 
 } // namespace Utility

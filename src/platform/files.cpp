@@ -10,6 +10,7 @@
 
 #include <QString>
 
+#include "platform/detail/qt_text.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -184,8 +185,10 @@ std::vector<FolderEntry> listFolder(std::string_view path) {
         const std::uintmax_t size = folder ? 0 : entry->file_size(unknown);
         entries.push_back({*name, folder, unknown ? 0 : size});
     }
-    std::sort(entries.begin(), entries.end(),
-              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
+    std::ranges::sort(entries, [](const FolderEntry& a, const FolderEntry& b) {
+        const int order = detail::toQt(a.name).compare(detail::toQt(b.name), Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : a.name < b.name;
+    });
     return entries;
 }
 

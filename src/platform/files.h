@@ -37,7 +37,7 @@ struct FolderEntry {
     bool folder = false;
     std::uintmax_t size = 0;
 };
-// Byte-wise by name; "." and ".." left out.
+// By name, case ignored; "." and ".." left out.
 std::vector<FolderEntry> listFolder(std::string_view path);
 
 } // namespace platform
