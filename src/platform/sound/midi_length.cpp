@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::uint32_t defaultTempo = 500000; // microseconds for a quarter note
 
+// No song has more; a file of nothing else would fill the memory.
+constexpr std::size_t mostTempos = 100'000;
+
 using TempoMap = std::map<std::uint64_t, std::uint32_t>; // tick -> tempo from there on
 
 class TrackReader {
@@ -75,7 +78,8 @@ private:
         if (!type || !size || *type == 0x2F) return false;
         if (*type == 0x51 && *size == 3) {
             const auto tempo = file_.at(offset_, 3);
-            if (!tempo.empty()) tempos[tick] = bigEndian(tempo);
+            if (!tempo.empty() && (tempos.size() < mostTempos || tempos.contains(tick)))
+                tempos[tick] = bigEndian(tempo);
         }
         offset_ += *size;
         return true;
