@@ -43,8 +43,14 @@ public:
         const std::lock_guard lock(mutex_);
         return stereo_;
     }
-    std::uint32_t firstSound() const { return firstSound_; }
-    std::uint32_t lastSound() const { return lastSound_; }
+    std::uint32_t firstSound() const {
+        const std::lock_guard lock(mutex_);
+        return firstSound_;
+    }
+    std::uint32_t lastSound() const {
+        const std::lock_guard lock(mutex_);
+        return lastSound_;
+    }
 
 private:
     mutable std::mutex mutex_;
