@@ -28,7 +28,7 @@ Application::Application(int& argc, char** argv) {
     auto* application = new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     detail::applyStyle(*application);
-    detail::setDeliver(detail::deliver);
+    detail::setDeliver(detail::deliver, isWindow);
 }
 
 Application::~Application() {

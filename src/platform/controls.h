@@ -46,21 +46,23 @@ int getSelection(Control combo);
 
 // Track bars, progress bars and scroll bars.
 void setRange(Control bar, int low, int high);
-void setTickStep(Control bar, int step); // a tick every `step`
+void setTickStep(Control bar, int step);     // a tick every `step`
 void setPosition(Control bar, int position); // clipped to the range
 int getPosition(Control bar);
 int getRangeHigh(Control bar);
 
-// The up-down beside an edit. Its arrows stay inside the range and move by `step`; what is typed into the edit
-// is free (digits, and a minus sign where `low` is below 0). Its text has no separators.
+// The up-down beside an edit. Its arrows stay inside the range and move by `step`; what is typed into the
+// edit is free (digits, and a minus sign where `low` is below 0). Its text has no separators.
 void setSpinRange(Control edit, int low, int high, int step = 1);
 
-// Date and time pickers. What a picker's format does not show is kept as it was set; its text is what it shows.
+// Date and time pickers. What a picker's format does not show is kept as it was set; its text is what it
+// shows.
 void setDateTime(Control picker, const SystemTime& time);
 // None for a control that is no picker.
 std::optional<SystemTime> getDateTime(Control picker);
 
-// One of the system's message icons in a label: 32516 information, 32515 warning, 32513 error, 32514 question.
+// One of the system's message icons in a label: 32516 information, 32515 warning, 32513 error, 32514
+// question.
 enum class SystemIcon : int { Error = 32513, Question = 32514, Warning = 32515, Information = 32516 };
 void setIcon(Control label, SystemIcon icon);
 

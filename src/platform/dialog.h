@@ -20,6 +20,7 @@ using DialogProc = std::function<bool(WindowHandle dialog, const Message& messag
 // closed; timers, sockets and posted messages of all windows go on. Enter presses the default button, Esc
 // and the close box send WM_COMMAND IDCANCEL. After postQuitMessage every open dialog ends with IDCANCEL.
 int runDialog(WindowHandle owner, const std::string& name, const DialogProc& proc);
+// Hides the dialog, which then gets nothing but WM_DESTROY; the first result holds.
 void endDialog(WindowHandle dialog, int result);
 
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -29,9 +30,9 @@ Answer messageBox(WindowHandle owner, std::string_view text, std::string_view ti
                   SystemIcon icon);
 
 struct FileDialog {
-    std::string startPath; // a folder with a final separator, a folder + "*", or a proposed file
-    std::string filterName;  // shown, for instance "XML"
-    std::string pattern;     // "*.xml", several separated by ";"
+    std::string startPath;        // a folder with a final separator, a folder + "*", or a proposed file
+    std::string filterName;       // shown, for instance "XML"
+    std::string pattern;          // "*.xml", several separated by ";"
     std::string defaultExtension; // for saving, without the dot
     bool multiple = false;
 };

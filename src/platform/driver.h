@@ -18,7 +18,7 @@ bool select(Control comboOrList, int index);
 bool type(Control edit, std::string_view text); // replaces what stands there, key by key
 bool slide(Control bar, int position);
 bool pick(Control picker, const SystemTime& time); // a date or a time
-bool spin(Control edit, int steps); // presses the up-down's arrow, down when negative
+bool spin(Control edit, int steps);                // presses the up-down's arrow, down when negative
 bool doubleClickRow(Control list, int row);
 bool rightClickRow(Control list, int row);
 bool clickColumn(Control list, int column);

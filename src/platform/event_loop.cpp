@@ -31,6 +31,7 @@ struct Loop {
     detail::Timers timers;
     std::optional<int> quitCode;
     LResult (*deliver)(const Message&) = nullptr;
+    bool (*lives)(WindowHandle) = nullptr; // none: every window does
 };
 
 Loop& loop() {
@@ -154,6 +155,8 @@ void waitMessage(unsigned milliseconds) {
 }
 
 void setTimer(WindowHandle window, unsigned id, unsigned periodMs) {
+    // Nobody would ever stop the timer of a window that is gone.
+    if (loop().lives && !loop().lives(window)) return;
     loop().timers.set(window, id, periodMs, nowMs());
 }
 
@@ -163,8 +166,9 @@ void killTimer(WindowHandle window, unsigned id) {
 
 namespace detail {
 
-void setDeliver(LResult (*function)(const Message&)) {
+void setDeliver(LResult (*function)(const Message&), bool (*lives)(WindowHandle)) {
     loop().deliver = function;
+    loop().lives = lives;
 }
 
 void postGuarded(const Message& message, std::function<bool()> stillTrue) {

@@ -21,9 +21,13 @@ QUrl targetUrl(const std::string& target) {
 
 } // namespace
 
-bool shellOpen(const std::string& target) { return QDesktopServices::openUrl(targetUrl(target)); }
+bool shellOpen(const std::string& target) {
+    return QDesktopServices::openUrl(targetUrl(target));
+}
 
-bool shellExplore(const std::string& folder) { return QDesktopServices::openUrl(targetUrl(folder)); }
+bool shellExplore(const std::string& folder) {
+    return QDesktopServices::openUrl(targetUrl(folder));
+}
 
 bool shellRun(const std::string& program, const std::string& file) {
     if (program.empty()) return false;

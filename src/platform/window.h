@@ -22,24 +22,26 @@ bool registerWindowClass(const WindowClass& windowClass);
 struct CreateParams {
     std::string className;
     std::string title;
-    unsigned style = 0; // kept and readable; bit 0x10000000 shows the window at once, 0x40000000 makes a child
+    unsigned style =
+        0; // kept and readable; bit 0x10000000 shows the window at once, 0x40000000 makes a child
     unsigned exStyle = 0;
     std::optional<Rect> rect; // default place and size when empty
     WindowHandle parent;
-    int id = 0;             // a child's number
-    void* param = nullptr;  // handed to WM_CREATE
+    int id = 0;            // a child's number
+    void* param = nullptr; // handed to WM_CREATE
 };
 
 enum : unsigned { WS_CHILD = 0x40000000, WS_VISIBLE = 0x10000000 };
 
 // Sends WM_CREATE before it returns; an answer of -1 there destroys the window again (and gives none).
 WindowHandle createWindow(const CreateParams& params);
-// Children and timers go with it. WM_DESTROY is sent to the window, then to its children.
+// Children, timers and the modal boxes it owns go with it. WM_DESTROY is sent to the window, then to its
+// children.
 void destroyWindow(WindowHandle window);
 bool isWindow(WindowHandle window);
 
-// What a window does with messages its procedure does not want: WM_CLOSE destroys, WM_SIZE of a window with
-// a loaded template lays it out, everything else is ignored.
+// What a window does with messages its procedure does not want: WM_CLOSE destroys, everything else is
+// ignored. A loaded template lays itself out.
 LResult defWindowProc(WindowHandle window, unsigned message, WParam wParam, LParam lParam);
 
 void setUserData(WindowHandle window, void* data);

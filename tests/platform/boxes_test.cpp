@@ -121,6 +121,17 @@ TEST_F(FileDialogs, OpenGivesFullPathsInProgramText) {
     EXPECT_THAT(script.faults(), IsEmpty());
 }
 
+TEST_F(FileDialogs, AFileThatTheProgramCannotNameIsRefusedAloud) {
+    // The long s is outside the code page; without regard to case it is found as an "s".
+    std::ofstream(path("\xC5\xBFong.xml")) << "x";
+    driver::Script script;
+    script.expectFileDialog(folderPath() + "song.xml")
+        .expectMessageBox(Answer::Ok,
+                          [](const std::string& text) { EXPECT_THAT(text, HasSubstr("使えない文字")); });
+    EXPECT_THAT(openFileDialog(main, options(folderPath())), IsEmpty());
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
 TEST_F(FileDialogs, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
     driver::Script script;
     script.expectFileDialog(folderPath() + "新しい");

@@ -136,6 +136,29 @@ TEST(Dialog, EndedInItsInitIsNeverShown) {
     EXPECT_THAT(script.faults(), IsEmpty());
 }
 
+TEST(Dialog, OnceEndedItHearsOfNothingButItsEnd) {
+    ManualClock clock;
+    TestWindow main;
+    std::vector<unsigned> after;
+    driver::Script script;
+    script.expectDialog(form, [&](WindowHandle dialog) {
+        EXPECT_TRUE(driver::click({dialog, IDOK}));
+        EXPECT_FALSE(driver::click({dialog, IDOK})) << "the second click of a double click";
+        EXPECT_FALSE(isVisible(dialog));
+        sendMessage(dialog, WM_COMMAND, makeLong(IDOK, BN_CLICKED));
+        sendMessage(dialog, WM_COMMAND, makeLong(IDCANCEL, BN_CLICKED));
+        clock.advance(100);
+    });
+    const int result = runDialog(main, form, [&](WindowHandle dialog, const Message& message) {
+        if (message.id == WM_INITDIALOG) setTimer(dialog, 1, 10);
+        if (message.id != WM_INITDIALOG) after.push_back(message.id);
+        return endOnButtons(dialog, message);
+    });
+    EXPECT_EQ(result, 10);
+    EXPECT_THAT(after, ElementsAre(WM_COMMAND, WM_DESTROY));
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
 TEST(Dialog, AMissingTemplateAnswersMinusOne) {
     TestWindow main;
     EXPECT_EQ(runDialog(main, "IDD_NOT_THERE", ignore), -1);
@@ -213,6 +236,29 @@ TEST(Dialog, AQuitOrTheEndOfTheOwnerEndsEveryDialog) {
         Message message;
         EXPECT_EQ(peekMessage(message) && message.id == WM_QUIT, quit);
     }
+}
+
+TEST(Dialog, TheEndOfTheOwnerEndsDialogsOverItsDialogs) {
+    TestWindow main(WS_VISIBLE);
+    Soon soon(main);
+    WindowHandle outer;
+    int inner = 0;
+    std::optional<Answer> asked;
+    soon.run([&] {
+        soon.run([&] {
+            soon.run([&] { destroyWindow(main); });
+            asked = messageBox(driver::openDialogs().back().window, "？", "", Buttons::OkCancel,
+                               SystemIcon::Question);
+        });
+        inner = runDialog(outer, form, ignore);
+    });
+    const int result = runDialog(main, form, [&](WindowHandle dialog, const Message& message) {
+        if (message.id == WM_INITDIALOG) outer = dialog;
+        return false;
+    });
+    EXPECT_EQ(result, IDCANCEL);
+    EXPECT_EQ(inner, IDCANCEL);
+    EXPECT_EQ(asked, Answer::Cancel);
 }
 
 TEST(Script, ReportsWhatCameUnexpectedAndWhatDidNotCome) {

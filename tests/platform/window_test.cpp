@@ -7,6 +7,7 @@
 
 #include "platform/clock.h"
 #include "platform/controls.h"
+#include "platform/detail/event_loop.h"
 #include "platform/driver.h"
 #include "test_window.h"
 
@@ -152,6 +153,33 @@ TEST(Window, AsksBeforeEveryResizeAndTellsTheClientSizeAfterIt) {
     main.forget();
     moveWindow(main, getRect(main));
     EXPECT_THAT(main.sent(WM_SIZE), IsEmpty()) << "an unchanged size is no news";
+}
+
+TEST(Window, MayEndItselfWhileItsSizeChanges) {
+    for (const unsigned when : {WM_WINDOWPOSCHANGING, WM_SIZE}) {
+        for (const bool byUser : {true, false}) {
+            TestWindow main(WS_VISIBLE);
+            main.onMessage = [&](const Message& message) {
+                if (message.id == when) destroyWindow(main);
+                return false;
+            };
+            if (byUser)
+                driver::resize(main, 500, 300);
+            else
+                moveWindow(main, {0, 0, 500, 300});
+            driver::settle();
+            EXPECT_FALSE(isWindow(main)) << when << byUser;
+        }
+    }
+}
+
+TEST(Window, ATimerOfAWindowThatIsGoneNeverTicks) {
+    ManualClock clock;
+    TestWindow main;
+    destroyWindow(main);
+    setTimer(main, 1, 10);
+    clock.advance(50);
+    EXPECT_FALSE(detail::nextTimerDue());
 }
 
 TEST(Window, ChildrenAreToldTheirSizeWhenMovedAndStandWhereTheyWerePut) {

@@ -10,8 +10,8 @@ namespace platform::detail {
 // How the loop hands a message to a window's procedure.
 LResult deliver(const Message& message);
 
-// Stands for as long as a handler of the toolkit is in the program. Every way from the toolkit into the program
-// has one, so that bury() knows whether widgets are still at work further up the stack.
+// Stands for as long as a handler of the toolkit is in the program. Every way from the toolkit into the
+// program has one, so that bury() knows whether widgets are still at work further up the stack.
 class Handler {
 public:
     Handler();

@@ -10,8 +10,9 @@
 
 namespace platform::detail {
 
-// How a message reaches its window; set by the windows when the application starts.
-void setDeliver(LResult (*deliver)(const Message&));
+// How a message reaches its window, and whether there is such a window; set by the windows when the
+// application starts.
+void setDeliver(LResult (*deliver)(const Message&), bool (*lives)(WindowHandle) = nullptr);
 
 // Posts a message that is dropped at delivery unless the condition still holds then.
 void postGuarded(const Message& message, std::function<bool()> stillTrue);

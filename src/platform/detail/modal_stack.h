@@ -36,7 +36,8 @@ const std::vector<Modal*>& openModals();
 // A modal box is open that this window does not belong to.
 bool isBlocked(const Record& window);
 
-// Ends what the window owns, and takes its widgets out of the window's so that they outlive it.
+// Ends what the window owns, boxes over its boxes included, and takes their widgets out of the window's so
+// that they outlive it.
 void cancelModalsOf(WindowHandle owner);
 
 // The window a box is shown over: the owner's top window, none when there is no owner.

@@ -24,6 +24,7 @@ namespace {
 using namespace detail;
 
 constexpr int iconSize = 32;
+constexpr const char* limitProperty = "textLimit"; // bytes
 
 // A single-line edit tells its window of every text it is given, also of the one that it had. Only a handler
 // of that very message that sets the same text again hears nothing.
@@ -36,7 +37,6 @@ void setEditText(QLineEdit* edit, const QString& text) {
     }
     static QLineEdit* telling = nullptr;
     if (telling == edit) return;
-    const QPointer<QLineEdit> alive = edit;
     telling = edit;
     emit edit->textChanged(text);
     telling = nullptr;
@@ -70,7 +70,8 @@ void applyColors(const Record& record) {
 }
 
 // Keeps the bytes of a multi-line edit within the limit by taking out what was typed last.
-void trim(QPlainTextEdit* edit, int bytes) {
+void trim(QPlainTextEdit* edit) {
+    const int bytes = edit->property(limitProperty).toInt();
     const QString text = edit->toPlainText();
     const auto sizeOf = [](const QString& part) { return static_cast<qsizetype>(fromQt(part).size()); };
     const qsizetype end = edit->textCursor().position();
@@ -197,8 +198,11 @@ void setReadOnly(Control control, bool readOnly) {
 
 void limitText(Control control, int bytes) {
     if (auto* edit = widgetOf<QLineEdit>(control)) EditRule::of(edit)->maxBytes = bytes;
-    if (auto* area = widgetOf<QPlainTextEdit>(control))
-        QObject::connect(area, &QPlainTextEdit::textChanged, area, [area, bytes] { trim(area, bytes); });
+    auto* area = widgetOf<QPlainTextEdit>(control);
+    if (!area || bytes < 0) return;
+    const bool limited = area->property(limitProperty).isValid();
+    area->setProperty(limitProperty, bytes);
+    if (!limited) QObject::connect(area, &QPlainTextEdit::textChanged, area, [area] { trim(area); });
 }
 
 void setIcon(Control control, SystemIcon icon) {

@@ -32,6 +32,7 @@ LResult deliver(const Message& message) {
     const Record* record = findRecord(message.window);
     if (!record) return 0;
     if (record->dialogProc) {
+        if (record->result && message.id != WM_DESTROY) return 0;
         const DialogProc& proc = *record->dialogProc;
         const bool handled = proc(message.window, message);
         if (!handled && message.id == WM_COMMAND && lowWord(message.wParam) == IDCANCEL)
@@ -60,9 +61,9 @@ void reportSize(WindowHandle window) {
     Record* record = findRecord(window);
     if (!record || !record->client || record->client->size() == record->reportedSize) return;
     record->reportedSize = record->client->size();
-    sendMessage(window, WM_SIZE, SIZE_RESTORED,
-                static_cast<LParam>(makeLong(static_cast<unsigned>(record->reportedSize.width()),
-                                             static_cast<unsigned>(record->reportedSize.height()))));
+    notify(window, WM_SIZE, SIZE_RESTORED,
+           static_cast<LParam>(makeLong(static_cast<unsigned>(record->reportedSize.width()),
+                                        static_cast<unsigned>(record->reportedSize.height()))));
 }
 
 } // namespace platform::detail

@@ -82,7 +82,10 @@ int runDialog(WindowHandle owner, const std::string& name, const DialogProc& pro
 
 void endDialog(WindowHandle dialog, int result) {
     Record* record = findRecord(dialog);
-    if (record && record->dialogProc && !record->result) record->result = result;
+    if (!record || !record->dialogProc || record->result) return;
+    record->result = result;
+    // Out of the user's reach at once: the second click of a double click belongs to nobody.
+    if (record->widget) record->widget->hide();
 }
 
 } // namespace platform

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/detail/answers.h"
+#include "platform/detail/delivery.h"
 #include "platform/detail/modal_stack.h"
 #include "platform/detail/qt_text.h"
 #include "platform/dialog.h"
@@ -53,6 +54,7 @@ public:
     }
 
     void accept() override {
+        const Handler handler;
         const QStringList files = selectedFiles();
         if (files.isEmpty()) return;
         const QFileInfo first(files.front());
@@ -64,21 +66,26 @@ public:
 private:
     bool agreesTo(const QStringList& files, const QFileInfo& first) {
         const QPointer<Picker> alive = this;
-        if (acceptMode() == AcceptSave) {
-            if (!first.exists()) return true;
-            const QString question =
-                QStringLiteral(u"%1 は既に存在します。\n上書きしますか？").arg(first.fileName());
-            return messageBox(window_, fromQt(question), fromQt(windowTitle()), Buttons::YesNo,
-                              SystemIcon::Warning) == Answer::Yes &&
-                   alive;
-        }
         for (const QString& file : files) {
-            if (QFileInfo::exists(file)) continue;
-            const QString notice = QStringLiteral(u"%1 が見つかりません。").arg(QFileInfo(file).fileName());
-            messageBox(window_, fromQt(notice), fromQt(windowTitle()), Buttons::Ok, SystemIcon::Warning);
-            return false;
+            const QString name = QFileInfo(file).fileName();
+            // Its name would come back as that of another file, or of none.
+            if (!programPath(file.toStdString()))
+                return warn(QStringLiteral(u"%1 は選べません。\n名前かフォルダ名に、使えない文字があります。")
+                                .arg(name));
+            if (acceptMode() == AcceptOpen && !QFileInfo::exists(file))
+                return warn(QStringLiteral(u"%1 が見つかりません。").arg(name));
         }
-        return true;
+        if (acceptMode() == AcceptOpen || !first.exists()) return true;
+        const QString question =
+            QStringLiteral(u"%1 は既に存在します。\n上書きしますか？").arg(first.fileName());
+        return messageBox(window_, fromQt(question), fromQt(windowTitle()), Buttons::YesNo,
+                          SystemIcon::Warning) == Answer::Yes &&
+               alive;
+    }
+
+    bool warn(const QString& notice) {
+        messageBox(window_, fromQt(notice), fromQt(windowTitle()), Buttons::Ok, SystemIcon::Warning);
+        return false;
     }
 
     WindowHandle window_;

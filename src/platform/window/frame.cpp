@@ -110,7 +110,7 @@ void FrameWidget::closeEvent(QCloseEvent* event) {
 }
 
 Rect askForRect(WindowHandle window, Rect wanted) {
-    sendMessage(window, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LParam>(&wanted));
+    notify(window, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LParam>(&wanted));
     return wanted;
 }
 

@@ -67,8 +67,9 @@ bool isBlocked(const Record& window) {
 
 void cancelModalsOf(WindowHandle owner) {
     for (Modal* modal : stack()) {
-        if (modal->owner != owner) continue;
+        if (modal->owner != owner || modal->cancelled) continue;
         modal->cancelled = true;
+        if (modal->window) cancelModalsOf(modal->window);
         if (!modal->widget) continue;
         modal->widget->hide();
         modal->widget->setParent(nullptr, modal->widget->windowFlags());

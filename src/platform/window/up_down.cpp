@@ -70,7 +70,7 @@ QToolButton* UpDown::makeArrow(bool up) {
 
 void UpDown::setRange(int low, int high, int step) {
     low_ = low;
-    high_ = high;
+    high_ = std::max(low, high);
     step_ = step;
     EditRule::of(edit_)->minusAllowed = low < 0;
 }

@@ -60,7 +60,7 @@ void moveWindow(WindowHandle window, Rect rect) {
     } else {
         widget->setGeometry(rect.left, rect.top, rect.width, rect.height);
     }
-    if (!findRecord(window)->isControl()) reportSize(window);
+    if (const Record* record = findRecord(window); record && !record->isControl()) reportSize(window);
 }
 
 Rect getRect(WindowHandle window) {
