@@ -8,8 +8,6 @@ namespace HiSpeed_SlideDic {
 
 namespace {
 
-constexpr std::int32_t shortestMatch = 3;
-
 template <class Word>
 Word load(const unsigned char* bytes) {
     Word word;
@@ -46,51 +44,58 @@ std::int32_t agreement(const unsigned char* a, const unsigned char* b, std::int3
 template <int keyBits>
 MatchIndex::Table<keyBits>::Table(int placeBits)
     : tagBits_(std::max(keyBits - placeBits, 0)), tagMask_((1u << tagBits_) - 1),
-      lists_(std::size_t{1} << placeBits, Link(0, 0, 0)) {}
+      lists_(std::size_t{1} << placeBits, Link(0, 0, leafDepth, 0)) {}
 
-// The tables have about as many places as there are nodes: a window of text that does not repeat itself takes
-// a leaf for each byte, others far fewer and as many forks.
-MatchIndex::MatchIndex(std::int32_t longestMatch, std::int32_t expected)
-    : longestMatch_(longestMatch),
-      previous_(static_cast<std::size_t>(std::min<std::int32_t>(expected, windowSize))),
-      roots_(std::clamp(static_cast<int>(std::bit_width(previous_.size())) - 2, rootKeyBits - tagBits, 15)),
-      edges_(std::clamp(static_cast<int>(std::bit_width(previous_.size())) - 3, edgeKeyBits - tagBits, 14)),
-      forkLimit_(std::min(mostForks, 2 * previous_.size() + fewestForks)) {
-    next_ = std::make_unique_for_overwrite<Link[]>(firstFork + forkLimit_);
-    forks_.reserve(forkLimit_);
+// A place for each four bytes, up to 16384: twice as many make the lists shorter and miss the cache more
+// often, half as many cost a tenth of the speed where most texts are new.
+int MatchIndex::placeBits(std::int32_t expected, int keyBits) {
+    const int wanted = static_cast<int>(std::bit_width(static_cast<std::uint32_t>(expected))) - 3;
+    return std::clamp(wanted, keyBits - tagBits, 14);
 }
+
+MatchIndex::MatchIndex(std::int32_t longestMatch, std::int32_t expected)
+    : longestMatch_(longestMatch), gaps_(std::make_unique_for_overwrite<std::uint16_t[]>(
+                                       std::min(static_cast<std::uint32_t>(expected) + 1, windowSize))),
+      roots_(placeBits(expected, rootKeyBits)), edges_(placeBits(expected, edgeKeyBits)),
+      forkLimit_(std::min(2 * static_cast<std::uint32_t>(expected) + fewestForks, mostForks)),
+      links_(std::make_unique_for_overwrite<Link[]>(firstFork + 2 * forkLimit_)) {}
 
 // Forks are used again in a ring, each as soon as its newest position has left the window. The ring stays
 // small while it can, to stay in the cache.
 std::uint32_t MatchIndex::takeFork() {
     for (;;) {
-        if (nextFork_ == forks_.size()) {
-            if (freeForks_ <= forks_.size() / 2 && forks_.size() < forkLimit_)
-                forks_.resize(std::min(forkLimit_, std::max(fewestForks, 2 * forks_.size())));
-            else
+        if (nextFork_ == forks_) {
+            if (freeForks_ <= forks_ / 2 && forks_ < forkLimit_) {
+                forks_ = std::min(forkLimit_, std::max(fewestForks, 2 * forks_));
+                std::fill(&links_[firstFork] + 2 * nextFork_, &links_[firstFork] + 2 * forks_,
+                          Link(0, 0, leafDepth, 0));
+            } else {
                 nextFork_ = 0;
+            }
             freeForks_ = 0;
         }
-        const std::size_t fork = nextFork_++;
-        if (forks_[fork].child.newest < oldest_) {
+        const std::uint32_t fork = firstFork + 2 * nextFork_++;
+        if (!child(fork).since(oldest_)) {
             ++freeForks_;
-            return static_cast<std::uint32_t>(fork) + firstFork;
+            return fork;
         }
     }
 }
 
-inline std::uint32_t MatchIndex::takeLeaf() {
-    const std::uint32_t leaf = nextLeaf_;
-    nextLeaf_ = leaf + 1 < firstFork ? leaf + 1 : 0;
-    return leaf;
+inline MatchIndex::Link MatchIndex::takeLeaf(Time now, std::uint32_t tag) {
+    if (nextLeaf_ == firstFork) {
+        leaves_ = firstFork;
+        nextLeaf_ = 0;
+    }
+    return Link(now, nextLeaf_++, leafDepth, tag);
 }
 
 inline std::uint32_t MatchIndex::edge(std::uint32_t fork, std::uint32_t byte) const {
-    return edges_.mix((fork - firstFork) << 8 | byte);
+    return edges_.mix((fork - firstFork) << 7 | byte); // forks have even numbers
 }
 
 inline MatchIndex::Link* MatchIndex::find(Link* link, std::uint32_t tag) {
-    for (; link->newest >= oldest_; link = &next_[link->node()])
+    for (; link->since(oldest_); link = &next(link->node()))
         if (link->tag() == tag) return link;
     return nullptr;
 }
@@ -98,10 +103,24 @@ inline MatchIndex::Link* MatchIndex::find(Link* link, std::uint32_t tag) {
 // Puts a child that is no longer its fork's newest in the table.
 inline void MatchIndex::insert(std::uint32_t edge, Link child) {
     Link* link = edges_.list(edge);
-    while (link->newest > child.newest)
-        link = &next_[link->node()];
-    next_[child.node()] = *link;
-    *link = Link(child.newest, child.node(), edges_.tag(edge));
+    while (link->newerThan(child))
+        link = &next(link->node());
+    next(child.node()) = *link;
+    *link = child.withTag(edges_.tag(edge));
+}
+
+// False when no text in the window begins with the same three bytes. Without branches, for what was there is
+// not foreseeable in most inputs. A pair that never leaves the window keeps the classes of old third bytes,
+// which costs a search in vain and no more.
+inline bool MatchIndex::enterPair(Time now, const unsigned char* here) {
+    constexpr std::uint32_t allThirds = (1u << thirdBits) - 1;
+    std::uint32_t& pair = pairs_[static_cast<std::size_t>(here[0] << 8 | here[1])];
+    const std::uint32_t old = pair;
+    const std::uint32_t inWindow = 0u - static_cast<std::uint32_t>(old >= windowTime_ << thirdBits); // a mask
+    const std::uint32_t third = 1u << here[2] % thirdBits, thirds = old & allThirds & inWindow;
+    pair = now << thirdBits | thirds | third;
+    gaps_[now % windowSize] = static_cast<std::uint16_t>((now - (old >> thirdBits)) & inWindow);
+    return (thirds & third) != 0;
 }
 
 Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t position, std::int32_t filled) {
@@ -110,27 +129,25 @@ Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t positio
     oldest_ = position > reach ? now - reach : windowTime_;
     const unsigned char* const here = window + position;
 
-    std::uint16_t& head = heads_[static_cast<std::size_t>(here[0] << 8 | here[1])];
-    previous_[static_cast<std::size_t>(position)] = head;
-    head = static_cast<std::uint16_t>(position + 1);
-
+    const bool maybeKnown = enterPair(now, here);
     const std::int32_t available = std::min(longestMatch_, filled - position);
-    if (available < shortestMatch) return {};
+    if (available < shortest) return {};
     const std::uint32_t start = roots_.mix(threeBytes(here)), tag = roots_.tag(start);
     Link* const root = roots_.list(start);
-    Link* const found = find(root, tag);
+    Link* const found = maybeKnown ? find(root, tag) : nullptr;
     if (!found) {
         // Literals come in rows; the lists of the next ones are fetched before they are asked for.
         prefetch(roots_.list(roots_.mix(threeBytes(here + 4))));
-        const std::uint32_t leaf = takeLeaf();
-        next_[leaf] = *root;
-        *root = Link(now, leaf, tag);
+        prefetch(&pairs_[static_cast<std::size_t>(here[4] << 8 | here[5])]);
+        const Link leaf = takeLeaf(now, tag);
+        next(leaf.node()) = *root;
+        *root = leaf;
         return {};
     }
     if (found != root) { // to the front
         const Link link = *found;
-        *found = next_[link.node()];
-        next_[link.node()] = *root;
+        *found = next(link.node());
+        next(link.node()) = *root;
         *root = link;
     }
     return walk(root, now, here, available);
@@ -139,71 +156,80 @@ Match MatchIndex::findAndEnter(const unsigned char* window, std::int32_t positio
 // From the newest position that shares three bytes to the best, entering `now` on the way.
 Match MatchIndex::walk(Link* link, Time now, const unsigned char* here, std::int32_t available) {
     Match best;
-    std::int32_t length = shortestMatch;
+    std::int32_t length = shortest;
     for (;;) { // once for each candidate, each longer and older than the one before
-        const Time candidate = link->newest;
+        const Time candidate = link->newest();
         length = agreement(here, text(candidate), length, available);
         // The next search begins behind the match; its list is fetched while this one goes on.
         prefetch(roots_.list(roots_.mix(threeBytes(here + length))));
-        const bool takes = previous_[candidate - windowTime_] != 0;
+        // Never the oldest: there is a gap, and it ends in the window.
+        const bool takes = gaps_[candidate % windowSize] - 1u < candidate - windowTime_;
         if (takes) best = {length, static_cast<std::int32_t>(now - candidate)};
 
         // Down to the first node whose text goes on to where the two texts part, or further.
-        while (link->node() >= firstFork && fork(link->node()).depth < length) {
-            Link& child = fork(link->node()).child;
+        while (link->depth() < length) {
+            Link& newest = child(link->node());
             if (takes) {
-                link->newest = now;
-                link = &child;
-            } else { // the oldest of all is alone here: the leaf takes the place of the forks on the way to
-                     // it
-                next_[child.node()] = next_[link->node()];
-                link->setNode(child.node());
-                child.newest = 0;
+                *link = link->withNewest(now);
+                link = &newest;
+            } else { // the oldest is alone here: the leaf takes the place of the forks on the way to it
+                next(newest.node()) = next(link->node());
+                *link = newest.withTag(link->tag());
+                newest = newest.withNewest(0);
             }
         }
-        const std::uint32_t node = link->node();
-        const bool atFork = node >= firstFork;
-        link->newest = now;
+        const Link old = *link;
         if (length == available) { // nothing will tell the two apart: the newer stands for both
-            if (atFork) {
-                fork(node).child.newest = now;
+            *link = old.withNewest(now);
+            if (old.depth() < leafDepth) {
+                child(old.node()) = child(old.node()).withNewest(now);
             } else {
-                const std::uint32_t leaf = takeLeaf();
-                next_[leaf] = next_[node];
-                link->setNode(leaf);
+                const Link leaf = takeLeaf(now, old.tag());
+                next(leaf.node()) = next(old.node());
+                *link = leaf;
             }
             return best;
         }
         const std::uint32_t wanted = here[length];
-        if (!atFork || fork(node).depth > length) { // a fork in the middle of the way to the node
+        if (old.depth() > length) { // a fork in the middle of the way to the node
             const std::uint32_t middle = takeFork();
-            next_[middle] = next_[node];
-            link->setNode(middle);
-            insert(edge(middle, text(candidate)[length]), Link(candidate, node, 0));
-            fork(middle) = {Link(now, takeLeaf(), wanted), length};
+            next(middle) = next(old.node());
+            *link = Link(now, middle, length, old.tag());
+            child(middle) = takeLeaf(now, wanted);
+            insert(edge(middle, text(candidate)[length]), old);
             return best;
         }
-        Link& child = fork(node).child;
-        const std::uint32_t toWanted = edge(node, wanted);
+        *link = old.withNewest(now);
+        Link& newest = child(old.node());
+        const std::uint32_t toWanted = edge(old.node(), wanted);
         Link* const other = find(edges_.list(toWanted), edges_.tag(toWanted));
-        const Link next = other ? Link(other->newest, other->node(), wanted) : Link(now, takeLeaf(), wanted);
-        if (other) *other = next_[next.node()];
-        insert(edge(node, child.tag()), child);
-        child = next;
+        const Link brought = other ? other->withTag(wanted) : takeLeaf(now, wanted);
+        if (other) *other = next(brought.node());
+        insert(edge(old.node(), newest.tag()), newest);
+        newest = brought;
         if (!other) return best;
-        link = &child;
+        link = &newest;
         ++length;
     }
 }
 
 void MatchIndex::slide() {
-    constexpr std::uint16_t half = windowSize / 2;
-    windowTime_ += half;
-    const auto moved = [](std::uint16_t entry) {
-        return static_cast<std::uint16_t>((entry > half ? entry : half) - half);
+    windowTime_ += windowSize / 2;
+    if (windowTime_ + 2 * windowSize >= 1u << timeBits) setTimeBack();
+}
+
+void MatchIndex::setTimeBack() {
+    const Time back = (windowTime_ - 1) / windowSize * windowSize; // positions keep their places in `gaps_`
+    const auto set = [&](Link& link) {
+        link = link.withNewest(link.since(windowTime_) ? link.newest() - back : 0);
     };
-    std::transform(previous_.begin() + half, previous_.end(), previous_.begin(), moved);
-    std::transform(heads_.begin(), heads_.end(), heads_.begin(), moved);
+    std::for_each(roots_.lists().begin(), roots_.lists().end(), set);
+    std::for_each(edges_.lists().begin(), edges_.lists().end(), set);
+    std::for_each(&links_[0], &links_[std::max(leaves_, nextLeaf_)], set);
+    std::for_each(&links_[firstFork], &links_[firstFork] + 2 * forks_, set);
+    for (std::uint32_t& pair : pairs_)
+        pair = pair >= windowTime_ << thirdBits ? pair - (back << thirdBits) : 0;
+    windowTime_ -= back;
 }
 
 } // namespace HiSpeed_SlideDic

@@ -199,6 +199,12 @@ TEST(Deflate, FillsBlocksToTheLastWord) {
     }
 }
 
+// The index dates its entries in a few bits and sets their time back on the way.
+TEST(Deflate, ForgetsNothingInALongInput) {
+    const std::string input = randomBytes(9'000'000, 256, 11);
+    EXPECT_TRUE(compress(input).bytes == reference::deflate(input));
+}
+
 TEST(Deflate, EndsAFullBlockWithAnEmptyOne) {
     const std::string full = silent(32767);
     ASSERT_EQ(reference::tokens(full).size(), full.size());
