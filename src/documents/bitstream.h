@@ -20,7 +20,11 @@ public:
     // Appends the low `count` bits of `value`, 0 to 32 of them. Throws "n_bit_put: out of range.".
     void n_bit_put(std::uint32_t value, int count) {
         if (count < 0 || count > 32) throw "n_bit_put: out of range.";
-        const std::uint64_t bits = value & ((std::uint64_t{1} << count) - 1);
+        wide_put(value & ((std::uint64_t{1} << count) - 1), count);
+    }
+
+    // Appends the low `count` bits, 0 to 63 of them; all bits above are zero. Nothing is checked.
+    void wide_put(std::uint64_t bits, int count) {
         word_ |= bits << wordBits_;
         wordBits_ += count;
         if (wordBits_ < 64) return;

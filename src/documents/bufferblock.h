@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "documents/codelengths.h"
@@ -12,20 +13,18 @@
 
 namespace BufferBlock {
 
-// `Stream` needs n_bit_put(value, count) as BStrmOut has it; it is not owned. All errors are constant texts,
-// thrown as `const char*`.
+// `Stream` needs n_bit_put(value, count) and wide_put(bits, count) as BStrmOut has them; it is not owned. All
+// errors are constant texts, thrown as `const char*`.
 template <class Stream>
 class BBlkOut {
 public:
     // A block is sent as soon as it holds more than `blockLimit` words: a literal is one word, a match two.
-    BBlkOut(Stream& stream, std::size_t blockLimit) : stream_(stream), blockLimit_(blockLimit) {
-        symbols_.reserve(0x8000);
-    }
+    BBlkOut(Stream& stream, std::size_t blockLimit) : stream_(stream), blockLimit_(blockLimit) {}
 
     // Throws "literal_put: out of range." outside 0 to 255.
     void literal_put(int value) {
         if (value < 0 || value > 255) throw "literal_put: out of range.";
-        symbols_.push_back(static_cast<std::uint16_t>(value));
+        symbols_[held_++] = static_cast<std::uint16_t>(value);
         ++words_[static_cast<std::size_t>(value)];
         sendWhenFull();
     }
@@ -38,8 +37,8 @@ public:
         if (lengthWord < 260 || lengthWord > 516 || distanceWord < 0 ||
             distanceWord >= Converter::CvDistance::farthest)
             throw "match_len_put: out of range.";
-        symbols_.push_back(static_cast<std::uint16_t>(lengthWord));
-        symbols_.push_back(static_cast<std::uint16_t>(distanceWord));
+        symbols_[held_++] = static_cast<std::uint16_t>(lengthWord);
+        symbols_[held_++] = static_cast<std::uint16_t>(distanceWord);
         ++words_[static_cast<std::size_t>(lengthWord)];
         ++distanceCodes_[distanceConverter_[distanceWord].code];
         sendWhenFull();
@@ -57,7 +56,7 @@ public:
         stream_.n_bit_put(2, 2); // dynamic Huffman codes
         sendTables(literals.lengths(), distances.lengths());
         sendSymbols(literals, distances);
-        symbols_.clear();
+        held_ = 0;
         words_.fill(0);
         distanceCodes_.fill(0);
     }
@@ -71,7 +70,7 @@ private:
     static constexpr std::size_t wordKinds = 517; // up to the length 259, which no code stands for
 
     void sendWhenFull() {
-        if (symbols_.size() > blockLimit_) encode(0);
+        if (held_ > blockLimit_) encode(0);
     }
 
     void count(Huffman::FrequencyTable& literals, Huffman::FrequencyTable& distances) const {
@@ -133,20 +132,28 @@ private:
         for (std::size_t code = 0; code < distanceCodes.size(); ++code)
             if (distanceCodes_[code] > 0) distanceCodes[code] = distances.bits(code);
 
-        for (auto symbol = symbols_.begin(), end = symbols_.end(); symbol != end; ++symbol) {
-            put(words[*symbol]);
-            if (*symbol <= endOfBlock) continue;
-            const Converter::Code distance = distanceConverter_[*++symbol];
-            put(joined(distanceCodes[distance.code], distance));
+        for (const std::uint16_t *symbol = symbols_.get(), *const end = symbol + held_; symbol != end;
+             ++symbol) {
+            const Huffman::HuffEnc::Bits word = words[*symbol];
+            if (*symbol <= endOfBlock) {
+                put(word);
+                continue;
+            }
+            const Converter::Code code = distanceConverter_[*++symbol];
+            const Huffman::HuffEnc::Bits distance = joined(distanceCodes[code.code], code);
+            stream_.wide_put(word.pattern | std::uint64_t{distance.pattern} << word.length,
+                             word.length + distance.length);
         }
         put(literals.bits(endOfBlock));
     }
 
-    void put(Huffman::HuffEnc::Bits bits) { stream_.n_bit_put(bits.pattern, bits.length); }
+    void put(Huffman::HuffEnc::Bits bits) { stream_.wide_put(bits.pattern, bits.length); }
 
     Stream& stream_;
     std::size_t blockLimit_;
-    std::vector<std::uint16_t> symbols_;
+    std::size_t held_ = 0; // words
+    std::unique_ptr<std::uint16_t[]> symbols_ =
+        std::make_unique_for_overwrite<std::uint16_t[]>(blockLimit_ + 2);
     std::array<std::uint32_t, wordKinds> words_{}; // how often each word is held
     std::array<std::uint32_t, 30> distanceCodes_{};
     inline static const Converter::CvMatchLength lengthConverter_;
