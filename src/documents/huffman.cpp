@@ -76,16 +76,18 @@ void limitDepths(std::vector<TreeNode>& nodes, std::size_t leafCount, int limit)
 }
 
 std::uint32_t reversed(std::uint32_t value, int bits) {
-    std::uint32_t result = 0;
-    for (; bits > 0; --bits, value >>= 1)
-        result = result << 1 | (value & 1);
-    return result;
+    value = (value & 0x55555555) << 1 | (value >> 1 & 0x55555555);
+    value = (value & 0x33333333) << 2 | (value >> 2 & 0x33333333);
+    value = (value & 0x0F0F0F0F) << 4 | (value >> 4 & 0x0F0F0F0F);
+    value = (value & 0x00FF00FF) << 8 | (value >> 8 & 0x00FF00FF);
+    return (value << 16 | value >> 16) >> (32 - bits);
 }
 
 } // namespace
 
 BitLengthTable::BitLengthTable(const FrequencyTable& frequencies, int limit) : limit_(limit) {
     std::vector<TreeNode> nodes;
+    nodes.reserve(2 * frequencies.size());
     for (std::size_t symbol = 0; symbol < frequencies.size(); ++symbol)
         if (frequencies[symbol] > 0)
             nodes.push_back({static_cast<std::int32_t>(frequencies[symbol]),
