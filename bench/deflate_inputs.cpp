@@ -1,7 +1,10 @@
 #include "deflate_inputs.h"
 
 #include <cmath>
+#include <fstream>
 #include <random>
+#include <sstream>
+#include <stdexcept>
 #include <vector>
 
 namespace inputs {
@@ -60,58 +63,14 @@ private:
     std::vector<std::string> words_, particles_;
 };
 
-std::string styles(int count) {
-    std::string text;
-    for (int i = 1; i <= count; ++i) {
-        const std::string n = std::to_string(i);
-        text += "<style:style style:name=\"P" + n +
-                "\" style:family=\"paragraph\" style:parent-style-name=\"Standard\">"
-                "<style:paragraph-properties fo:margin-left=\"" +
-                std::to_string(i * 3 % 7) + "cm\" fo:text-align=\"" + (i % 3 == 0 ? "center" : "start") +
-                "\" style:justify-single-word=\"false\"/><style:text-properties fo:font-size=\"" +
-                std::to_string(9 + i * 5 % 30) +
-                "pt\" style:font-name-asian=\"IPAMincho\" fo:letter-spacing=\"0." + std::to_string(i % 9) +
-                "cm\"/></style:style>\n";
-    }
-    return text;
-}
-
-constexpr char head[] =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<office:document-content "
-    "xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\" "
-    "xmlns:style=\"urn:oasis:names:tc:opendocument:xmlns:style:1.0\" "
-    "xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\" "
-    "xmlns:table=\"urn:oasis:names:tc:opendocument:xmlns:table:1.0\" "
-    "xmlns:draw=\"urn:oasis:names:tc:opendocument:xmlns:drawing:1.0\" office:version=\"1.2\">\n";
-
 } // namespace
 
-std::string certificate() {
-    Writer writer;
-    std::string text = head + styles(24);
-    for (int frame = 0; frame < 40; ++frame)
-        text += "<draw:frame draw:style-name=\"fr1\" draw:name=\"frame" + std::to_string(frame) +
-                "\" svg:x=\"" + std::to_string(frame * 37 % 29) + ".5cm\" svg:y=\"" +
-                std::to_string(frame * 17 % 19) + ".25cm\"><draw:text-box><text:p text:style-name=\"P" +
-                std::to_string(frame % 24) + "\">" + writer.sentence() +
-                "</text:p></draw:text-box></draw:frame>\n";
-    return text + "</office:document-content>\n";
-}
-
-std::string applicationForm() {
-    Writer writer;
-    std::string text = head + styles(60);
-    for (int row = 0; row < 60; ++row) {
-        text += "<table:table-row table:style-name=\"T2." + std::to_string(row % 12) + "\">";
-        for (int cell = 0; cell < 5; ++cell)
-            text += "<table:table-cell table:style-name=\"T2.C" + std::to_string(cell) +
-                    "\" office:value-type=\"string\" table:number-columns-spanned=\"2\"><text:p "
-                    "text:style-name=\"P" +
-                    std::to_string(10 + cell) + "\">" + writer.word() +
-                    "</text:p></table:table-cell><table:covered-table-cell/>";
-        text += "</table:table-row>\n";
-    }
-    return text + "</office:document-content>\n";
+std::string shipped(const std::string& file) {
+    std::ifstream stream(KDL_DIST "/" + file, std::ios::binary);
+    std::ostringstream content;
+    content << stream.rdbuf();
+    if (content.str().empty()) throw std::runtime_error(file + " cannot be read");
+    return content.str();
 }
 
 std::string japaneseText(std::size_t size) {

@@ -6,9 +6,8 @@
 
 namespace inputs {
 
-// Look-alikes of the content.xml of a certificate and of an application form.
-std::string certificate();
-std::string applicationForm();
+// A file of dist/. Throws std::runtime_error when it cannot be read.
+std::string shipped(const std::string& file);
 std::string japaneseText(std::size_t size); // UTF-8
 std::string catalogue(std::size_t size);    // XML
 std::string randomBytes(std::size_t size);
