@@ -225,6 +225,9 @@ TEST_F(Controls, UpDownArrowsAreClippedAndTypingIsFree) {
     setSpinRange(number, 0, 9);
     driver::type(number, "-7");
     EXPECT_EQ(getText(number), "7") << "no minus where nothing lies below 0";
+    setSpinRange(number, 1, 0); // a list of nothing
+    driver::spin(number, 1);
+    EXPECT_EQ(getText(number), "1");
 }
 
 TEST_F(Controls, LimitedEditsCountBytes) {
@@ -234,6 +237,9 @@ TEST_F(Controls, LimitedEditsCountBytes) {
         EXPECT_EQ(getText({main, id}), "漢字") << id;
         driver::type({main, id}, "漢字aな");
         EXPECT_EQ(getText({main, id}), "漢字a") << id;
+        limitText({main, id}, 8);
+        driver::type({main, id}, "漢字かな");
+        EXPECT_EQ(getText({main, id}), "漢字かな") << id << ": the last limit holds";
     }
 }
 
