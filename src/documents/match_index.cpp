@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <new>
+#include <span>
 
 namespace HiSpeed_SlideDic {
 
@@ -46,6 +48,13 @@ MatchIndex::Table<keyBits>::Table(int placeBits)
     : tagBits_(std::max(keyBits - placeBits, 0)), tagMask_((1u << tagBits_) - 1),
       lists_(std::size_t{1} << placeBits, Link(0, 0, leafDepth, 0)) {}
 
+// The system has zeros that cost nothing until they are touched, and a short text touches few.
+std::uint32_t* MatchIndex::noPairs() {
+    void* const zeros = std::calloc(pairKeys, sizeof(std::uint32_t));
+    if (!zeros) throw std::bad_alloc();
+    return static_cast<std::uint32_t*>(zeros);
+}
+
 // A place for each four bytes, up to 16384: twice as many make the lists shorter and miss the cache more
 // often, half as many cost a tenth of the speed where most texts are new.
 int MatchIndex::placeBits(std::int32_t expected, int keyBits) {
@@ -54,8 +63,9 @@ int MatchIndex::placeBits(std::int32_t expected, int keyBits) {
 }
 
 MatchIndex::MatchIndex(std::int32_t longestMatch, std::int32_t expected)
-    : longestMatch_(longestMatch), gaps_(std::make_unique_for_overwrite<std::uint16_t[]>(
-                                       std::min(static_cast<std::uint32_t>(expected) + 1, windowSize))),
+    : longestMatch_(longestMatch), pairs_(noPairs()),
+      gaps_(std::make_unique_for_overwrite<std::uint16_t[]>(
+          std::min(static_cast<std::uint32_t>(expected) + 1, windowSize))),
       roots_(placeBits(expected, rootKeyBits)), edges_(placeBits(expected, edgeKeyBits)),
       forkLimit_(std::min(2 * static_cast<std::uint32_t>(expected) + fewestForks, mostForks)),
       links_(std::make_unique_for_overwrite<Link[]>(firstFork + 2 * forkLimit_)) {}
@@ -227,7 +237,7 @@ void MatchIndex::setTimeBack() {
     std::for_each(edges_.lists().begin(), edges_.lists().end(), set);
     std::for_each(&links_[0], &links_[std::max(leaves_, nextLeaf_)], set);
     std::for_each(&links_[firstFork], &links_[firstFork] + 2 * forks_, set);
-    for (std::uint32_t& pair : pairs_)
+    for (std::uint32_t& pair : std::span(pairs_.get(), pairKeys))
         pair = pair >= windowTime_ << thirdBits ? pair - (back << thirdBits) : 0;
     windowTime_ -= back;
 }

@@ -12,6 +12,7 @@
 // newest first, and a link whose position has left the window is the end of its list.
 
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -113,10 +114,15 @@ private:
     static_assert(mostForks <= 1u << (edgeKeyBits - 8));
 
     static constexpr int thirdBits = 32 - timeBits;
+    static constexpr std::size_t pairKeys = 65536;
+    struct Free {
+        void operator()(std::uint32_t* pairs) const { std::free(pairs); }
+    };
 
     const unsigned char* text(Time time) const { return window_ + (time - windowTime_); }
     Link& next(std::uint32_t node) { return links_[node]; }
     Link& child(std::uint32_t fork) { return links_[fork + 1]; }
+    static std::uint32_t* noPairs();
     static int placeBits(std::int32_t expected, int keyBits);
     bool enterPair(Time now, const unsigned char* here);
     Match walk(Link* link, Time now, const unsigned char* here, std::int32_t available);
@@ -133,7 +139,7 @@ private:
     Time oldest_ = 1;     // everything before has left the window
     // By two bytes: the newest position and, in its low bits, which bytes followed one of them, in classes.
     // That alone tells most texts that are not in the tree.
-    std::vector<std::uint32_t> pairs_ = std::vector<std::uint32_t>(65536);
+    std::unique_ptr<std::uint32_t[], Free> pairs_;
     // By position: how far before it the same two bytes were entered, 0 when not in the window.
     std::unique_ptr<std::uint16_t[]> gaps_;
     Table<rootKeyBits> roots_; // where the texts begin
