@@ -33,7 +33,8 @@ bool dragMouse(WindowHandle window, int fromX, int fromY, int toX, int toY);
 
 // Writes a PNG of the window as it looks now (without a frame). UTF-8 path.
 bool screenshot(WindowHandle window, const std::string& path, double scale = 1.0);
-// Controls whose text does not fit their rectangle, as "id: text" (UTF-8); empty when all is well.
+// Controls whose text does not fit their rectangle, as "id: text" (UTF-8); empty when all is well. A label
+// that cuts its text with dots is among them while it does.
 std::vector<std::string> clippedControls(WindowHandle window);
 
 struct OpenDialog {
@@ -54,9 +55,10 @@ void settle();
 // be a manual one: this waits for the world outside, such as a peer on a socket.
 bool settleUntil(const std::function<bool()>& condition, int limitMs = 5000);
 
-// While a Script lives, modal dialogs do not loop: each is answered by the next expectation, in order, which
-// runs after WM_INITDIALOG. A dialog that no expectation waits for, one of another name, and a script that
-// returns without having ended its dialog are faults; the dialog is cancelled and the program goes on.
+// While a Script lives, modal dialogs do not loop and nothing is handed to the desktop: each is answered by
+// the next expectation, in order, which runs after WM_INITDIALOG. A dialog that no expectation waits for, one
+// of another name, and a script that returns without having ended its dialog are faults; the dialog is
+// cancelled and the program goes on.
 class Script {
 public:
     Script();
@@ -68,6 +70,8 @@ public:
     Script& expectMessageBox(Answer answer, std::function<void(const std::string& text)> look = {});
     Script& expectFileDialog(std::string path);        // empty: cancel
     Script& expectMenu(std::string name, int command); // 0: closed without a choice
+    // The desktop is asked to open the target, and answers. What is not expected it cannot open.
+    Script& expectOpen(std::string target, bool answer = true);
 
     // Faults so far, and unused expectations. A test ends with EXPECT_EQ(script.faults(), none).
     std::vector<std::string> faults() const;

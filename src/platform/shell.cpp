@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QUrl>
 
+#include "platform/detail/answers.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -19,14 +20,19 @@ QUrl targetUrl(const std::string& target) {
     return QUrl::fromLocalFile(QString::fromStdString(nativePath(target).string()));
 }
 
-} // namespace
-
-bool shellOpen(const std::string& target) {
+bool open(const std::string& target) {
+    if (detail::Answers* scripted = detail::answers()) return scripted->open(target);
     return QDesktopServices::openUrl(targetUrl(target));
 }
 
+} // namespace
+
+bool shellOpen(const std::string& target) {
+    return open(target);
+}
+
 bool shellExplore(const std::string& folder) {
-    return QDesktopServices::openUrl(targetUrl(folder));
+    return open(folder);
 }
 
 bool shellRun(const std::string& program, const std::string& file) {

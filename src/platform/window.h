@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/messages.h"
@@ -22,8 +23,7 @@ bool registerWindowClass(const WindowClass& windowClass);
 struct CreateParams {
     std::string className;
     std::string title;
-    unsigned style =
-        0; // kept and readable; bit 0x10000000 shows the window at once, 0x40000000 makes a child
+    unsigned style = 0; // kept and readable; see WS_VISIBLE and WS_CHILD
     unsigned exStyle = 0;
     std::optional<Rect> rect; // default place and size when empty
     WindowHandle parent;
@@ -31,6 +31,7 @@ struct CreateParams {
     void* param = nullptr; // handed to WM_CREATE
 };
 
+// Make a child; show the window at once.
 enum : unsigned { WS_CHILD = 0x40000000, WS_VISIBLE = 0x10000000 };
 
 // Sends WM_CREATE before it returns; an answer of -1 there destroys the window again (and gives none).
@@ -55,6 +56,9 @@ std::vector<WindowHandle> getChildren(WindowHandle window);
 WindowHandle getItem(WindowHandle window, int id);
 // The number of a control, 0 for others.
 int getId(WindowHandle control);
+
+// Of a window or dialog: resources/icons/<icon>.png.
+void setWindowIcon(WindowHandle window, std::string_view icon);
 
 void showWindow(WindowHandle window, bool visible);
 void moveWindow(WindowHandle window, Rect rect);

@@ -8,6 +8,7 @@
 #include "platform/controls.h"
 #include "platform/driver.h"
 #include "platform/menu.h"
+#include "platform/shell.h"
 #include "platform/text.h"
 #include "support/temporary_folder.h"
 #include "test_window.h"
@@ -194,4 +195,16 @@ TEST(Menu, PopsUpInTheLoopUntilSomethingIsChosenOrItIsClosed) {
     soon(main, [] { EXPECT_TRUE(driver::pressKey({}, "Escape")); });
     popupMenu(main, "IDM_TEST_BAR");
     EXPECT_EQ(main.sent(WM_COMMAND).size(), 1u);
+}
+
+TEST(Desktop, OpensWhatAScriptWaitsForAndNothingElse) {
+    driver::Script script;
+    script.expectOpen("https://example.invalid/").expectOpen("/tmp/a.log", false);
+    EXPECT_TRUE(shellOpen("https://example.invalid/"));
+    EXPECT_FALSE(shellExplore("/tmp/a.log"));
+    EXPECT_FALSE(shellOpen("/tmp/b.log"));
+    EXPECT_THAT(script.faults(), IsEmpty());
+    script.expectOpen("/tmp/a.log");
+    EXPECT_FALSE(shellOpen("/tmp/b.log"));
+    EXPECT_THAT(script.faults(), ElementsAre(HasSubstr("/tmp/b.log came"), HasSubstr("/tmp/a.log did not")));
 }

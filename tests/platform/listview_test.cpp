@@ -6,9 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <fstream>
+#include <map>
 
 #include "platform/controls.h"
 #include "platform/driver.h"
+#include "support/temporary_folder.h"
 #include "test_window.h"
 
 using namespace platform;
@@ -118,6 +121,40 @@ TEST_F(ListView, ColoursAreAskedForByRow) {
     EXPECT_EQ(listRowColors(list, 2).background, (Color{250, 115, 115}));
     EXPECT_EQ(listRowColors(list, 1), RowColors{});
     EXPECT_EQ(listRowColors(list, 9), RowColors{});
+}
+
+TEST_F(ListView, ColoursAreAskedForOnceARowInEachPainting) {
+    std::map<int, int> asked;
+    listSetRowColors(list, [&](int row) {
+        ++asked[row];
+        return RowColors{};
+    });
+    const test_support::TemporaryFolder folder;
+    driver::settle();
+    for (int painting = 0; painting < 2; ++painting) { // of the same rows, but perhaps of other colours
+        asked.clear();
+        ASSERT_TRUE(driver::screenshot(main, folder.path().string() + "/list.png"));
+        EXPECT_THAT(asked, ElementsAre(std::pair(0, 1), std::pair(1, 1), std::pair(2, 1), std::pair(3, 1)));
+    }
+}
+
+TEST_F(ListView, TheFocusDoesNotColourARowThatNobodyPicked) {
+    listSetRowColors(list, [](int) { return RowColors{std::nullopt, Color{240, 240, 70}}; });
+    const test_support::TemporaryFolder folder;
+    const auto picture = [&](const char* name) {
+        driver::settle();
+        const std::string file = folder.path().string() + "/" + name;
+        EXPECT_TRUE(driver::screenshot(main, file));
+        std::ifstream in(file, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    };
+    setFocus(WindowHandle(main));
+    const std::string before = picture("before.png");
+    setFocus(list);
+    ASSERT_TRUE(hasFocus(list));
+    EXPECT_TRUE(picture("focused.png") == before);
+    listSelectRow(list, 1);
+    EXPECT_FALSE(picture("picked.png") == before);
 }
 
 TEST_F(ListView, SelectsOneRowOrSeveralAsAskedAndTellsOnlyTheUsersChoice) {

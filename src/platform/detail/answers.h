@@ -1,5 +1,6 @@
 #pragma once
-// Who answers what opens modally: with nobody set the user does, in a loop; a script answers at once.
+// Who answers what opens modally, and stands for the desktop: with nobody set the user does, in a loop; a
+// script answers at once.
 
 #include <optional>
 #include <string>
@@ -16,6 +17,7 @@ public:
     virtual Answer messageBox(const std::string& text, Buttons buttons) = 0;
     virtual std::optional<std::string> fileDialog(const std::string& kind) = 0;
     virtual int menu(const std::string& name) = 0; // the command, 0 for none
+    virtual bool open(const std::string& target) = 0;
 };
 
 Answers* answers();

@@ -1,5 +1,6 @@
 #pragma once
-// How a cell of a list view looks: grid lines, and the whole text of a cut cell in a tool tip.
+// How a cell of a list view looks: grid lines, no frame around the row in focus, and the whole text of a cut
+// cell in a tool tip.
 
 #include <QStyledItemDelegate>
 
@@ -14,6 +15,9 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
 } // namespace platform::detail

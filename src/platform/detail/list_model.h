@@ -4,6 +4,8 @@
 #include <QAbstractTableModel>
 #include <QTreeView>
 #include <functional>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/listview.h"
@@ -40,6 +42,9 @@ public:
     void reorder(const std::vector<int>& order);
 
     std::function<RowColors(int row)> colors;
+    // The row's colours, asked for once for all its cells.
+    const RowColors& colorsOf(int row) const;
+    void forgetColors() { asked_.reset(); } // before each painting
     int clickedColumn = -1;
     bool programAtWork = false; // a selection that changes now is not the user's
 
@@ -53,6 +58,7 @@ private:
     QTreeView* view_;
     std::vector<Column> columns_;
     std::vector<Row> rows_;
+    mutable std::optional<std::pair<int, RowColors>> asked_;
 };
 
 // Makes the list send WM_NOTIFY for what its user does.

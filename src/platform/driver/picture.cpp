@@ -29,9 +29,10 @@ Room roomOf(const QWidget* widget) {
     const QFontMetrics metrics = widget->fontMetrics();
     const auto line = [&](const QString& text) { return metrics.size(Qt::TextShowMnemonic, text); };
     if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-        const auto* own = dynamic_cast<const Label*>(label);
-        if (own && own->isEliding()) return {label->text(), QSize(0, metrics.ascent()), label->size()};
         const QSize has = label->contentsRect().size();
+        const auto* own = dynamic_cast<const Label*>(label);
+        if (own && own->isEliding())
+            return {label->text(), QSize(metrics.horizontalAdvance(label->text()), metrics.ascent()), has};
         if (!label->wordWrap())
             return {label->text(), label->buddy() ? line(label->text()) : metrics.size(0, label->text()),
                     has};

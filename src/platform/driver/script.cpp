@@ -15,13 +15,14 @@ namespace platform::driver {
 namespace {
 
 struct Expectation {
-    enum class Kind { Dialog, MessageBox, FileDialog, Menu } kind;
-    std::string name; // of a dialog or menu
+    enum class Kind { Dialog, MessageBox, FileDialog, Menu, Open } kind;
+    std::string name; // of a dialog or menu; the target to open
     std::function<void(WindowHandle)> act = {};
     std::function<void(const std::string&)> look = {};
     Answer answer = Answer::Cancel;
     std::string path = {};
     int command = 0;
+    bool opens = false;
 };
 
 std::string describe(const Expectation& expectation) {
@@ -32,6 +33,8 @@ std::string describe(const Expectation& expectation) {
         return "file dialog";
     case Expectation::Kind::Menu:
         return "menu " + expectation.name;
+    case Expectation::Kind::Open:
+        return "opening of " + sjisToUtf8(expectation.name);
     case Expectation::Kind::Dialog:
         break;
     }
@@ -73,6 +76,12 @@ public:
     int menu(const std::string& name) override {
         const auto next = take(Expectation::Kind::Menu, name, "menu " + name);
         return next ? next->command : 0;
+    }
+
+    bool open(const std::string& target) override {
+        if (expected.empty() || expected.front().kind != Expectation::Kind::Open) return false;
+        const auto next = take(Expectation::Kind::Open, target, "opening of " + sjisToUtf8(target));
+        return next && next->opens;
     }
 
 private:
@@ -132,6 +141,12 @@ Script& Script::expectFileDialog(std::string path) {
 Script& Script::expectMenu(std::string name, int command) {
     state_->answers.expected.push_back(
         {.kind = Expectation::Kind::Menu, .name = std::move(name), .command = command});
+    return *this;
+}
+
+Script& Script::expectOpen(std::string target, bool answer) {
+    state_->answers.expected.push_back(
+        {.kind = Expectation::Kind::Open, .name = std::move(target), .opens = answer});
     return *this;
 }
 

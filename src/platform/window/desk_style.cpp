@@ -7,6 +7,8 @@ namespace platform::detail {
 
 namespace {
 
+constexpr int captionMargin = 12;
+
 // On a field of 32 by 32.
 struct Sign {
     QStyle::StandardPixmap icon;
@@ -69,6 +71,14 @@ QIcon DeskStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, c
     for (const Sign& sign : signs)
         if (sign.icon == icon) return QIcon(new SignEngine(sign));
     return QProxyStyle::standardIcon(icon, option, widget);
+}
+
+QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                  const QWidget* widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    // A caption keeps clear of its button's edges.
+    if (type == CT_PushButton) size.setWidth(std::max(size.width(), contents.width() + 2 * captionMargin));
+    return size;
 }
 
 int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

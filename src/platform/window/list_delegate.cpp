@@ -17,6 +17,12 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->restore();
 }
 
+void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    // The frame would tint a row that nobody picked, over the colour that it was given.
+    option->state &= ~QStyle::State_HasFocus;
+}
+
 QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const QSize hint = QStyledItemDelegate::sizeHint(option, index);
     return {hint.width(), std::max(hint.height(), option.fontMetrics.height() + 8)};

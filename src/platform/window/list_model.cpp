@@ -1,5 +1,6 @@
 #include "platform/detail/list_model.h"
 
+#include <QEvent>
 #include <QHeaderView>
 
 #include "platform/detail/list_delegate.h"
@@ -17,16 +18,33 @@ QVariant brush(const std::optional<Color>& color) {
     return color ? QVariant(QBrush(QColor(color->red, color->green, color->blue))) : QVariant();
 }
 
+class PaintWatch : public QObject {
+public:
+    PaintWatch(QWidget* viewport, ListModel* model) : QObject(model), model_(model) {
+        viewport->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) model_->forgetColors();
+        return false;
+    }
+
+private:
+    ListModel* model_;
+};
+
 } // namespace
 
 void ListModel::attachTo(QTreeView* view) {
-    view->setModel(new ListModel(view));
+    auto* model = new ListModel(view);
+    new PaintWatch(view->viewport(), model);
+    view->setModel(model);
     view->setItemDelegate(new ListDelegate(view));
     view->setRootIsDecorated(false);
     view->setItemsExpandable(false);
     view->setIndentation(0);
     view->setUniformRowHeights(true);
-    view->setAllColumnsShowFocus(true);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -55,12 +73,17 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         return static_cast<int>(alignmentOf(columns_[static_cast<std::size_t>(index.column())].align));
     case Qt::ForegroundRole:
-        return colors ? brush(colors(index.row()).text) : QVariant();
+        return brush(colorsOf(index.row()).text);
     case Qt::BackgroundRole:
-        return colors ? brush(colors(index.row()).background) : QVariant();
+        return brush(colorsOf(index.row()).background);
     default:
         return {};
     }
+}
+
+const RowColors& ListModel::colorsOf(int row) const {
+    if (!asked_ || asked_->first != row) asked_ = {row, colors ? colors(row) : RowColors{}};
+    return asked_->second;
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -14,6 +14,9 @@ namespace {
 
 constexpr int fontPixels = 14;
 
+// A value that cannot be changed now is still read: of a rule, of a quest.
+constexpr QRgb disabledInk = 0x59626D;
+
 struct Tone {
     QPalette::ColorRole role;
     QRgb normal, disabled;
@@ -26,7 +29,7 @@ constexpr Tone tones[] = {
     {QPalette::WindowText, 0x15191E, 0x8D959F},
     {QPalette::Base, 0xF8FAFC, 0xE4E8ED},
     {QPalette::AlternateBase, 0xEEF1F5, 0xE4E8ED},
-    {QPalette::Text, 0x15191E, 0x8D959F},
+    {QPalette::Text, 0x15191E, disabledInk},
     {QPalette::Button, 0xF1F4F7, 0xDDE1E6},
     {QPalette::ButtonText, 0x10223A, 0x9AA1AA},
     {QPalette::BrightText, 0xFFFFFF, 0xFFFFFF},
@@ -64,7 +67,10 @@ QString chooseFamily() {
 
 void applyStyle(QApplication& application) {
     QApplication::setStyle(new DeskStyle);
-    QApplication::setPalette(makePalette());
+    QPalette palette = makePalette();
+    QApplication::setPalette(palette);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(disabledInk));
+    QApplication::setPalette(palette, "QComboBox");
 
     const QString family = chooseFamily();
     for (const QString& name : {QStringLiteral(u"ＭＳ Ｐゴシック"), QStringLiteral("MS PGothic")})

@@ -73,8 +73,7 @@ WindowHandle createWindow(const CreateParams& params) {
         if (!windowClass.menu.empty() && (record.menuBar = loadMenuBar(record.handle, windowClass.menu)))
             frame->setMenuBar(record.menuBar);
         frame->layOut();
-        if (!windowClass.icon.empty())
-            frame->setWindowIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(toQt(windowClass.icon))));
+        if (!windowClass.icon.empty()) setWindowIcon(record.handle, windowClass.icon);
     }
     record.reportedSize = record.client->size();
 
@@ -130,6 +129,12 @@ std::string getClassName(WindowHandle window) {
 WindowHandle getParent(WindowHandle window) {
     const Record* record = findRecord(window);
     return record ? record->parent : WindowHandle{};
+}
+
+void setWindowIcon(WindowHandle window, std::string_view icon) {
+    const Record* record = findRecord(window);
+    if (record && record->widget)
+        record->widget->setWindowIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(toQt(icon))));
 }
 
 std::vector<WindowHandle> getChildren(WindowHandle window) {
