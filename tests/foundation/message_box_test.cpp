@@ -23,6 +23,8 @@ enum : int {
     idAnswer1 = 111,
 };
 
+constexpr char name[] = "IDD_KDL0001_MESSAGE_BOX";
+
 class MessageBox : public testing::Test {
 protected:
     MessageBox() {
@@ -43,7 +45,7 @@ protected:
     static int run(zelkova::MessageButtons buttons, const std::function<void(WindowHandle)>& act,
                    int code = 3000010, int defaultButton = 0) {
         driver::Script script;
-        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", act);
+        script.expectDialog(name, act);
         zelkova::DataPairsList pairs;
         pairs.add("session", "デモ");
         const int result = zelkova::showMessage_pairs({}, code, buttons, defaultButton, pairs);
@@ -124,6 +126,56 @@ TEST_F(MessageBox, ANumberWithoutATextStillCloses) {
                   },
                   42),
               1);
+}
+
+TEST_F(MessageBox, HelpOpensTheAddressThatStandsNow) {
+    struct Row {
+        const char *url, *opened;
+    };
+    const Row rows[] = {
+        {"https://help.invalid/?code=%__SERCH_MESSAGE_CODE__%&x=1", "https://help.invalid/?code=3000010&x=1"},
+        {"https://help.invalid/", "https://help.invalid/"},
+    };
+    std::string url;
+    zelkova::setHelpUrl([&] { return url; });
+    for (const Row& row : rows) {
+        url = row.url;
+        driver::Script script;
+        script.expectDialog(name, [](WindowHandle box) {
+            ASSERT_TRUE(driver::click({box, idHelp}));
+            driver::click({box, idAnswer1});
+        });
+        script.expectOpen(row.opened);
+        zelkova::showMessage({}, 3000010);
+        EXPECT_THAT(script.faults(), IsEmpty());
+    }
+    zelkova::setHelpUrl({});
+}
+
+TEST_F(MessageBox, HelpThatCannotBeOpenedIsTold) {
+    for (const char* url : {"", "https://help.invalid/"}) {
+        zelkova::setHelpUrl([url] { return url; });
+        driver::Script script;
+        script.expectDialog(name, [](WindowHandle box) {
+            ASSERT_TRUE(driver::click({box, idHelp}));
+            driver::click({box, idAnswer1});
+        });
+        script.expectOpen(url, false);
+        script.expectDialog(name, [](WindowHandle box) {
+            EXPECT_EQ(platform::getText({box, idCode}), "C3000021");
+            driver::click({box, idAnswer1});
+        });
+        zelkova::showMessage({}, 3000010);
+        EXPECT_THAT(script.faults(), IsEmpty());
+    }
+    zelkova::setHelpUrl({});
+}
+
+TEST_F(MessageBox, ItsClassIsRegisteredAtTheFirstUse) {
+    run(zelkova::MessageButtons::Ok, [](WindowHandle box) { driver::click({box, idAnswer1}); });
+    platform::WindowClass taken;
+    taken.name = "ZelkovaMessageBoxExtendExtended";
+    EXPECT_FALSE(platform::registerWindowClass(taken));
 }
 
 TEST_F(MessageBox, ThePlainBoxFillsItsTextToo) {

@@ -7,8 +7,8 @@
 #include "data/app_logger.h"
 #include "foundation/component.h"
 #include "foundation/text.h"
+#include "foundation/views/open_with_desktop.h"
 #include "platform/controls.h"
-#include "platform/shell.h"
 
 namespace zelkova {
 
@@ -19,7 +19,8 @@ using platform::Answer;
 constexpr char codePlaceholder[] = "%__SERCH_MESSAGE_CODE__%";
 
 struct StartTexts {
-    std::string catalogPath, titleHead, productName, helpUrl;
+    std::string catalogPath, titleHead, productName;
+    std::function<std::string()> helpUrl;
 };
 
 StartTexts& startTexts() {
@@ -70,6 +71,17 @@ platform::SystemIcon iconOf(int level) {
     return level == warn ? platform::SystemIcon::Warning : platform::SystemIcon::Error;
 }
 
+// The class of all boxes, registered at the first use.
+const std::string& registeredClass() {
+    static const std::string name = [] {
+        platform::WindowClass windowClass;
+        windowClass.name = "ZelkovaMessageBoxExtendExtended";
+        Component::registerClass(windowClass);
+        return windowClass.name;
+    }();
+    return name;
+}
+
 DataLogMessage expanded(int code, const DataPairsList& pairs) {
     DataLogMessage message = AppLogger::getMessage(code);
     message.setContents(formatWithPairs(message.getContents(), pairs, "%", false));
@@ -83,7 +95,9 @@ public:
     InternalMessageBoxExtend(int code, DataLogMessage message, std::span<const Button> buttons,
                              int defaultButton)
         : code_(code), message_(std::move(message)), buttons_(buttons),
-          defaultButton_(std::clamp(defaultButton, 0, static_cast<int>(buttons.size()) - 1)) {}
+          defaultButton_(std::clamp(defaultButton, 0, static_cast<int>(buttons.size()) - 1)) {
+        className = registeredClass();
+    }
 
     int run(platform::WindowHandle owner) {
         return platform::runDialog(owner, "IDD_KDL0001_MESSAGE_BOX",
@@ -137,8 +151,8 @@ private:
     }
 
     void openHelp() const {
-        const std::string& url = startTexts().helpUrl;
-        if (!url.empty()) platform::shellOpen(replaceAll(url, codePlaceholder, numberToText(code_)));
+        const std::function<std::string()>& url = startTexts().helpUrl;
+        openWithDesktop(hwnd, url ? replaceAll(url(), codePlaceholder, numberToText(code_)) : std::string());
     }
 
     void showDetail(bool shown) {
@@ -175,8 +189,8 @@ void setTitleParts(const std::string& first, const std::string& productName) {
     startTexts().productName = productName;
 }
 
-void setHelpUrl(const std::string& url) {
-    startTexts().helpUrl = url;
+void setHelpUrl(std::function<std::string()> url) {
+    startTexts().helpUrl = std::move(url);
 }
 
 int showMessage(platform::WindowHandle owner, int code, MessageButtons buttons, int defaultButton) {

@@ -3,6 +3,7 @@
 // The words are those of the message catalogue that the logger was given; a code without an entry opens a box
 // without text.
 
+#include <functional>
 #include <source_location>
 #include <string>
 
@@ -14,11 +15,12 @@ namespace zelkova {
 using MessageButtons = platform::Buttons;
 
 // What start-up hands over, once: where the catalogue lies (shown with the code), the two parts of the boxes'
-// title, of which the second is also the name that stands in the titles of all dialogs, and the address
-// behind the help button, in which "%__SERCH_MESSAGE_CODE__%" stands for the code.
+// title, of which the second is also the name that stands in the titles of all dialogs, and where to ask for
+// the address behind the help button, in which "%__SERCH_MESSAGE_CODE__%" stands for the code. It is asked at
+// each click, so that a change of the settings counts.
 void setCatalogPath(const std::string& path);
 void setTitleParts(const std::string& first, const std::string& productName);
-void setHelpUrl(const std::string& url);
+void setHelpUrl(std::function<std::string()> url);
 
 // Shows the message with its text as it stands. `defaultButton` counts from 0 inside the set. The result is
 // the number of the button pressed (platform::Answer). Esc and the close box answer as the system's box does:

@@ -106,7 +106,7 @@ void Start::handTitlesToBoxes() {
     const DataApplication& settings = host().dataApplication;
     zelkova::setCatalogPath(path("../cnf/LogMessage.xml"));
     zelkova::setTitleParts(settings.getDetail() + "-", settings.getNameJpn());
-    zelkova::setHelpUrl(settings.getHelpUrl());
+    zelkova::setHelpUrl([] { return host().dataApplication.getHelpUrl(); });
 }
 
 void Start::openCatalogue() {
