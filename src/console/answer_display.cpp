@@ -2,16 +2,17 @@
 
 #include <array>
 
-#include "console/song_text.h"
+#include "console/answer_lines.h"
+#include "console/user_text.h"
 #include "console/volume_bar.h"
 #include "data/labels.h"
 #include "foundation/media.h"
-#include "foundation/text.h"
 #include "foundation/views/message_box.h"
+#include "host/state/current_quest.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
-#include "host/state/scoring.h"
+#include "host/state/rule_text.h"
 #include "platform/dialog.h"
 #include "platform/window.h"
 
@@ -22,7 +23,9 @@ enum : int { resultNoSteal = 1, resultNoVictim = -1, resultCancelled = -2 };
 enum : int {
     idWinner = 1303,
     idAnswer1 = 1305, // to 1309
+    idVictimGroup = 1310,
     idVictim = 1311,
+    idEffectGroup = 1312,
     idPlay = 1313,
     idStop = 1314,
     idOk = 1315,
@@ -35,7 +38,7 @@ enum : int {
 
 constexpr unsigned tickMs = 500;
 constexpr int ticksPerSong = 16; // of a quest of several songs
-constexpr int noSteal = -1, nobody = -1;
+constexpr int nobody = -1;
 constexpr int normalSpeed = 1000;
 
 // Lives for one opening.
@@ -59,9 +62,11 @@ private:
         case platform::WM_COMMAND:
             return onCommand(static_cast<int>(platform::lowWord(message.wParam)));
         case platform::WM_HSCROLL:
+            if (message.lParam != idVolume) return false;
             setVolume(volumeBar().follow());
             return true;
         case platform::WM_TIMER:
+            if (message.wParam != idTimer) return false;
             onTick();
             return true;
         case platform::WM_DESTROY:
@@ -88,10 +93,15 @@ private:
         platform::setSelection({dialog, idRange}, 0);
         platform::enable({dialog, idRange}, false);
         platform::enable({dialog, idStop}, false);
-        if (winner_ == nobody || stage_.getSteal() == noSteal)
-            platform::enable({dialog, idVictim}, false);
+        if (winner_ == nobody || stage_.getSteal() == stealNone)
+            withoutSteal();
         else
             offerVictims();
+    }
+
+    void withoutSteal() {
+        for (const int group : {idVictimGroup, idEffectGroup}) // with all that stands in them
+            platform::enable({dialog_, group}, false);
     }
 
     void offerVictims() {
@@ -129,7 +139,7 @@ private:
             stopAnswers();
             return true;
         case idOk:
-            platform::endDialog(dialog_, stage_.getSteal() == noSteal ? +resultNoSteal : selectedVictim());
+            platform::endDialog(dialog_, stage_.getSteal() == stealNone ? +resultNoSteal : selectedVictim());
             return true;
         case platform::IDCANCEL:
             platform::endDialog(dialog_, resultCancelled);
@@ -143,9 +153,8 @@ private:
         if (platform::getSelection({dialog_, idVictim}) < 0) return;
         platform::enable({dialog_, idOk}, true);
         if (selectedVictim() == nobody) return;
-        platform::setText({dialog_, idEffect}, "[" + userName(selectedVictim()) + "]から[" +
-                                                   userName(winner_) + "]へ[" +
-                                                   zelkova::numberToText(points_) + "]点 移動する");
+        platform::setText({dialog_, idEffect},
+                          stealEffect(userName(selectedVictim()), userName(winner_), points_));
     }
 
     // A song without a record has no answer to hear.

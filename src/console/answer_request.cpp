@@ -1,14 +1,17 @@
 #include "console/answer_request.h"
 
-#include "console/song_text.h"
+#include "console/answer_lines.h"
+#include "console/user_text.h"
 #include "console/volume_bar.h"
 #include "foundation/media.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
+#include "host/state/current_quest.h"
+#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
-#include "host/state/scoring.h"
+#include "host/state/rule_text.h"
 #include "platform/dialog.h"
 #include "platform/window.h"
 
@@ -67,6 +70,7 @@ private:
         case platform::WM_COMMAND:
             return onCommand(static_cast<int>(platform::lowWord(message.wParam)));
         case platform::WM_HSCROLL: {
+            if (message.lParam != idVolume) return false;
             const int level = volumeBar().follow();
             hurry_.setVolume(level * 10);
             applyMasterVolume(level);
@@ -74,8 +78,7 @@ private:
         }
         case platform::WM_DESTROY:
             host().dataApplication.setCheerFlg(platform::isChecked({dialog_, idCheer}));
-            hurry_.stop();
-            hurry_.close();
+            unloadSound(hurry_);
             return true;
         default:
             return false;
@@ -86,9 +89,10 @@ private:
         dialog_ = dialog;
         const HostState& state = host();
         zelkova::setDialogTitle(dialog, "解答要求");
+        platform::setWindowIcon(dialog, "ICO_INTRO_SERVER");
         platform::centerOnScreen(dialog);
         hurry_.create(dialog);
-        hurry_.open(state.dataApplication.getEfcWrnAnswer());
+        loadSound(hurry_, state.dataApplication.getEfcWrnAnswer());
         volumeBar().setUp(state.masterVolume);
         hurry_.setVolume(state.masterVolume * 10);
         zelkova::setMasterVolume(state.masterVolume);
@@ -114,9 +118,7 @@ private:
             showEffect(wrongAnswerEffect(stage_, userName(userId_)));
             return true;
         case idHurry:
-            hurry_.stop();
-            hurry_.seek(0);
-            hurry_.play();
+            playFromStart(hurry_);
             return true;
         case idOk:
             end(verdict());
@@ -159,17 +161,4 @@ private:
 
 Verdict dlgAnswerRequest(platform::WindowHandle owner, int requestUserId) {
     return AnswerRequest(requestUserId).run(owner);
-}
-
-std::string rightAnswerEffect(const DataSession& stage, const std::string& name, int points) {
-    const std::string text = "[" + name + "]へ[" + zelkova::numberToText(points) + "]点 加算する";
-    return stage.getSteal() == 0 ? text + "(横取り)" : text;
-}
-
-std::string wrongAnswerEffect(const DataSession& stage, const std::string& name) {
-    const bool falseStart = stage.getHandsType() != -1;
-    if (stage.getDeduction() != 1)
-        return "[" + name + "]を[" + zelkova::numberToText(stage.getDeduction()) + "]点 減点する" +
-               (falseStart ? " (お手つき追加)" : "");
-    return falseStart ? "[" + name + "]へお手付きを追加する" : "なし";
 }

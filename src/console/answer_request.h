@@ -2,9 +2,6 @@
 // The dialog in which the host judges a spoken answer. It changes no score: its result is the verdict, and
 // what that does to the scores is the caller's.
 
-#include <string>
-
-#include "data/data_session.h"
 #include "platform/types.h"
 
 enum class Verdict : int {
@@ -18,7 +15,3 @@ enum class Verdict : int {
 
 // `requestUserId` is the index of the user who buzzed in.
 Verdict dlgAnswerRequest(platform::WindowHandle owner, int requestUserId);
-
-// What the verdict will do, in the words of the dialog's effect line.
-std::string rightAnswerEffect(const DataSession& stage, const std::string& name, int points);
-std::string wrongAnswerEffect(const DataSession& stage, const std::string& name);

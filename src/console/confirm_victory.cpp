@@ -1,7 +1,7 @@
 #include "console/confirm_victory.h"
 
-#include "foundation/media.h"
 #include "foundation/views/message_box.h"
+#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "platform/dialog.h"
 #include "platform/window.h"
@@ -9,23 +9,6 @@
 namespace {
 
 enum : int { idOk = 6102, idDrumRoll = 6103, idDrumRollStop = 6104, idAward = 6105, idAwardStop = 6106 };
-
-void playFromStart(zelkova::Media& media) {
-    media.stop();
-    media.seek(0);
-    media.play();
-}
-
-void prepare(zelkova::Media& media, const std::string& path) {
-    media.stop();
-    media.close();
-    media.open(path);
-}
-
-void release(zelkova::Media& media) {
-    media.stop();
-    media.close();
-}
 
 bool onCommand(platform::WindowHandle dialog, int id) {
     switch (id) {
@@ -58,14 +41,14 @@ bool handle(platform::WindowHandle dialog, const platform::Message& message) {
     case platform::WM_INITDIALOG:
         zelkova::setDialogTitle(dialog, "結果発表");
         platform::centerOnScreen(dialog);
-        prepare(state.effectMedia, state.dataApplication.getEfcAward());
-        prepare(state.bgmMedia, state.dataApplication.getEfcDrumRoll());
+        loadSound(state.effectMedia, state.dataApplication.getEfcAward());
+        loadSound(state.bgmMedia, state.dataApplication.getEfcDrumRoll());
         return true;
     case platform::WM_COMMAND:
         return onCommand(dialog, static_cast<int>(platform::lowWord(message.wParam)));
     case platform::WM_DESTROY:
-        release(state.effectMedia);
-        release(state.bgmMedia);
+        unloadSound(state.effectMedia);
+        unloadSound(state.bgmMedia);
         return true;
     default:
         return false;

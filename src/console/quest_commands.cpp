@@ -5,19 +5,16 @@
 #include "console/revision.h"
 #include "data/labels.h"
 #include "host/state/console_ids.h"
+#include "host/state/current_quest.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
-#include "host/state/quest.h"
 #include "host/state/requests.h"
-#include "host/state/scoring.h"
 #include "platform/controls.h"
 #include "platform/messages.h"
 #include "platform/sound.h"
 
 namespace {
-
-enum : int { intervalWholeRange = 6, intervalNoLimit = 7 };
 
 platform::Control control(int id) {
     return {host().consolePane, id};
@@ -26,15 +23,15 @@ platform::Control control(int id) {
 // The last 20 seconds played whole would leave no time to guess, so the choice of one drops the other.
 bool endPlayedWhole() {
     return platform::getSelection(control(ids::range)) == rangeEnd &&
-           platform::getSelection(control(ids::interval)) == intervalWholeRange;
+           platform::getSelection(control(ids::interval)) == playTimeWholeRange;
 }
 
 void liftTimeLimit() {
-    platform::setSelection(control(ids::interval), intervalNoLimit);
-    host().dataSession.setInterval(intervalNoLimit);
+    platform::setSelection(control(ids::interval), playTimeEndless);
+    host().dataSession.setInterval(playTimeEndless);
 }
 
-void raise(int event) {
+void raiseEvent(int event) {
     if (!guard(event)) return;
     host().kdlState->changeState(event);
     notifyStatus();
@@ -87,11 +84,11 @@ void replayQuest() {
 }
 
 void stopQuest() {
-    raise(EV_STOP);
+    raiseEvent(EV_STOP);
 }
 
 void pauseQuest() {
-    raise(EV_PAUSE);
+    raiseEvent(EV_PAUSE);
 }
 
 void giveUpQuest() {

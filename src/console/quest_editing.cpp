@@ -1,8 +1,8 @@
 #include "console/quest_editing.h"
 
 #include "console/console_pane.h"
-#include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
+#include "host/state/not_yet.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
@@ -11,14 +11,14 @@ namespace {
 
 // Stands for an editor that is still to come.
 void announce() {
-    if (mayEditQuest()) zelkova::plainNotice(host().mainWindow, "この機能は準備中です。");
+    if (mayEditQuest()) notYet();
 }
 
 // The current quest as its stage now says. A quest that is being played or judged plays on as it began, and
 // the change counts from the next one.
 void refreshQuest() {
     HostState& state = host();
-    if (!state.kdlState || !mayEditQuest()) return;
+    if (!mayEditQuest()) return;
     showQuest(state.sessionList, state.curQuestNumber);
     questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList);
     initResource();

@@ -2,14 +2,14 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "console/answer_lines.h"
 #include "console/console_pane.h"
-#include "console/song_text.h"
 #include "data/labels.h"
 #include "foundation/text.h"
 #include "host/state/console_ids.h"
 #include "host/state/host_state.h"
 #include "host/state/quest.h"
-#include "host/state/scoring.h"
+#include "host/state/rule_text.h"
 #include "platform/controls.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
 #include "host/state/quest.h"
-#include "host/state/scoring.h"
+#include "host/state/rule_text.h"
 #include "platform/dialog.h"
 #include "platform/window.h"
 
@@ -28,8 +28,6 @@ enum : int {
 
 // Inside a group.
 enum : int { offsetName = 1, offsetState = 2, offsetScore = 3, offsetHands = 5, offsetRest = 7 };
-
-enum : int { typeShowScores = 0, typeHideScores = 1 };
 
 struct NumberField {
     int offset;

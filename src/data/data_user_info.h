@@ -3,6 +3,10 @@
 
 #include "data/record.h"
 
+// What a user's record tells the terminal to do.
+enum UserType : int { typeShowScores = 0, typeHideScores = 1, typeEndResult = 5 };
+enum UserAction : int { actionWinner = 9 };
+
 class DataUserInfo {
 public:
     virtual ~DataUserInfo() = default;
@@ -13,7 +17,7 @@ public:
 
     KDL_FIELD(std::int32_t, UserId, 0); // 0 to 3
     KDL_FIELD(std::string, Name);
-    KDL_FIELD(std::int32_t, Type, 0); // for the terminal: 0 show scores, 1 hide them, 5 end result
+    KDL_FIELD(std::int32_t, Type, 0); // UserType
     KDL_FIELD(std::int32_t, Score, 0);
     KDL_FIELD(std::int32_t, AnswerRight, 0); // userStatusLabels
     KDL_FIELD(std::int32_t, ActionId, 0);    // what the terminal is to show; 9: winner

@@ -35,7 +35,9 @@ enum FileType : int {
     fileTypeMid,
     fileTypeNone
 };
-enum HandsType : int { handsInStage, handsInQuest, handsRest };
+enum PlayTime : int { playTimeWholeRange = 6, playTimeEndless = 7 }; // the others end by the clock
+enum HandsType : int { handsNone = -1, handsInStage, handsInQuest, handsRest };
+enum Steal : int { stealNone = -1, stealByName };
 enum UserStatus : int { userUnset, userTakesPart, userFalseStart, userOut };
 
 extern const Labels playRangeLabels;

@@ -5,7 +5,7 @@
 #include "data/labels.h"
 #include "foundation/text.h"
 #include "host/state/host_state.h"
-#include "host/state/scoring.h"
+#include "host/state/rule_text.h"
 
 namespace {
 

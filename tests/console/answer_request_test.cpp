@@ -3,6 +3,7 @@
 #include "data/labels.h"
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
+#include "support/test_sounds.h"
 
 namespace {
 
@@ -42,28 +43,6 @@ protected:
         return result;
     }
 };
-
-TEST_F(AnswerRequest, EffectLineTellsWhatTheVerdictWillDo) {
-    struct Row {
-        int deduction, handsType, steal;
-        const char *right, *wrong;
-    };
-    const Row rows[] = {
-        {1, -1, -1, "[乙]へ[10]点 加算する", "なし"},
-        {1, -1, 0, "[乙]へ[10]点 加算する(横取り)", "なし"},
-        {-5, -1, -1, "[乙]へ[10]点 加算する", "[乙]を[-5]点 減点する"},
-        {0, 2, -1, "[乙]へ[10]点 加算する", "[乙]を[0]点 減点する (お手つき追加)"},
-        {1, 0, -1, "[乙]へ[10]点 加算する", "[乙]へお手付きを追加する"},
-    };
-    for (const Row& row : rows) {
-        DataSession stage;
-        stage.setDeduction(row.deduction);
-        stage.setHandsType(row.handsType);
-        stage.setSteal(row.steal);
-        EXPECT_EQ(rightAnswerEffect(stage, "乙", 10), row.right);
-        EXPECT_EQ(wrongAnswerEffect(stage, "乙"), row.wrong);
-    }
-}
 
 TEST_F(AnswerRequest, EachWayOutHasItsResult) {
     const auto ok = [](int radio, bool cheer) {
@@ -124,7 +103,6 @@ TEST_F(AnswerRequest, KeepsTheCheerAndTheVolumeForTheNextBuzz) {
         ASSERT_TRUE(driver::click({dialog, idCheer}));
         ASSERT_TRUE(driver::slide({dialog, idVolume}, 80));
         EXPECT_EQ(platform::getText({dialog, idVolumeText}), "80");
-        ASSERT_TRUE(driver::click({dialog, idHurry}));
         ASSERT_TRUE(driver::click({dialog, idVoid}));
     });
     EXPECT_TRUE(host().dataApplication.getCheerFlg());
@@ -136,6 +114,21 @@ TEST_F(AnswerRequest, KeepsTheCheerAndTheVolumeForTheNextBuzz) {
         EXPECT_EQ(platform::getPosition({dialog, idVolume}), 80);
         driver::pressKey(dialog, "Escape");
     });
+}
+
+TEST_F(AnswerRequest, HurriesWithASoundThatEndsWithTheDialog) {
+    const std::string file = folder.file("hurry.wav");
+    test_support::writeWav(file, test_support::tones({440, 880}));
+    host().dataApplication.setEfcWrnAnswer(file);
+    run([&](WindowHandle dialog) {
+        EXPECT_EQ(sound.playing(file), 0);
+        ASSERT_TRUE(driver::click({dialog, idHurry}));
+        EXPECT_EQ(sound.playing(file), 1);
+        ASSERT_TRUE(driver::click({dialog, idHurry}));
+        EXPECT_EQ(sound.playing(file), 1) << "from the start again";
+        driver::pressKey(dialog, "Escape");
+    });
+    EXPECT_EQ(sound.playing(file), 0);
 }
 
 } // namespace

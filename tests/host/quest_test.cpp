@@ -83,9 +83,3 @@ TEST_F(Quest, StageOfAQuest) {
     EXPECT_FALSE(findQuest(stages, 6));
     EXPECT_FALSE(findQuest({}, 1));
 }
-
-TEST_F(Quest, AnswerText) {
-    host().sessionList = {stage("一", 1, 2, "1,2")};
-    questToSessionInfo(1, host().dataSession, host().dataResourceList);
-    EXPECT_EQ(answerText(), "<1>:曲1(歌手1) <2>:曲2(歌手2)");
-}

@@ -124,16 +124,3 @@ TEST(Scoring, PointsToTurnTheResultRound) {
     EXPECT_EQ(pointsToTurnRound({userAt(30, userUnset)}), 0);
     EXPECT_EQ(pointsToTurnRound({}), 0);
 }
-
-TEST(Scoring, RuleTexts) {
-    EXPECT_EQ(penaltyText(stageWith(-1, 0)), "なし");
-    EXPECT_EQ(penaltyText(stageWith(handsRest, 3, -5, 0)),
-              "減点:[-5]\r\nお手つき(休み):[3]\r\n横取り:[指名]");
-    EXPECT_EQ(penaltyText(stageWith(handsInStage, 1)), "お手つき(ステージ中):[1]");
-    EXPECT_EQ(falseStartText(stageWith(-1, 1)), "");
-    EXPECT_EQ(falseStartText(stageWith(handsInStage, 2)),
-              "このステージ中に[2]回 お手つきした場合、このステージが完了するまでお休み。");
-    EXPECT_EQ(falseStartText(stageWith(handsInQuest, 1)),
-              "この問題中に[1]回 お手つきした場合、この問題が完了するまでお休み。");
-    EXPECT_EQ(falseStartText(stageWith(handsRest, 1)), "１回でもお手つきした場合、次の[1]問はお休み。");
-}

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
 #include "host/state/process_message.h"
@@ -47,15 +48,12 @@ void replayFrom(int position) {
 
 void playClosingApplause() {
     zelkova::Media& media = host().effectMedia;
-    media.stop();
-    media.close();
-    media.open(host().dataApplication.getEfcApplause2());
+    loadSound(media, host().dataApplication.getEfcApplause2());
     replayFrom(0);
     for (int repeat = 0; repeat < 2; ++repeat) {
         if (!waitUntilBeforeEnd(repeatBeforeEndMs)) return;
         replayFrom(repeatStartMs);
     }
     if (!waitUntilBeforeEnd(closeBeforeEndMs)) return;
-    media.stop();
-    media.close();
+    unloadSound(media);
 }

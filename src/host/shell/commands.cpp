@@ -11,7 +11,9 @@
 #include "foundation/views/open_with_desktop.h"
 #include "host/shell/players.h"
 #include "host/shell/session_commands.h"
+#include "host/state/effects.h"
 #include "host/state/host_state.h"
+#include "host/state/not_yet.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/scoring.h"
@@ -70,7 +72,7 @@ void clearUsers() {
     if (!confirmed(2000005, {})) return;
     for (DataUserInfo& user : host().userList) {
         user.clear();
-        user.setType(host().hideScores ? 1 : 0);
+        user.setType(host().hideScores ? typeHideScores : typeShowScores);
     }
     refreshUserPane();
 }
@@ -98,11 +100,6 @@ void playMusic() {
 template <int (*Dialog)(platform::WindowHandle, const DataApplication&, const std::string&)>
 void makeDocument() {
     Dialog(host().mainWindow, host().dataApplication, host().modulePath);
-}
-
-// Windows that this version does not have yet.
-void notYet() {
-    zelkova::plainNotice(host().mainWindow, "この機能は準備中です。");
 }
 
 struct Command {

@@ -1,17 +1,15 @@
 #include "host/shell/judging.h"
 
 #include "console/player_board.h"
-#include "host/state/console_ids.h"
+#include "data/labels.h"
+#include "host/state/current_quest.h"
+#include "host/state/effects.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
-#include "host/state/play_control.h"
-#include "host/state/quest.h"
 #include "host/state/requests.h"
 #include "host/state/scoring.h"
 
 namespace {
-
-constexpr int noSteal = -1;
 
 DataUserInfo& requester() {
     return host().userList[static_cast<std::size_t>(host().requestUserId)];
@@ -31,7 +29,7 @@ bool judgeRight(bool cheer) {
     if (cheer) playEffect(state.bgmMedia, state.dataApplication.getEfcApplause());
     state.kdlState->changeState(EV_CORRECT);
     // A steal is settled when the answers have been shown.
-    const int points = state.dataSession.getSteal() == noSteal ? currentPoints() : 0;
+    const int points = state.dataSession.getSteal() == stealNone ? currentPoints() : 0;
     requestAnsRes(true, points);
     addScore(requester(), points);
     return true;

@@ -5,9 +5,12 @@
 #include "console/console_pane.h"
 #include "console/data_pane.h"
 #include "console/player_board.h"
+#include "data/labels.h"
 #include "foundation/views/message_box.h"
 #include "host/shell/judging.h"
 #include "host/state/console_ids.h"
+#include "host/state/current_quest.h"
+#include "host/state/effects.h"
 #include "host/state/history_record.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
@@ -15,7 +18,6 @@
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
-#include "host/state/scoring.h"
 #include "host/state/status_bar.h"
 #include "platform/socket.h"
 #include "platform/sound.h"
@@ -25,7 +27,6 @@
 namespace {
 
 enum : int { codeShowAnswers = 261, codeLeadIn = 301, codePlay = 302, codeStop = 303 };
-enum : int { typeEndResult = 5, actionWinner = 9 };
 
 constexpr unsigned leadInTickMs = 500;
 constexpr unsigned playTickMs = 50;
@@ -38,9 +39,7 @@ bool sessionStands(const IntroState* state) {
 
 void startLeadIn() {
     HostState& state = host();
-    state.effectMedia.stop();
-    state.effectMedia.close();
-    state.effectMedia.open(state.dataApplication.getEfcQuestion());
+    loadSound(state.effectMedia, state.dataApplication.getEfcQuestion());
     state.leadInEnd = state.effectMedia.getEnd();
     state.leadInPosition = -1;
     state.effectMedia.play();
@@ -92,7 +91,7 @@ void onAnswersShown() {
     state.vrmStatus = 0;
     const int victim = dlgAnswerDisplay(state.mainWindow, state.requestUserId);
     if (!sessionStands(StateDsp::getInstance())) return;
-    if (state.requestUserId != -1 && state.dataSession.getSteal() != -1) applySteal(victim);
+    if (state.requestUserId != -1 && state.dataSession.getSteal() != stealNone) applySteal(victim);
     endCurrentQuestPenalties();
     refreshUserPane();
     requestRevision();

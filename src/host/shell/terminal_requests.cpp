@@ -7,6 +7,7 @@
 #include "foundation/text.h"
 #include "host/shell/judging.h"
 #include "host/state/console_ids.h"
+#include "host/state/effects.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"

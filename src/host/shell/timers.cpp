@@ -2,6 +2,7 @@
 
 #include "host/shell/applause.h"
 #include "host/state/console_ids.h"
+#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
 #include "host/state/play_control.h"
@@ -24,8 +25,7 @@ void onLeadInTick() {
     HostState& state = host();
     if (leadInPlays()) return;
     platform::killTimer(state.mainWindow, ids::leadInTimer);
-    state.effectMedia.stop();
-    state.effectMedia.close();
+    unloadSound(state.effectMedia);
     if (!accepts(EV_PLAY)) return;
     enterPlay();
     platform::setTimer(state.mainWindow, ids::playTimer, playTickMs);

@@ -1,5 +1,6 @@
 #include "host/state/kdl_state.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -85,6 +86,23 @@ std::optional<StateId> nextState(StateId from, int event) {
     return std::nullopt;
 }
 
+// The button that was pressed may go dead under the focus, which then stays on the console, where there is
+// something to press.
+void setLive(platform::WindowHandle console, unsigned state) {
+    const auto inFocus = [console](const LiveControl& control) {
+        return platform::hasFocus({console, control.id});
+    };
+    const bool here = std::ranges::any_of(liveControls, inFocus);
+    for (const LiveControl& control : liveControls)
+        platform::enable({console, control.id}, (control.states & state) != 0);
+    if (!here || std::ranges::any_of(liveControls, inFocus)) return;
+    for (const LiveControl& control : liveControls) {
+        if ((control.states & state) == 0) continue;
+        platform::setFocus({console, control.id});
+        return;
+    }
+}
+
 template <std::size_t... Number>
 IntroState* instanceOf(StateId id, std::index_sequence<Number...>) {
     IntroState* const states[] = {ConcreteState<static_cast<StateId>(Number)>::getInstance()...};
@@ -108,8 +126,7 @@ IntroState* ConcreteState<Id>::getInstance() {
 template <StateId Id>
 int ConcreteState<Id>::enter(KdlState* owner) {
     const platform::WindowHandle console = owner->consolePane();
-    for (const LiveControl& control : liveControls)
-        platform::enable({console, control.id}, (control.states & bit(Id)) != 0);
+    setLive(console, bit(Id));
     if (rowOf(Id).pauseCaption) platform::setText({console, ids::pause}, rowOf(Id).pauseCaption);
     return 0;
 }

@@ -8,6 +8,7 @@
 #include "foundation/random.h"
 #include "foundation/text.h"
 #include "host/state/console_ids.h"
+#include "host/state/effects.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/quest.h"
@@ -89,8 +90,7 @@ void initResource() {
         const DataResource song =
             index < state.dataResourceList.size() ? state.dataResourceList[index] : DataResource();
         zelkova::Media& media = state.questMedia[index];
-        media.stop();
-        media.close();
+        unloadSound(media);
         const bool opened = !song.getFileName().empty() && media.open(song.getFileName());
 
         const Span span = playRange(song, stage.getRange());
@@ -200,10 +200,4 @@ void applyMasterVolume(int level) {
     zelkova::setMasterVolume(level);
     platform::setPosition({state.consolePane, ids::volume}, level);
     platform::setText({state.consolePane, ids::volumeText}, zelkova::numberToText(level));
-}
-
-void playEffect(zelkova::Media& media, const std::string& path) {
-    media.stop();
-    media.close();
-    if (media.open(path)) media.play();
 }

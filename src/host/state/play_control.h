@@ -1,12 +1,6 @@
 #pragma once
 // From a quest's settings to what its players do.
 
-#include <string>
-
-namespace zelkova {
-class Media;
-}
-
 // Opens the songs of the current quest side by side, works out their ranges and the limit of the play time.
 // Songs without a file stay silent.
 void initResource();
@@ -37,6 +31,3 @@ void showProgress();
 // Sets the volume of all players of the host and the master volume, and what the console shows of it. 0 to
 // 100.
 void applyMasterVolume(int level);
-
-// Opens the sound in the player and plays it from the start, cutting what it played before.
-void playEffect(zelkova::Media& media, const std::string& path);

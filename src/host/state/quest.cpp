@@ -51,27 +51,3 @@ bool questToSessionInfo(const std::vector<DataSession>& stages, int quest, DataS
 bool questToSessionInfo(int quest, DataSession& session, std::vector<DataResource>& resources) {
     return questToSessionInfo(host().sessionList, quest, session, resources);
 }
-
-std::string answerText() {
-    std::string text;
-    int number = 1;
-    for (const DataResource& song : host().dataResourceList) {
-        if (number > 1) text += ' ';
-        text += "<" + zelkova::numberToText(number) + ">:" + song.getTitle() + "(" + song.getArtist() + ")";
-        ++number;
-    }
-    return text;
-}
-
-zelkova::DataPairsList questAnswers() {
-    zelkova::DataPairsList answers;
-    for (const DataResource& song : host().dataResourceList)
-        answers.add(song.getTitle(), song.getArtist());
-    return answers;
-}
-
-void addScorePairs(zelkova::DataPairsList& pairs) {
-    int number = 1;
-    for (const DataUserInfo& user : host().userList)
-        pairs.add("SCORE" + zelkova::numberToText(number++), user.getScore());
-}

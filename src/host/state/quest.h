@@ -1,13 +1,11 @@
 #pragma once
-// Finding a quest's stage and songs, and the texts made of them.
+// Finding a quest's stage and songs.
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "data/data_resource.h"
 #include "data/data_session.h"
-#include "foundation/data_pairs.h"
 
 // Where a quest stands in a session.
 struct QuestPlace {
@@ -30,12 +28,3 @@ std::vector<int> songNumbers(const DataSession& stage);
 
 // 1 to 5, whatever stands in the record.
 int songCount(const DataSession& session);
-
-// "<1>:title(artist) <2>:title(artist)" for the songs that the current quest plays.
-std::string answerText();
-
-// Title and artist of each song of the current quest.
-zelkova::DataPairsList questAnswers();
-
-// Appends SCORE1 to SCORE4, the users' present scores.
-void addScorePairs(zelkova::DataPairsList& pairs);

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "foundation/views/message_box.h"
+#include "host/state/current_quest.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
-#include "host/state/quest.h"
 #include "protocol/define_vrp.h"
 
 namespace {
@@ -72,7 +72,7 @@ bool accepts(int event) {
 }
 
 bool mayEditQuest() {
-    const KdlState& machine = *host().kdlState;
-    return machine.is(StateInit::getInstance()) || machine.is(StateEnable::getInstance()) ||
-           machine.is(StatePause::getInstance());
+    const KdlState* machine = host().kdlState.get(); // none when the window went under a dialog
+    return machine && (machine->is(StateInit::getInstance()) || machine->is(StateEnable::getInstance()) ||
+                       machine->is(StatePause::getInstance()));
 }

@@ -4,17 +4,8 @@
 #include <limits>
 
 #include "data/labels.h"
-#include "foundation/text.h"
-#include "host/state/console_ids.h"
-#include "host/state/host_state.h"
-#include "host/state/quest.h"
-#include "platform/controls.h"
 
 namespace {
-
-std::string bracketed(int number) {
-    return "[" + zelkova::numberToText(number) + "]";
-}
 
 int saturated(std::int64_t number) {
     using Limits = std::numeric_limits<int>;
@@ -68,17 +59,6 @@ void endQuestPenalties(const DataSession& stage, bool stageEnds, std::vector<Dat
     }
 }
 
-void endCurrentQuestPenalties() {
-    HostState& state = host();
-    const auto here = findQuest(state.sessionList, state.curQuestNumber);
-    const auto next = findQuest(state.sessionList, state.curQuestNumber + 1);
-    // Two neighbouring stages of one name count as one.
-    const bool stageEnds =
-        !here || !next ||
-        state.sessionList[here->stage].getName() != state.sessionList[next->stage].getName();
-    endQuestPenalties(state.dataSession, stageEnds, state.userList);
-}
-
 void calcOrder(std::vector<DataUserInfo>& users) {
     for (DataUserInfo& user : users)
         user.setOrder(0);
@@ -107,38 +87,6 @@ int pointsToTurnRound(const std::vector<DataUserInfo>& users) {
     return highest < lowest ? 0 : saturated(std::int64_t{highest} - lowest + 1);
 }
 
-std::string penaltyText(const DataSession& stage) {
-    std::vector<std::string> lines;
-    if (stage.getDeduction() != 1) lines.push_back("減点:" + bracketed(stage.getDeduction()));
-    if (stage.getHandsType() != -1)
-        lines.push_back("お手つき(" + handsTypeLabels.text(stage.getHandsType()) +
-                        "):" + bracketed(stage.getHands()));
-    if (stage.getSteal() != -1) lines.push_back("横取り:[" + stealLabels.text(stage.getSteal()) + "]");
-    if (lines.empty()) return "なし";
-    std::string text = lines[0];
-    for (std::size_t i = 1; i < lines.size(); ++i)
-        text += "\r\n" + lines[i];
-    return text;
-}
-
-std::string falseStartText(const DataSession& stage) {
-    const std::string count = bracketed(stage.getHands());
-    switch (stage.getHandsType()) {
-    case handsInStage:
-        return "このステージ中に" + count + "回 お手つきした場合、このステージが完了するまでお休み。";
-    case handsInQuest:
-        return "この問題中に" + count + "回 お手つきした場合、この問題が完了するまでお休み。";
-    case handsRest:
-        return "１回でもお手つきした場合、次の" + count + "問はお休み。";
-    default:
-        return {};
-    }
-}
-
 void addScore(DataUserInfo& user, std::int64_t points) {
     user.setScore(saturated(user.getScore() + points));
-}
-
-int currentPoints() {
-    return zelkova::stringToInt(platform::getText({host().consolePane, ids::points}));
 }

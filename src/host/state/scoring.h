@@ -2,7 +2,7 @@
 // All arithmetic of points, false starts, rests and ranks. Sums that do not fit stop at the nearest number
 // that does.
 
-#include <string>
+#include <cstdint>
 #include <vector>
 
 #include "data/data_session.h"
@@ -19,22 +19,10 @@ int wrongAnswerPoints(const DataSession& stage);
 // another name, or there is none.
 void endQuestPenalties(const DataSession& stage, bool stageEnds, std::vector<DataUserInfo>& users);
 
-// The same for the current quest of the open session.
-void endCurrentQuestPenalties();
-
 // Dense ranks into `order`; users without a state get 0.
 void calcOrder(std::vector<DataUserInfo>& users);
 
 // Points that the last needs to pass the first: highest less lowest plus 1; 0 when there is no user.
 int pointsToTurnRound(const std::vector<DataUserInfo>& users);
 
-// The three lines at most of the console's penalty label, "なし" without any rule.
-std::string penaltyText(const DataSession& stage);
-
-// The false-start rule in a sentence; empty when there is none.
-std::string falseStartText(const DataSession& stage);
-
 void addScore(DataUserInfo& user, std::int64_t points);
-
-// The points that count for a right answer now: what stands in the console's 得点 box.
-int currentPoints();

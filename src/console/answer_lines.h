@@ -1,5 +1,5 @@
 #pragma once
-// How songs and users are written in the console and its dialogs.
+// The songs of a quest as the console and its dialogs write them.
 
 #include <string>
 #include <vector>
@@ -15,7 +15,3 @@ std::string songText(const DataResource& song);
 // in the fourth, several songs have one line each.
 void showAnswerLines(platform::WindowHandle dialog, int firstLine, const DataSession& stage,
                      const std::vector<DataResource>& songs);
-
-// "[2]name" for user 1 of the host's users; empty for an index that no user has.
-std::string userLabel(int index);
-std::string userName(int index);

@@ -1,6 +1,5 @@
-#include "console/song_text.h"
+#include "console/answer_lines.h"
 
-#include "foundation/text.h"
 #include "host/state/host_state.h"
 #include "host/state/quest.h"
 #include "platform/controls.h"
@@ -20,6 +19,8 @@ void showAnswerLines(platform::WindowHandle dialog, int firstLine, const DataSes
                      const std::vector<DataResource>& songs) {
     if (songs.empty()) return;
     if (songCount(stage) == 1) {
+        for (const int unused : {0, 2, 4}) // their room goes to the two
+            platform::show({dialog, firstLine + unused}, false);
         platform::setText({dialog, firstLine + 1}, songs[0].getArtist());
         platform::setText({dialog, firstLine + 3}, songs[0].getTitle());
         platform::setFontSize({dialog, firstLine + 3}, titlePixels);
@@ -27,16 +28,4 @@ void showAnswerLines(platform::WindowHandle dialog, int firstLine, const DataSes
     }
     for (int i = 0; i < static_cast<int>(songs.size()) && i < maxSongs; ++i)
         platform::setText({dialog, firstLine + i}, songText(songs[static_cast<std::size_t>(i)]));
-}
-
-std::string userName(int index) {
-    const std::vector<DataUserInfo>& users = host().userList;
-    return index >= 0 && index < static_cast<int>(users.size())
-               ? users[static_cast<std::size_t>(index)].getName()
-               : std::string();
-}
-
-std::string userLabel(int index) {
-    if (index < 0 || index >= static_cast<int>(host().userList.size())) return {};
-    return "[" + zelkova::numberToText(index + 1) + "]" + userName(index);
 }

@@ -1,0 +1,53 @@
+#include "host/state/rule_text.h"
+
+#include <gtest/gtest.h>
+
+#include "data/labels.h"
+
+namespace {
+
+DataSession stageWith(int handsType, int hands, int deduction = 1, int steal = stealNone) {
+    DataSession stage;
+    stage.setHandsType(handsType);
+    stage.setHands(hands);
+    stage.setDeduction(deduction);
+    stage.setSteal(steal);
+    return stage;
+}
+
+} // namespace
+
+TEST(RuleText, PenaltiesAndFalseStarts) {
+    EXPECT_EQ(penaltyText(stageWith(-1, 0)), "なし");
+    EXPECT_EQ(penaltyText(stageWith(handsRest, 3, -5, 0)),
+              "減点:[-5]\r\nお手つき(休み):[3]\r\n横取り:[指名]");
+    EXPECT_EQ(penaltyText(stageWith(handsInStage, 1)), "お手つき(ステージ中):[1]");
+    EXPECT_EQ(falseStartText(stageWith(-1, 1)), "");
+    EXPECT_EQ(falseStartText(stageWith(handsInStage, 2)),
+              "このステージ中に[2]回 お手つきした場合、このステージが完了するまでお休み。");
+    EXPECT_EQ(falseStartText(stageWith(handsInQuest, 1)),
+              "この問題中に[1]回 お手つきした場合、この問題が完了するまでお休み。");
+    EXPECT_EQ(falseStartText(stageWith(handsRest, 1)), "１回でもお手つきした場合、次の[1]問はお休み。");
+}
+
+TEST(RuleText, EffectsOfAVerdict) {
+    struct Row {
+        int deduction, handsType, steal;
+        const char *right, *wrong;
+    };
+    const Row rows[] = {
+        {1, -1, -1, "[乙]へ[10]点 加算する", "なし"},
+        {1, -1, 0, "[乙]へ[10]点 加算する(横取り)", "なし"},
+        {-5, -1, -1, "[乙]へ[10]点 加算する", "[乙]を[-5]点 減点する"},
+        {0, 2, -1, "[乙]へ[10]点 加算する", "[乙]を[0]点 減点する (お手つき追加)"},
+        {1, 0, -1, "[乙]へ[10]点 加算する", "[乙]へお手付きを追加する"},
+    };
+    for (const Row& row : rows) {
+        DataSession stage;
+        stage.setDeduction(row.deduction);
+        stage.setHandsType(row.handsType);
+        stage.setSteal(row.steal);
+        EXPECT_EQ(rightAnswerEffect(stage, "乙", 10), row.right);
+        EXPECT_EQ(wrongAnswerEffect(stage, "乙"), row.wrong);
+    }
+}
