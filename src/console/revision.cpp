@@ -36,17 +36,27 @@ struct NumberField {
     void (DataUserInfo::*set)(std::int32_t);
 };
 
-constexpr NumberField numberFields[] = {
-    {offsetScore, -30000, 30000, 10, &DataUserInfo::getScore, &DataUserInfo::setScore},
-    {offsetHands, 0, 999, 1, &DataUserInfo::getHands, &DataUserInfo::setHands},
-    {offsetRest, 0, 999, 1, &DataUserInfo::getRest, &DataUserInfo::setRest},
+constexpr std::array numberFields{
+    NumberField{offsetScore, -30000, 30000, 10, &DataUserInfo::getScore, &DataUserInfo::setScore},
+    NumberField{offsetHands, 0, 999, 1, &DataUserInfo::getHands, &DataUserInfo::setHands},
+    NumberField{offsetRest, 0, 999, 1, &DataUserInfo::getRest, &DataUserInfo::setRest},
 };
 
-// Which numbers a user of a state can have edited. A slot without a user leaves them as they are.
+// What can be edited of a user of a state. A slot without a user leaves it as it is.
 struct Enabling {
-    bool score, hands, rest;
+    int state;
+    bool name, score, hands, rest;
 };
-constexpr Enabling enabling[] = {{}, {true, true, false}, {true, false, true}, {false, false, false}};
+constexpr Enabling enabling[] = {{userTakesPart, true, true, true, false},
+                                 {userFalseStart, true, true, false, true},
+                                 {userOut, false, false, false, false}};
+
+// What a user's controls show. A name has been through the control, which need not give back every byte.
+struct Shown {
+    std::string name;
+    int state = -1;
+    std::array<std::string, numberFields.size()> numbers;
+};
 
 // Lives for one opening.
 class Revision {
@@ -91,14 +101,14 @@ private:
             platform::setText({dialog, idStage}, "ステージ名：" + stage.getName());
             platform::setText({dialog, idRule}, falseStartText(stage));
         }
-        shown_ = state.userList;
-        for (int user = 0; user < maxUsers; ++user)
-            showUser(user);
+        for (int user = 0; user < maxUsers; ++user) {
+            showUser(user, state.userList[static_cast<std::size_t>(user)]);
+            opened_[static_cast<std::size_t>(user)] = read(user);
+        }
         platform::setChecked({dialog, idHideScores}, state.hideScores);
     }
 
-    void showUser(int index) {
-        const DataUserInfo& user = shown_[static_cast<std::size_t>(index)];
+    void showUser(int index, const DataUserInfo& user) const {
         platform::setText(control(index, offsetName), user.getName());
         for (const char* label : userStatusLabels)
             platform::addItem(control(index, offsetState), label);
@@ -110,19 +120,30 @@ private:
         applyEnabling(index);
     }
 
-    void applyEnabling(int index) {
+    void applyEnabling(int index) const {
         const int state = platform::getSelection(control(index, offsetState));
-        if (state != userTakesPart && state != userFalseStart && state != userOut) return;
-        const Enabling& row = enabling[state];
-        platform::enable(control(index, offsetScore), row.score);
-        platform::enable(control(index, offsetHands), row.hands);
-        platform::enable(control(index, offsetRest), row.rest);
+        for (const Enabling& row : enabling) {
+            if (row.state != state) continue;
+            platform::enable(control(index, offsetName), row.name);
+            platform::enable(control(index, offsetScore), row.score);
+            platform::enable(control(index, offsetHands), row.hands);
+            platform::enable(control(index, offsetRest), row.rest);
+        }
+    }
+
+    Shown read(int index) const {
+        Shown shown;
+        shown.name = platform::getText(control(index, offsetName));
+        shown.state = platform::getSelection(control(index, offsetState));
+        for (std::size_t i = 0; i < numberFields.size(); ++i)
+            shown.numbers[i] = platform::getText(control(index, numberFields[i].offset));
+        return shown;
     }
 
     // False, with nothing written, when the session has ended meanwhile.
     bool store() {
         HostState& state = host();
-        if (state.kdlState->is(StateStart::getInstance())) return false;
+        if (!state.kdlState || state.kdlState->is(StateStart::getInstance())) return false;
         const bool hide = platform::isChecked({dialog_, idHideScores});
         for (int user = 0; user < maxUsers; ++user)
             storeUser(user, hide);
@@ -131,17 +152,15 @@ private:
         return true;
     }
 
-    void storeUser(int index, bool hide) {
-        const DataUserInfo& shown = shown_[static_cast<std::size_t>(index)];
+    void storeUser(int index, bool hide) const {
+        const Shown& before = opened_[static_cast<std::size_t>(index)];
+        const Shown now = read(index);
         DataUserInfo& user = host().userList[static_cast<std::size_t>(index)];
-        const std::string name = platform::getText(control(index, offsetName));
-        if (name != shown.getName()) user.setName(name);
-        const int state = platform::getSelection(control(index, offsetState));
-        if (state >= 0 && state != shown.getAnswerRight()) user.setAnswerRight(state);
-        for (const NumberField& field : numberFields) {
-            const int number = zelkova::stringToInt(platform::getText(control(index, field.offset)));
-            if (number != (shown.*field.get)()) (user.*field.set)(number);
-        }
+        if (now.name != before.name) user.setName(now.name);
+        if (now.state >= 0 && now.state != before.state) user.setAnswerRight(now.state);
+        for (std::size_t i = 0; i < numberFields.size(); ++i)
+            if (now.numbers[i] != before.numbers[i])
+                (user.*numberFields[i].set)(zelkova::stringToInt(now.numbers[i]));
         user.setType(hide ? typeHideScores : typeShowScores);
     }
 
@@ -149,7 +168,7 @@ private:
     platform::Control control(int user, int offset) const { return {dialog_, controlId(user, offset)}; }
 
     platform::WindowHandle dialog_;
-    std::vector<DataUserInfo> shown_; // the users as they were at the opening
+    std::array<Shown, maxUsers> opened_;
 };
 
 } // namespace

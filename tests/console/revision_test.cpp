@@ -83,18 +83,19 @@ TEST_F(Revision, WritesTheUsersOnOkOnly) {
 TEST_F(Revision, FieldsFollowTheState) {
     struct Row {
         int status;
-        bool score, hands, rest;
+        bool name, score, hands, rest;
     };
-    const Row rows[] = {{userTakesPart, true, true, false},
-                        {userFalseStart, true, false, true},
-                        {userUnset, true, false, true}, // stays as it was
-                        {userOut, false, false, false},
-                        {userUnset, false, false, false}};
+    const Row rows[] = {{userTakesPart, true, true, true, false},
+                        {userFalseStart, true, true, false, true},
+                        {userUnset, true, true, false, true}, // stays as it was
+                        {userOut, false, false, false, false},
+                        {userUnset, false, false, false, false}};
     run([&](WindowHandle dialog) {
         EXPECT_FALSE(platform::isEnabled({dialog, idOf(0, rest)})) << "also at the opening";
         EXPECT_FALSE(platform::isEnabled({dialog, idOf(2, score)}));
         for (const Row& row : rows) {
             ASSERT_TRUE(driver::select({dialog, idOf(1, status)}, row.status));
+            EXPECT_EQ(platform::isEnabled({dialog, idOf(1, name)}), row.name) << row.status;
             EXPECT_EQ(platform::isEnabled({dialog, idOf(1, score)}), row.score) << row.status;
             EXPECT_EQ(platform::isEnabled({dialog, idOf(1, hands)}), row.hands) << row.status;
             EXPECT_EQ(platform::isEnabled({dialog, idOf(1, rest)}), row.rest) << row.status;
@@ -114,6 +115,36 @@ TEST_F(Revision, WhatTheTerminalSaidMeanwhileStands) {
     EXPECT_EQ(user(3).getAnswerRight(), userTakesPart);
     EXPECT_EQ(user(0).getName(), "改名");
     EXPECT_EQ(user(0).getScore(), 55);
+}
+
+TEST_F(Revision, ANameThatTheControlCannotShowStandsUntilItIsTyped) {
+    const std::string odd = "甲\x85\x40乙"; // a gap in the code page
+    host().userList[0].setName(odd);
+    run([&](WindowHandle dialog) {
+        ASSERT_NE(platform::getText({dialog, idOf(0, name)}), odd);
+        ASSERT_TRUE(driver::click({dialog, idOk}));
+    });
+    EXPECT_EQ(user(0).getName(), odd);
+}
+
+TEST_F(Revision, OkTellsAConnectedTerminal) {
+    host().server = std::make_unique<ServerVrp>(2, 0);
+    const auto revise = [&] {
+        driver::Script script;
+        script.expectDialog(dialogName, [](WindowHandle dialog) {
+            platform::setChecked({dialog, idHide}, true);
+            driver::click({dialog, idOk});
+        });
+        EXPECT_TRUE(driver::click(console(ids::revision)));
+        EXPECT_THAT(script, RanAsWritten());
+    };
+    revise();
+    EXPECT_EQ(host().vrmStatus, 0) << "there is no terminal";
+    EXPECT_EQ(user(0).getType(), typeHideScores);
+    host().connectionFlg = true;
+    revise();
+    EXPECT_EQ(host().requestMethod, "REVISION");
+    EXPECT_EQ(host().vrmStatus, 1);
 }
 
 TEST_F(Revision, ASessionThatEndedMeanwhileKeepsItsClearedUsers) {
