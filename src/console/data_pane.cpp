@@ -43,7 +43,7 @@ void onCommand(platform::WindowHandle pane, int id) {
 }
 
 void onListNotice(platform::WindowHandle pane, int notice) {
-    if (!host().kdlState || !mayEditQuest()) return;
+    if (!mayEditQuest()) return;
     if (notice == platform::NM_DBLCLK) onCommand(pane, ids::editSong);
     if (notice == platform::NM_RCLICK && platform::listSelectedRow(listOf(pane)) >= 0)
         platform::popupMenu(pane, "IDM_KDL0101_QUESTMENUE");
@@ -88,6 +88,7 @@ void fillQuestList() {
 
 void redrawQuestList() {
     ViewQuest list(listOf(host().dataPane));
+    list.forgetFiles();
     list.redraw();
     for (int row = 0; row < list.getItemCount(); ++row) {
         if (list.questAt(row) != host().curQuestNumber) continue;
@@ -98,5 +99,5 @@ void redrawQuestList() {
 
 void clearQuestList() {
     ViewQuest(listOf(host().dataPane)).deleteAllItems();
-    platform::setText({host().dataPane, ids::sessionNameLabel}, "");
+    showSessionName("");
 }

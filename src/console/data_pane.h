@@ -17,7 +17,7 @@ void showSessionName(const std::string& name);
 // Shows all stages of the host's sessionList in place of what the list held.
 void fillQuestList();
 
-// Colours the rows anew and brings those of the current quest into sight.
+// Looks for the songs' files again, colours the rows anew and brings those of the current quest into sight.
 void redrawQuestList();
 
 // Empties the list and the session's name.

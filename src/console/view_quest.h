@@ -23,6 +23,11 @@ public:
     int questAt(int row) const { return getNumber(row, quest); }
     int songAt(int row) const { return getNumber(row, song); }
 
-    // Yellow for the current quest, red for a song whose file is gone.
+    // Yellow for the current quest, red for a song whose file is gone. A row that is shown for the first time
+    // looks for its file and remembers it, until it is told to look again.
     platform::RowColors rowColors(int row) const;
+    void forgetFiles();
+
+private:
+    bool fileIsGone(int row) const;
 };

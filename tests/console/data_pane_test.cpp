@@ -52,6 +52,7 @@ TEST_F(DataPane, OneRowForEachSongNumberedOverTheSession) {
     EXPECT_EQ(rows().size(), 7u) << "filled anew, not twice";
     clearQuestList();
     EXPECT_TRUE(rows().empty());
+    EXPECT_EQ(platform::getText(data(ids::sessionNameLabel)), "出題名:");
 }
 
 TEST_F(DataPane, ASongWithoutARecordLeavesItsRowAndTheCount) {
@@ -76,6 +77,12 @@ TEST_F(DataPane, YellowForTheQuestThatIsDueRedForAFileThatIsGone) {
     host().curQuestNumber = 3;
     redrawQuestList();
     EXPECT_EQ(backgrounds(), (std::vector{none, red, yellow, none}));
+
+    std::filesystem::remove(folder.file("song1.wav"));
+    EXPECT_EQ(backgrounds(), (std::vector{none, red, yellow, none}))
+        << "the disk is not asked for each painting";
+    redrawQuestList();
+    EXPECT_EQ(backgrounds(), (std::vector{red, red, yellow, red}));
 }
 
 TEST_F(DataPane, EditorsOpenFromTheRowsOnlyWhereTheQuestMayBeChanged) {
@@ -93,7 +100,7 @@ TEST_F(DataPane, EditorsOpenFromTheRowsOnlyWhereTheQuestMayBeChanged) {
         ASSERT_TRUE(driver::doubleClickRow(data(ids::questList), 0));
         EXPECT_THAT(script, RanAsWritten());
     }
-    raise({EV_QUEST_START});
+    raiseEvents({EV_QUEST_START});
     driver::Script silent;
     driver::rightClickRow(data(ids::questList), 0);
     driver::doubleClickRow(data(ids::questList), 0);
