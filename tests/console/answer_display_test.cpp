@@ -19,6 +19,7 @@ constexpr char name[] = "IDD_KDL0103_ANSWERDSP";
 enum : int {
     idWinner = 1303,
     idAnswer1 = 1305,
+    idVictimGroup = 1310,
     idVictim = 1311,
     idPlay = 1313,
     idStop = 1314,
@@ -60,6 +61,7 @@ TEST_F(AnswerDisplay, WithoutAStealThereIsOnlyOk) {
         EXPECT_EQ(platform::getText({dialog, idRange}), "解答");
         EXPECT_FALSE(platform::isEnabled({dialog, idRange}));
         EXPECT_FALSE(platform::isEnabled({dialog, idVictim}));
+        EXPECT_FALSE(platform::isEnabled({dialog, idVictimGroup})) << "with the words around the box";
         pressOk(dialog);
     };
     EXPECT_EQ(run(1, act), 1);

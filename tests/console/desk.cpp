@@ -110,10 +110,10 @@ void Desk::openSession(const std::vector<DataSession>& stages) {
     showSessionName("デモ");
     fillQuestList();
     refreshUserPane();
-    raise({EV_OPEN, EV_USER_NOTIFY});
+    raiseEvents({EV_OPEN, EV_USER_NOTIFY});
 }
 
-void Desk::raise(const std::vector<int>& events) {
+void Desk::raiseEvents(const std::vector<int>& events) {
     for (const int event : events) {
         ASSERT_TRUE(host().kdlState->getState()->canHandle(event)) << event << " in " << state();
         host().kdlState->changeState(event);

@@ -11,6 +11,7 @@
 
 #include "console/console_pane.h"
 #include "console/data_pane.h"
+#include "console/watched_sound.h"
 #include "data/data_resource.h"
 #include "data/data_session.h"
 #include "host/state/host_state.h"
@@ -32,7 +33,7 @@ protected:
     // Opens the stages as a session that waits for its first quest in `StateEnable`.
     void openSession(const std::vector<DataSession>& stages);
     // Raises the events; each has to be accepted.
-    void raise(const std::vector<int>& events);
+    void raiseEvents(const std::vector<int>& events);
     std::string state() const { return host().kdlState->getState()->getStateName(); }
     void setUser(int index, const std::string& name, int score = 0, int answerRight = 1);
 
@@ -41,6 +42,7 @@ protected:
     std::string consoleText(int id) const { return platform::getText(console(id)); }
 
     test_support::TemporaryFolder folder;
+    WatchedSound sound;
     platform::ManualClock clock;
     platform::WindowHandle window;
     ChildLeftWnd left;

@@ -44,12 +44,24 @@ protected:
     }
 };
 
+// The controls whose texts are cut, but for those that may be.
+std::vector<std::string> cut(WindowHandle within, std::initializer_list<int> mayBeCut = {}) {
+    std::vector<std::string> lines = driver::clippedControls(within);
+    for (const int id : mayBeCut)
+        std::erase_if(lines,
+                      [&](const std::string& line) { return line.starts_with(std::to_string(id) + ":"); });
+    return lines;
+}
+
 TEST_F(Layout, PanesShowAllTheirTexts) {
-    EXPECT_THAT(driver::clippedControls(window), IsEmpty());
+    // One line for each of five songs; its tool tip shows the rest.
+    EXPECT_THAT(cut(window, {ids::songLabel1, ids::songLabel1 + 1, ids::songLabel1 + 2, ids::songLabel1 + 3,
+                             ids::songLabel1 + 4}),
+                IsEmpty());
     host().sessionList[0].setMulti(1);
     showQuest(host().sessionList, 1);
     driver::settle();
-    EXPECT_THAT(driver::clippedControls(window), IsEmpty());
+    EXPECT_THAT(cut(window), IsEmpty());
 }
 
 TEST_F(Layout, FourUsersStandInEvenColumns) {
@@ -63,7 +75,7 @@ TEST_F(Layout, FourUsersStandInEvenColumns) {
 TEST_F(Layout, DialogsShowAllTheirTexts) {
     const auto look = [](WindowHandle dialog) {
         driver::settle();
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
+        EXPECT_THAT(cut(dialog), IsEmpty());
         driver::pressKey(dialog, "Escape");
     };
     driver::Script script;
@@ -82,6 +94,15 @@ TEST_F(Layout, DialogsShowAllTheirTexts) {
     dlgRevision(window);
     dlgConfirmVictory(window);
     EXPECT_THAT(script, RanAsWritten());
+
+    host().sessionList[0].setMulti(1);
+    host().sessionList[0].setSteal(stealNone);
+    driver::Script single;
+    single.expectDialog("IDD_KDL0102_REQUEST", look);
+    single.expectDialog("IDD_KDL0103_ANSWERDSP", look);
+    dlgAnswerRequest(window, 0);
+    dlgAnswerDisplay(window, 1);
+    EXPECT_THAT(single, RanAsWritten());
 }
 
 } // namespace

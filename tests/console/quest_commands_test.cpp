@@ -57,7 +57,7 @@ TEST_F(QuestCommands, OnlyWhatTheStateAllowsIsLive) {
         {{EV_FINISH}, {}},
     };
     for (const Row& row : rows) {
-        raise(row.events);
+        raiseEvents(row.events);
         std::set<int> live;
         for (const int id : liveControls)
             if (platform::isEnabled(console(id))) live.insert(id);
@@ -77,7 +77,7 @@ TEST_F(QuestCommands, ButtonsWalkTheStates) {
         if (button)
             ASSERT_TRUE(driver::click(console(button)));
         else
-            raise({EV_PLAY}); // the lead-in is over
+            raiseEvents({EV_PLAY}); // the lead-in is over
         EXPECT_EQ(state(), expected);
     }
     EXPECT_EQ(host().requestUserId, -1) << "nobody was right";
@@ -88,7 +88,7 @@ TEST_F(QuestCommands, FunctionKeysPressTheButtonsThatDriveAQuest) {
         return driver::pressKey(window, key) && state() == expected;
     };
     EXPECT_TRUE(leadsTo("F5", "READY"));
-    raise({EV_PLAY});
+    raiseEvents({EV_PLAY});
     EXPECT_TRUE(leadsTo("F8", "WAIT"));
     for (const char* expected : {"PAUSE", "WAIT", "PAUSE"}) // under each of its captions
         EXPECT_TRUE(leadsTo("F7", expected));
@@ -109,14 +109,14 @@ TEST_F(QuestCommands, StartTakesOverWhatTheListsShow) {
 TEST_F(QuestCommands, ReplayDrawsNewStartsOnlyForRandom) {
     host().dataResourceList[0].setLength(400);
     ASSERT_TRUE(driver::select(console(ids::range), rangeRandom));
-    raise({EV_QUEST_START, EV_PLAY, EV_STOP});
+    raiseEvents({EV_QUEST_START, EV_PLAY, EV_STOP});
     std::set<int> starts;
     for (int i = 0; i < 20; ++i) {
         ASSERT_TRUE(driver::click(console(ids::replay)));
         starts.insert(host().playStart[0]);
         EXPECT_GE(host().playStart[0], 0);
         EXPECT_LE(host().playStart[0], 20000) << "20 seconds before the end";
-        raise({EV_STOP});
+        raiseEvents({EV_STOP});
     }
     EXPECT_GT(starts.size(), 1u);
 }
@@ -142,20 +142,47 @@ TEST_F(QuestCommands, BackOnTheFirstQuestDoesNothing) {
     EXPECT_EQ(state(), "ENABLE");
 }
 
+TEST_F(QuestCommands, BackFromTheSecondQuestLeadsToTheFirst) {
+    host().curQuestNumber = 2;
+    ASSERT_TRUE(driver::click(console(ids::previousQuest)));
+    EXPECT_EQ(host().curQuestNumber, 0);
+    EXPECT_EQ(state(), "DSP");
+}
+
 TEST_F(QuestCommands, NothingMovesWhileARequestIsOpen) {
+    struct Row {
+        std::vector<int> events; // from the state before
+        const char* state;
+        std::vector<int> buttons;
+    };
+    const Row rows[] = {
+        {{}, "ENABLE", {ids::questStart, ids::skip, ids::nextQuest, ids::previousQuest}},
+        {{EV_QUEST_START, EV_PLAY}, "PLAY", {ids::stop}},
+        {{EV_STOP}, "WAIT", {ids::replay, ids::pause, ids::noCorrect, ids::skip}},
+    };
     host().curQuestNumber = 3;
     host().vrmStatus = 1;
-    for (const int button : {ids::questStart, ids::skip, ids::nextQuest, ids::previousQuest}) {
-        driver::Script script;
-        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [&](platform::WindowHandle box) {
-            EXPECT_THAT(platform::getText({box, 103}), testing::StartsWith("ENABLE:"));
-            driver::pressKey(box, "Escape");
-        });
-        ASSERT_TRUE(driver::click(console(button)));
-        EXPECT_THAT(script, RanAsWritten());
-        EXPECT_EQ(state(), "ENABLE");
-        EXPECT_EQ(host().curQuestNumber, 3);
+    for (const Row& row : rows) {
+        raiseEvents(row.events);
+        for (const int button : row.buttons) {
+            driver::Script script;
+            script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [&](platform::WindowHandle box) {
+                EXPECT_THAT(platform::getText({box, 103}), testing::StartsWith(std::string(row.state) + ":"));
+                driver::pressKey(box, "Escape");
+            });
+            ASSERT_TRUE(driver::click(console(button)));
+            EXPECT_THAT(script, RanAsWritten());
+            EXPECT_EQ(state(), row.state) << button;
+            EXPECT_EQ(host().curQuestNumber, 3);
+        }
     }
+}
+
+TEST_F(QuestCommands, TheFocusStaysWhereSomethingCanBePressed) {
+    raiseEvents({EV_QUEST_START, EV_PLAY, EV_STOP, EV_PAUSE});
+    platform::setFocus(console(ids::changeStage));
+    raiseEvents({EV_PAUSE}); // back to waiting, without settings
+    EXPECT_TRUE(platform::hasFocus(console(ids::replay)));
 }
 
 TEST_F(QuestCommands, EditorsOpenOnlyWhereTheQuestMayBeChanged) {
@@ -165,7 +192,7 @@ TEST_F(QuestCommands, EditorsOpenOnlyWhereTheQuestMayBeChanged) {
         ASSERT_TRUE(driver::click(console(ids::changeSongs)));
         EXPECT_THAT(script, RanAsWritten());
     }
-    raise({EV_QUEST_START});
+    raiseEvents({EV_QUEST_START});
     driver::Script silent;
     platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeSongs);
     EXPECT_THAT(silent, RanAsWritten());

@@ -75,7 +75,7 @@ TEST_F(QuestEditing, TheListEditsTheStageOfItsRow) {
 }
 
 TEST_F(QuestEditing, OnlyWhereTheQuestMayBeChanged) {
-    raise({EV_QUEST_START});
+    raiseEvents({EV_QUEST_START});
     driver::Script silent;
     platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeStage);
     EXPECT_THAT(silent, RanAsWritten());
@@ -84,13 +84,13 @@ TEST_F(QuestEditing, OnlyWhereTheQuestMayBeChanged) {
 
 // Messages of the terminal go on while the editor is open.
 TEST_F(QuestEditing, WhatHappensUnderTheEditorStands) {
-    meanwhile = [&] { raise({EV_QUEST_START, EV_PLAY}); };
+    meanwhile = [&] { raiseEvents({EV_QUEST_START, EV_PLAY}); };
     ASSERT_TRUE(driver::click(console(ids::changeStage)));
     EXPECT_EQ(score(0), 70);
     EXPECT_EQ(host().dataSession.getScore(), 10) << "the quest that plays keeps its rules";
     EXPECT_EQ(consoleText(ids::points), "10");
 
-    raise({EV_STOP, EV_PAUSE});
+    raiseEvents({EV_STOP, EV_PAUSE});
     meanwhile = [] { host().sessionList.clear(); };
     ASSERT_TRUE(driver::click(console(ids::changeStage)));
     EXPECT_TRUE(host().sessionList.empty());

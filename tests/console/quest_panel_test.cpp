@@ -107,25 +107,25 @@ TEST_F(QuestPanel, PenaltyLinesStandOnlyForRulesThatAreOn) {
 }
 
 TEST_F(QuestPanel, TheHostCannotChooseToPlayTheEndWhole) {
-    enum { wholeRange = 6, noLimit = 7 };
     const int a = addSong("曲Ａ", "歌手Ａ");
     DataSession stored = stageOf("段", 1, std::to_string(a));
     stored.setRange(rangeEnd);
-    stored.setInterval(wholeRange);
+    stored.setInterval(playTimeWholeRange);
     openSession({stored});
-    EXPECT_EQ(platform::getSelection(console(ids::interval)), wholeRange) << "what a file says is shown";
+    EXPECT_EQ(platform::getSelection(console(ids::interval)), playTimeWholeRange)
+        << "what a file says is shown";
 
     ASSERT_TRUE(driver::select(console(ids::range), rangeIntro));
-    EXPECT_EQ(platform::getSelection(console(ids::interval)), wholeRange);
+    EXPECT_EQ(platform::getSelection(console(ids::interval)), playTimeWholeRange);
     ASSERT_TRUE(driver::select(console(ids::range), rangeEnd));
-    EXPECT_EQ(platform::getSelection(console(ids::interval)), noLimit);
-    EXPECT_EQ(host().dataSession.getInterval(), noLimit);
+    EXPECT_EQ(platform::getSelection(console(ids::interval)), playTimeEndless);
+    EXPECT_EQ(host().dataSession.getInterval(), playTimeEndless);
     EXPECT_EQ(host().dataSession.getRange(), rangeEnd);
 
     ASSERT_TRUE(driver::select(console(ids::interval), 0));
     EXPECT_EQ(host().dataSession.getInterval(), 0);
-    ASSERT_TRUE(driver::select(console(ids::interval), wholeRange));
-    EXPECT_EQ(platform::getSelection(console(ids::interval)), noLimit);
+    ASSERT_TRUE(driver::select(console(ids::interval), playTimeWholeRange));
+    EXPECT_EQ(platform::getSelection(console(ids::interval)), playTimeEndless);
     EXPECT_EQ(host().playLimit, -2);
 
     ASSERT_TRUE(driver::select(console(ids::speed), 2));
@@ -137,6 +137,11 @@ TEST_F(QuestPanel, VolumeMovesAllPlayersAndItsNumber) {
     ASSERT_TRUE(driver::slide(console(ids::volume), 30));
     EXPECT_EQ(host().masterVolume, 30);
     EXPECT_EQ(consoleText(ids::volumeText), "30");
+    EXPECT_EQ(sound.volumes(), std::set{300}) << "songs, effects and background music";
+    const unsigned low = platform::soundDevice().masterVolume();
+    ASSERT_TRUE(driver::slide(console(ids::volume), 60));
+    EXPECT_EQ(sound.volumes(), std::set{600});
+    EXPECT_GT(platform::soundDevice().masterVolume(), low);
 }
 
 } // namespace

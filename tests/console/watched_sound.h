@@ -1,0 +1,36 @@
+#pragma once
+// The silent device, with its players' volumes and what plays on it to be looked at.
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/sound.h"
+
+namespace console_tests {
+
+// The device in use for as long as it lives; no player may live longer.
+class WatchedSound {
+public:
+    struct Player {
+        std::string path;
+        int volume = -1; // the last level set
+        bool plays = false;
+    };
+
+    WatchedSound();
+    ~WatchedSound();
+    WatchedSound(const WatchedSound&) = delete;
+    WatchedSound& operator=(const WatchedSound&) = delete;
+
+    // The levels of all players there are.
+    std::set<int> volumes() const;
+    // How many players play the file.
+    int playing(const std::string& path) const;
+
+private:
+    std::shared_ptr<std::vector<std::weak_ptr<Player>>> players_;
+};
+
+} // namespace console_tests
