@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QShortcutEvent>
 
 namespace platform::detail {
 
@@ -27,7 +28,9 @@ bool pressButton(const QWidget* window, const QKeySequence& key) {
     for (auto* button : window->findChildren<QAbstractButton*>()) {
         if (!canBeUsed(button) || button->shortcut() != key) continue;
         if (button->focusPolicy() & Qt::TabFocus) button->setFocus(Qt::ShortcutFocusReason);
-        button->animateClick();
+        // As the toolkit tells it; a button that does not take it so is one of the toolkit's own boxes.
+        QShortcutEvent told(key, 0);
+        if (!QApplication::sendEvent(button, &told)) button->animateClick();
         return true;
     }
     return false;
