@@ -4,16 +4,16 @@
 
 #include "console/answer_lines.h"
 #include "console/user_text.h"
-#include "console/volume_bar.h"
 #include "data/labels.h"
+#include "foundation/dialog.h"
 #include "foundation/media.h"
 #include "foundation/views/message_box.h"
+#include "foundation/views/volume_bar.h"
 #include "host/state/current_quest.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/rule_text.h"
-#include "platform/dialog.h"
 #include "platform/window.h"
 
 namespace {
@@ -41,26 +41,15 @@ constexpr int ticksPerSong = 16; // of a quest of several songs
 constexpr int nobody = -1;
 constexpr int normalSpeed = 1000;
 
-// Lives for one opening.
-class AnswerDisplay {
+class AnswerDisplay : public zelkova::Dialog {
 public:
-    explicit AnswerDisplay(int winner) : winner_(winner) { candidates_.fill(nobody); }
-
-    int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0103_ANSWERDSP",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return handle(dialog, message);
-                                   });
+    explicit AnswerDisplay(int winner) : Dialog("IDD_KDL0103_ANSWERDSP"), winner_(winner) {
+        candidates_.fill(nobody);
     }
 
 private:
-    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
+    bool onMessage(const platform::Message& message) override {
         switch (message.id) {
-        case platform::WM_INITDIALOG:
-            open(dialog);
-            return true;
-        case platform::WM_COMMAND:
-            return onCommand(static_cast<int>(platform::lowWord(message.wParam)));
         case platform::WM_HSCROLL:
             if (message.lParam != idVolume) return false;
             setVolume(volumeBar().follow());
@@ -71,7 +60,7 @@ private:
             return true;
         case platform::WM_DESTROY:
             stopSongs();
-            platform::killTimer(dialog_, idTimer);
+            platform::killTimer(window(), idTimer);
             // The level of this dialog is not that of the show.
             zelkova::setMasterVolume(host().masterVolume);
             return true;
@@ -80,19 +69,17 @@ private:
         }
     }
 
-    void open(platform::WindowHandle dialog) {
-        dialog_ = dialog;
-        zelkova::setDialogTitle(dialog, "正解表示");
-        platform::centerOnScreen(dialog);
+    void open() override {
+        zelkova::setDialogTitle(window(), "正解表示");
         questToSessionInfo(host().curQuestNumber, stage_, songs_);
         points_ = currentPoints();
-        platform::setText({dialog, idWinner}, winner_ == nobody ? "正解者なし" : userLabel(winner_));
+        platform::setText(control(idWinner), winner_ == nobody ? "正解者なし" : userLabel(winner_));
         volumeBar().setUp(host().answerVolume);
-        showAnswerLines(dialog, idAnswer1, stage_, songs_);
-        platform::addItem({dialog, idRange}, playRangeLabels.text(rangeAnswer));
-        platform::setSelection({dialog, idRange}, 0);
-        platform::enable({dialog, idRange}, false);
-        platform::enable({dialog, idStop}, false);
+        showAnswerLines(window(), idAnswer1, stage_, songs_);
+        platform::addItem(control(idRange), playRangeLabels.text(rangeAnswer));
+        platform::setSelection(control(idRange), 0);
+        platform::enable(control(idRange), false);
+        platform::enable(control(idStop), false);
         if (winner_ == nobody || stage_.getSteal() == stealNone)
             withoutSteal();
         else
@@ -101,11 +88,11 @@ private:
 
     void withoutSteal() {
         for (const int group : {idVictimGroup, idEffectGroup}) // with all that stands in them
-            platform::enable({dialog_, group}, false);
+            platform::enable(control(group), false);
     }
 
     void offerVictims() {
-        const platform::Control combo{dialog_, idVictim};
+        const platform::Control combo = control(idVictim);
         const std::vector<DataUserInfo>& users = host().userList;
         for (int i = 0; i < maxUsers; ++i) {
             const DataUserInfo& user = users[static_cast<std::size_t>(i)];
@@ -114,15 +101,15 @@ private:
         }
         if (platform::itemCount(combo) == 0) platform::addItem(combo, "NONE");
         platform::setSelection(combo, -1);
-        platform::enable({dialog_, idOk}, false);
+        platform::enable(control(idOk), false);
     }
 
     int selectedVictim() const {
-        const int entry = platform::getSelection({dialog_, idVictim});
+        const int entry = platform::getSelection(control(idVictim));
         return entry >= 0 && entry < maxUsers ? candidates_[static_cast<std::size_t>(entry)] : nobody;
     }
 
-    bool onCommand(int id) {
+    bool onCommand(int id) override {
         switch (id) {
         case idVictim:
             onVictimChosen();
@@ -131,18 +118,18 @@ private:
             currentSong_ = 0;
             playTicks_ = 0;
             playCurrentSong();
-            platform::setTimer(dialog_, idTimer, tickMs);
-            platform::enable({dialog_, idPlay}, false);
-            platform::enable({dialog_, idStop}, true);
+            platform::setTimer(window(), idTimer, tickMs);
+            platform::enable(control(idPlay), false);
+            platform::enable(control(idStop), true);
             return true;
         case idStop:
             stopAnswers();
             return true;
         case idOk:
-            platform::endDialog(dialog_, stage_.getSteal() == stealNone ? +resultNoSteal : selectedVictim());
+            end(stage_.getSteal() == stealNone ? +resultNoSteal : selectedVictim());
             return true;
         case platform::IDCANCEL:
-            platform::endDialog(dialog_, resultCancelled);
+            end(resultCancelled);
             return true;
         default:
             return false;
@@ -150,10 +137,10 @@ private:
     }
 
     void onVictimChosen() {
-        if (platform::getSelection({dialog_, idVictim}) < 0) return;
-        platform::enable({dialog_, idOk}, true);
+        if (platform::getSelection(control(idVictim)) < 0) return;
+        platform::enable(control(idOk), true);
         if (selectedVictim() == nobody) return;
-        platform::setText({dialog_, idEffect},
+        platform::setText(control(idEffect),
                           stealEffect(userName(selectedVictim()), userName(winner_), points_));
     }
 
@@ -192,9 +179,9 @@ private:
 
     void stopAnswers() {
         stopSongs();
-        platform::enable({dialog_, idPlay}, true);
-        platform::enable({dialog_, idStop}, false);
-        platform::killTimer(dialog_, idTimer);
+        platform::enable(control(idPlay), true);
+        platform::enable(control(idStop), false);
+        platform::killTimer(window(), idTimer);
     }
 
     void setVolume(int level) {
@@ -204,10 +191,9 @@ private:
         zelkova::setMasterVolume(level);
     }
 
-    VolumeBar volumeBar() const { return {{dialog_, idVolume}, {dialog_, idVolumeText}}; }
+    VolumeBar volumeBar() const { return {control(idVolume), control(idVolumeText)}; }
 
     const int winner_;
-    platform::WindowHandle dialog_;
     DataSession stage_;
     std::vector<DataResource> songs_;
     int points_ = 0;

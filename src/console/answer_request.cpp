@@ -2,17 +2,17 @@
 
 #include "console/answer_lines.h"
 #include "console/user_text.h"
-#include "console/volume_bar.h"
+#include "foundation/dialog.h"
 #include "foundation/media.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
+#include "foundation/views/volume_bar.h"
 #include "host/state/current_quest.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/rule_text.h"
-#include "platform/dialog.h"
 #include "platform/window.h"
 
 namespace {
@@ -48,27 +48,13 @@ constexpr ControlColor colors[] = {
     {idAnswer1 + 3, black},       {idAnswer1 + 4, black},
 };
 
-// Lives for one opening.
-class AnswerRequest {
+class AnswerRequest : public zelkova::Dialog {
 public:
-    explicit AnswerRequest(int userId) : userId_(userId) {}
-
-    Verdict run(platform::WindowHandle owner) {
-        return static_cast<Verdict>(
-            platform::runDialog(owner, "IDD_KDL0102_REQUEST",
-                                [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                    return handle(dialog, message);
-                                }));
-    }
+    explicit AnswerRequest(int userId) : Dialog("IDD_KDL0102_REQUEST"), userId_(userId) {}
 
 private:
-    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
+    bool onMessage(const platform::Message& message) override {
         switch (message.id) {
-        case platform::WM_INITDIALOG:
-            open(dialog);
-            return true;
-        case platform::WM_COMMAND:
-            return onCommand(static_cast<int>(platform::lowWord(message.wParam)));
         case platform::WM_HSCROLL: {
             if (message.lParam != idVolume) return false;
             const int level = volumeBar().follow();
@@ -77,7 +63,7 @@ private:
             return true;
         }
         case platform::WM_DESTROY:
-            host().dataApplication.setCheerFlg(platform::isChecked({dialog_, idCheer}));
+            host().dataApplication.setCheerFlg(platform::isChecked(control(idCheer)));
             unloadSound(hurry_);
             return true;
         default:
@@ -85,13 +71,11 @@ private:
         }
     }
 
-    void open(platform::WindowHandle dialog) {
-        dialog_ = dialog;
+    void open() override {
         const HostState& state = host();
-        zelkova::setDialogTitle(dialog, "解答要求");
-        platform::setWindowIcon(dialog, "ICO_INTRO_SERVER");
-        platform::centerOnScreen(dialog);
-        hurry_.create(dialog);
+        zelkova::setDialogTitle(window(), "解答要求");
+        platform::setWindowIcon(window(), "ICO_INTRO_SERVER");
+        hurry_.create(window());
         loadSound(hurry_, state.dataApplication.getEfcWrnAnswer());
         volumeBar().setUp(state.masterVolume);
         hurry_.setVolume(state.masterVolume * 10);
@@ -100,15 +84,15 @@ private:
         std::vector<DataResource> songs;
         questToSessionInfo(state.curQuestNumber, stage_, songs);
         points_ = currentPoints();
-        platform::setText({dialog, idUser}, userLabel(userId_));
-        showAnswerLines(dialog, idAnswer1, stage_, songs);
-        platform::setChecked({dialog, idCheer}, state.dataApplication.getCheerFlg());
-        platform::enable({dialog, idOk}, false);
+        platform::setText(control(idUser), userLabel(userId_));
+        showAnswerLines(window(), idAnswer1, stage_, songs);
+        platform::setChecked(control(idCheer), state.dataApplication.getCheerFlg());
+        platform::enable(control(idOk), false);
         for (const ControlColor& row : colors)
-            platform::setTextColor({dialog, row.id}, row.color);
+            platform::setTextColor(control(row.id), row.color);
     }
 
-    bool onCommand(int id) {
+    bool onCommand(int id) override {
         switch (id) {
         case idRight:
             showEffect(rightAnswerEffect(stage_, userName(userId_), points_));
@@ -136,22 +120,21 @@ private:
     }
 
     void showEffect(const std::string& text) {
-        platform::setText({dialog_, idEffect}, text);
-        platform::enable({dialog_, idOk}, true);
+        platform::setText(control(idEffect), text);
+        platform::enable(control(idOk), true);
     }
 
-    void end(Verdict verdict) { platform::endDialog(dialog_, static_cast<int>(verdict)); }
+    void end(Verdict verdict) { Dialog::end(static_cast<int>(verdict)); }
 
     Verdict verdict() const {
-        if (platform::isChecked({dialog_, idRight}))
-            return platform::isChecked({dialog_, idCheer}) ? Verdict::RightWithCheer : Verdict::Right;
-        return platform::isChecked({dialog_, idWrong}) ? Verdict::Wrong : Verdict::TimeUp;
+        if (platform::isChecked(control(idRight)))
+            return platform::isChecked(control(idCheer)) ? Verdict::RightWithCheer : Verdict::Right;
+        return platform::isChecked(control(idWrong)) ? Verdict::Wrong : Verdict::TimeUp;
     }
 
-    VolumeBar volumeBar() const { return {{dialog_, idVolume}, {dialog_, idVolumeText}}; }
+    VolumeBar volumeBar() const { return {control(idVolume), control(idVolumeText)}; }
 
     const int userId_;
-    platform::WindowHandle dialog_;
     zelkova::Media hurry_;
     DataSession stage_;
     int points_ = 0;
@@ -160,5 +143,5 @@ private:
 } // namespace
 
 Verdict dlgAnswerRequest(platform::WindowHandle owner, int requestUserId) {
-    return AnswerRequest(requestUserId).run(owner);
+    return static_cast<Verdict>(AnswerRequest(requestUserId).run(owner));
 }

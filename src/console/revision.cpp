@@ -5,13 +5,13 @@
 
 #include "console/player_board.h"
 #include "data/labels.h"
+#include "foundation/dialog.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
 #include "host/state/quest.h"
 #include "host/state/rule_text.h"
-#include "platform/dialog.h"
 #include "platform/window.h"
 
 namespace {
@@ -58,31 +58,19 @@ struct Shown {
     std::array<std::string, numberFields.size()> numbers;
 };
 
-// Lives for one opening.
-class Revision {
+class Revision : public zelkova::Dialog {
 public:
-    int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0104_REVISION",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return handle(dialog, message);
-                                   });
-    }
+    Revision() : Dialog("IDD_KDL0104_REVISION") {}
 
 private:
-    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
-        if (message.id == platform::WM_INITDIALOG) {
-            open(dialog);
-            return true;
-        }
-        if (message.id != platform::WM_COMMAND) return false;
-        const int id = static_cast<int>(platform::lowWord(message.wParam));
+    bool onCommand(int id) override {
         switch (id) {
         case idOk:
-            platform::endDialog(dialog_, store() ? 1 : 0);
+            end(store() ? 1 : 0);
             return true;
         case idCancel:
         case platform::IDCANCEL:
-            platform::endDialog(dialog_, 0);
+            end(0);
             return true;
         default:
             for (int user = 0; user < maxUsers; ++user)
@@ -91,21 +79,19 @@ private:
         }
     }
 
-    void open(platform::WindowHandle dialog) {
-        dialog_ = dialog;
-        zelkova::setDialogTitle(dialog, "補正");
-        platform::centerOnScreen(dialog);
+    void open() override {
+        zelkova::setDialogTitle(window(), "補正");
         const HostState& state = host();
         if (const auto place = findQuest(state.sessionList, state.curQuestNumber)) {
             const DataSession& stage = state.sessionList[place->stage];
-            platform::setText({dialog, idStage}, "ステージ名：" + stage.getName());
-            platform::setText({dialog, idRule}, falseStartText(stage));
+            platform::setText(control(idStage), "ステージ名：" + stage.getName());
+            platform::setText(control(idRule), falseStartText(stage));
         }
         for (int user = 0; user < maxUsers; ++user) {
             showUser(user, state.userList[static_cast<std::size_t>(user)]);
             opened_[static_cast<std::size_t>(user)] = read(user);
         }
-        platform::setChecked({dialog, idHideScores}, state.hideScores);
+        platform::setChecked(control(idHideScores), state.hideScores);
     }
 
     void showUser(int index, const DataUserInfo& user) const {
@@ -144,7 +130,7 @@ private:
     bool store() {
         HostState& state = host();
         if (!state.kdlState || state.kdlState->is(StateStart::getInstance())) return false;
-        const bool hide = platform::isChecked({dialog_, idHideScores});
+        const bool hide = platform::isChecked(control(idHideScores));
         for (int user = 0; user < maxUsers; ++user)
             storeUser(user, hide);
         state.hideScores = hide;
@@ -165,9 +151,9 @@ private:
     }
 
     static int controlId(int user, int offset) { return idUser1 + user * groupSize + offset; }
-    platform::Control control(int user, int offset) const { return {dialog_, controlId(user, offset)}; }
+    using Dialog::control;
+    platform::Control control(int user, int offset) const { return control(controlId(user, offset)); }
 
-    platform::WindowHandle dialog_;
     std::array<Shown, maxUsers> opened_;
 };
 

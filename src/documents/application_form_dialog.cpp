@@ -1,12 +1,12 @@
 #include "documents/application_form_dialog.h"
 
 #include "documents/application_form.h"
+#include "foundation/dialog.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "foundation/views/open_with_desktop.h"
 #include "platform/clock.h"
-#include "platform/dialog.h"
 #include "platform/window.h"
 
 namespace {
@@ -26,53 +26,38 @@ enum : int {
     idEndNotKnown = 9313,
 };
 
-// Lives for one opening.
-class ApplicationForm {
+class ApplicationForm : public zelkova::Dialog {
 public:
     ApplicationForm(const DataApplication& settings, const std::string& modulePath)
-        : settings_(settings), modulePath_(modulePath) {}
-
-    int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0904_CREATE_WRITE_APPLICATION",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return handle(dialog, message);
-                                   });
-    }
+        : Dialog("IDD_KDL0904_CREATE_WRITE_APPLICATION"), settings_(settings), modulePath_(modulePath) {}
 
 private:
-    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
-        if (message.id == platform::WM_INITDIALOG) {
-            open(dialog);
-            return true;
-        }
-        if (message.id != platform::WM_COMMAND) return false;
-        switch (static_cast<int>(platform::lowWord(message.wParam))) {
+    bool onCommand(int id) override {
+        switch (id) {
         case idShow:
             make();
             return true;
         case idEndNotKnown:
-            platform::enable({dialog_, idEndTime}, !platform::isChecked({dialog_, idEndNotKnown}));
+            platform::enable(control(idEndTime), !platform::isChecked(control(idEndNotKnown)));
             return true;
         case idCancel:
-            platform::endDialog(dialog_, platform::IDCANCEL);
+            end(platform::IDCANCEL);
             return true;
         default:
             return false;
         }
     }
 
-    void open(platform::WindowHandle dialog) {
-        dialog_ = dialog;
-        zelkova::setDialogTitle(dialog, "参加申込書発行");
-        platform::centerOnScreen(dialog);
+    void open() override {
+        zelkova::setDialogTitle(window(), "参加申込書発行");
         const platform::SystemTime now = platform::getLocalTime();
         for (const int id : {idDate, idStartTime, idEndTime, idIssueDate})
-            platform::setDateTime({dialog, id}, now);
-        platform::setText({dialog, idSessionName}, settings_.getApplicationSessionName());
-        platform::setText({dialog, idOrganizer}, settings_.getApplicationOrganizer());
-        platform::setText({dialog, idDelegate}, settings_.getApplicationDelegate());
-        platform::setText({dialog, idPictures}, settings_.getApplicationDsp());
-        platform::setFocus({dialog, idSessionName});
+            platform::setDateTime(control(id), now);
+        platform::setText(control(idSessionName), settings_.getApplicationSessionName());
+        platform::setText(control(idOrganizer), settings_.getApplicationOrganizer());
+        platform::setText(control(idDelegate), settings_.getApplicationDelegate());
+        platform::setText(control(idPictures), settings_.getApplicationDsp());
+        platform::setFocus(control(idSessionName));
     }
 
     DataUserRegist read() const {
@@ -80,7 +65,7 @@ private:
         regist.setSessionName(text(idSessionName));
         regist.setDate(time(idDate));
         regist.setStartTime(time(idStartTime));
-        if (!platform::isChecked({dialog_, idEndNotKnown})) regist.setEndTime(time(idEndTime));
+        if (!platform::isChecked(control(idEndNotKnown))) regist.setEndTime(time(idEndTime));
         regist.setPlace(text(idPlace));
         regist.setOrganizer(text(idOrganizer));
         regist.setDelegate(text(idDelegate));
@@ -98,19 +83,18 @@ private:
         ApplicationFormWriter writer;
         writer.setSourcePath(path("../tmp/writeApplication.xml"));
         writer.setWorkDirectory(path("../tmp/writeApplicationWork"));
-        if (reportFault(dialog_, writer.write(document, read()), document))
-            zelkova::openWithDesktop(dialog_, document);
+        if (reportFault(window(), writer.write(document, read()), document))
+            zelkova::openWithDesktop(window(), document);
     }
 
-    std::string text(int id) const { return platform::getText({dialog_, id}); }
+    std::string text(int id) const { return platform::getText(control(id)); }
     zelkova::DateTime time(int id) const {
-        return zelkova::DateTime(platform::getDateTime({dialog_, id}).value_or(platform::SystemTime{}));
+        return zelkova::DateTime(platform::getDateTime(control(id)).value_or(platform::SystemTime{}));
     }
     std::string path(const char* relative) const { return zelkova::normalizePath(modulePath_ + relative); }
 
     const DataApplication& settings_;
     const std::string& modulePath_;
-    platform::WindowHandle dialog_;
 };
 
 } // namespace

@@ -3,11 +3,11 @@
 #include "documents/certificate.h"
 #include "documents/kanji_number.h"
 #include "documents/template_text.h"
+#include "foundation/dialog.h"
 #include "foundation/path.h"
 #include "foundation/views/message_box.h"
 #include "foundation/views/open_with_desktop.h"
 #include "platform/clock.h"
-#include "platform/dialog.h"
 #include "platform/window.h"
 
 namespace {
@@ -50,27 +50,14 @@ constexpr Placeholder placeholders[] = {
     {"PublisherName", idPublisher},
 };
 
-// Lives for one opening.
-class Certificate {
+class Certificate : public zelkova::Dialog {
 public:
     Certificate(const DataApplication& settings, const std::string& modulePath)
-        : settings_(settings), modulePath_(modulePath) {}
-
-    int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0602_CERTIFICATE",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return handle(dialog, message);
-                                   });
-    }
+        : Dialog("IDD_KDL0602_CERTIFICATE"), settings_(settings), modulePath_(modulePath) {}
 
 private:
-    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
-        if (message.id == platform::WM_INITDIALOG) {
-            open(dialog);
-            return true;
-        }
-        if (message.id != platform::WM_COMMAND) return false;
-        switch (static_cast<int>(platform::lowWord(message.wParam))) {
+    bool onCommand(int id) override {
+        switch (id) {
         case idWriter:
             makeForWriter();
             return true;
@@ -78,17 +65,15 @@ private:
             makeForWord();
             return true;
         case idCancel:
-            platform::endDialog(dialog_, platform::IDCANCEL);
+            end(platform::IDCANCEL);
             return true;
         default:
             return false;
         }
     }
 
-    void open(platform::WindowHandle dialog) {
-        dialog_ = dialog;
-        zelkova::setDialogTitle(dialog, "賞状発行");
-        platform::centerOnScreen(dialog);
+    void open() override {
+        zelkova::setDialogTitle(window(), "賞状発行");
         const platform::SystemTime today = platform::getLocalTime();
         const std::pair<int, std::string> start[] = {
             {idUserName, "○○○○○○○"},
@@ -102,10 +87,10 @@ private:
             {idPublisher, settings_.getCertificatePublisher()},
         };
         for (const auto& [id, text] : start)
-            platform::setText({dialog, id}, text);
+            platform::setText(control(id), text);
         for (int id = idFirstHint; id <= idLastHint; ++id)
-            platform::setTextColor({dialog, id}, hintColor);
-        platform::setFocus({dialog, idUserName});
+            platform::setTextColor(control(id), hintColor);
+        platform::setFocus(control(idUserName));
     }
 
     void makeForWriter() {
@@ -123,8 +108,8 @@ private:
         CertificateWriter writer;
         writer.setSourcePath(path("../tmp/certificate.xml"));
         writer.setWorkDirectory(path("../tmp/certificateWork"));
-        if (reportFault(dialog_, writer.write(document, certificate), document))
-            zelkova::openWithDesktop(dialog_, document);
+        if (reportFault(window(), writer.write(document, certificate), document))
+            zelkova::openWithDesktop(window(), document);
     }
 
     // Opened by the program of the settings, whatever the desktop would take.
@@ -136,17 +121,16 @@ private:
         std::optional<DocumentFault> fault;
         if (!expandTemplate(path("../tmp/Certificate_master.xml"), document, values))
             fault = documentNotMade(document);
-        if (reportFault(dialog_, fault, document) &&
+        if (reportFault(window(), fault, document) &&
             !platform::shellRun(settings_.getWordFullPath(), document))
-            zelkova::reportNotOpened(dialog_, document);
+            zelkova::reportNotOpened(window(), document);
     }
 
-    std::string field(int id) const { return platform::getText({dialog_, id}); }
+    std::string field(int id) const { return platform::getText(control(id)); }
     std::string path(const char* relative) const { return zelkova::normalizePath(modulePath_ + relative); }
 
     const DataApplication& settings_;
     const std::string& modulePath_;
-    platform::WindowHandle dialog_;
 };
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "editors/part_detail.h"
 
 #include "data/labels.h"
+#include "foundation/dialog.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
-#include "platform/dialog.h"
 #include "platform/window.h"
 
 namespace {
@@ -84,32 +84,20 @@ int fieldOf(StageRefusal refusal) {
     return refusal == badQuestNum ? idQuestNum : refusal == badScore ? idScore : idDeduction;
 }
 
-// Lives for one opening.
-class PartDetail {
+class PartDetail : public zelkova::Dialog {
 public:
-    PartDetail(StageMode mode, DataSession& stage) : stage_(stage), live_(liveSettings(mode, stage)) {}
-
-    int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0405_PARTDETAIL",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return handle(dialog, message);
-                                   });
-    }
+    PartDetail(StageMode mode, DataSession& stage)
+        : Dialog("IDD_KDL0405_PARTDETAIL"), stage_(stage), live_(liveSettings(mode, stage)) {}
 
 private:
-    bool handle(platform::WindowHandle dialog, const platform::Message& message) {
-        if (message.id == platform::WM_INITDIALOG) {
-            open(dialog);
-            return true;
-        }
-        if (message.id != platform::WM_COMMAND) return false;
-        switch (platform::lowWord(message.wParam)) {
+    bool onCommand(int id) override {
+        switch (id) {
         case idOk:
             store();
             return true;
         case idCancel:
         case platform::IDCANCEL:
-            platform::endDialog(dialog_, 0);
+            end(0);
             return true;
         default:
             follow(read());
@@ -117,43 +105,41 @@ private:
         }
     }
 
-    void open(platform::WindowHandle dialog) {
-        platform::centerOnScreen(dialog);
+    void open() override {
         for (const Choice& choice : choices)
             for (const char* label : choice.labels)
-                platform::addItem({dialog, choice.id}, label);
-        platform::setSpinRange({dialog, idMulti}, 1, maxSongs);
-        for (const Governed& control : governed)
-            platform::enable({dialog, control.id}, live_.*control.flag);
-        show(dialog, toForm(stage_));
-        dialog_ = dialog;
+                platform::addItem(control(choice.id), label);
+        platform::setSpinRange(control(idMulti), 1, maxSongs);
+        for (const Governed& row : governed)
+            platform::enable(control(row.id), live_.*row.flag);
+        show(toForm(stage_));
         follow(read());
     }
 
-    static void show(platform::WindowHandle dialog, const StageForm& form) {
+    void show(const StageForm& form) {
         for (const Text& field : texts)
-            platform::setText({dialog, field.id}, form.*field.text);
+            platform::setText(control(field.id), form.*field.text);
         for (const Choice& choice : choices)
-            platform::setSelection({dialog, choice.id}, form.*choice.entry);
+            platform::setSelection(control(choice.id), form.*choice.entry);
         for (const Switch& box : switches)
-            platform::setChecked({dialog, box.id}, form.*box.flag);
-        platform::setChecked({dialog, idHandsType1 + form.handsType}, true);
+            platform::setChecked(control(box.id), form.*box.flag);
+        platform::setChecked(control(idHandsType1 + form.handsType), true);
         int id = idHands1;
         for (const std::string& hands : form.hands)
-            platform::setText({dialog, id++}, hands);
+            platform::setText(control(id++), hands);
     }
 
     StageForm read() const {
         StageForm form;
         for (const Text& field : texts)
-            form.*field.text = platform::getText({dialog_, field.id});
+            form.*field.text = platform::getText(control(field.id));
         for (const Choice& choice : choices)
-            form.*choice.entry = platform::getSelection({dialog_, choice.id});
+            form.*choice.entry = platform::getSelection(control(choice.id));
         for (const Switch& box : switches)
-            form.*box.flag = platform::isChecked({dialog_, box.id});
+            form.*box.flag = platform::isChecked(control(box.id));
         for (int type = 0; type < handsTypeLabels.size(); ++type) {
-            if (platform::isChecked({dialog_, idHandsType1 + type})) form.handsType = type;
-            form.hands[static_cast<std::size_t>(type)] = platform::getText({dialog_, idHands1 + type});
+            if (platform::isChecked(control(idHandsType1 + type))) form.handsType = type;
+            form.hands[static_cast<std::size_t>(type)] = platform::getText(control(idHands1 + type));
         }
         return form;
     }
@@ -161,12 +147,12 @@ private:
     // Fields follow their switches, the remark follows the false-start rule.
     void follow(const StageForm& form) {
         for (const Switch& box : switches) {
-            platform::enable({dialog_, box.partner}, form.*box.flag);
-            platform::enable({dialog_, box.caption}, form.*box.flag);
+            platform::enable(control(box.partner), form.*box.flag);
+            platform::enable(control(box.caption), form.*box.flag);
         }
         for (int type = 0; type < handsTypeLabels.size(); ++type)
-            platform::enable({dialog_, idHands1 + type}, type == form.handsType);
-        platform::setText({dialog_, idRemark}, remark(form));
+            platform::enable(control(idHands1 + type), type == form.handsType);
+        platform::setText(control(idRemark), remark(form));
     }
 
     void store() {
@@ -174,16 +160,15 @@ private:
         const StageRefusal refusal = checkForm(form, live_);
         if (refusal == stageFits) {
             storeForm(form, live_, stage_);
-            platform::endDialog(dialog_, 1);
+            end(1);
             return;
         }
-        zelkova::showMessage(dialog_, refusal);
-        platform::setFocus({dialog_, fieldOf(refusal)});
+        zelkova::showMessage(window(), refusal);
+        platform::setFocus(control(fieldOf(refusal)));
     }
 
     DataSession& stage_;
     const LiveSettings live_;
-    platform::WindowHandle dialog_; // none until all fields are filled
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "console/volume_bar.h"
+#include "foundation/views/volume_bar.h"
 
 #include "foundation/text.h"
 
