@@ -155,6 +155,13 @@ TEST_F(DataViews, StagesAndTheMarksOfTheirSongs) {
     view.updateRow(2, stage);
     EXPECT_TRUE(view.setErrorState(2, 3));
     EXPECT_EQ(view.getText(2, ViewPart::resource), "△");
+
+    EXPECT_TRUE(view.deleteRow(0));
+    EXPECT_FALSE(view.deleteRow(2));
+    EXPECT_EQ(rows(), (Rows{"1|一回戦|10|サビ|∞|HALFUP(×1.5)|3|○|○|○|×",
+                            "2|一回戦|10|サビ|∞|HALFUP(×1.5)|3|○|○|○|△"}));
+    EXPECT_TRUE(view.setErrorState(1, 4)) << "what a row knows of its songs moves with it";
+    EXPECT_EQ(view.getText(1, ViewPart::resource), "×");
 }
 
 TEST_F(DataViews, SongsOfAStageChangePlacesWhileThePlacesStay) {

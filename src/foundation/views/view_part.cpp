@@ -52,6 +52,13 @@ bool ViewPart::updateRow(int index, const DataSession& stage) {
     return write(index, stage);
 }
 
+bool ViewPart::deleteRow(int index) {
+    if (!deleteItem(index)) return false;
+    for (int row = index; row < getItemCount(); ++row)
+        setNumber(row, number, row + 1);
+    return true;
+}
+
 bool ViewPart::setErrorState(int index, int errcode) {
     return writeCells(index, resource, {resourceMark(platform::listRowData(hwnd, index) != 0, errcode)});
 }

@@ -22,10 +22,11 @@ public:
 
     explicit ViewPart(platform::WindowHandle list);
 
-    // The new row's index, -1 when there is no such list. Its number is that of the row, from 1: rows behind
-    // one that was taken out are to be updated.
+    // The new row's index, -1 when there is no such list. Its number is that of the row, from 1.
     int addRow(const DataSession& stage);
     bool updateRow(int index, const DataSession& stage);
+    // The rows behind move up, and their numbers with them.
+    bool deleteRow(int index);
     // Shows the result of a check of the stage's songs. A stage without songs keeps its "×".
     bool setErrorState(int index, int errcode);
     // The row shows that its stage cannot be played.
