@@ -149,6 +149,10 @@ void AccesserResource::setMaxId(std::int32_t number) {
     setChildValue(element, zelkova::numberToText(number));
 }
 
+std::vector<DataResource> AccesserResource::all() const {
+    return search(0, 0, "", -1, {}, {}, "", "", "", -1);
+}
+
 std::vector<DataResource>
 AccesserResource::search(std::int32_t noFrom, std::int32_t noTo, const std::string& title, std::int32_t type,
                          const platform::SystemTime& dateFrom, const platform::SystemTime& dateTo,

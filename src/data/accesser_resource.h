@@ -35,7 +35,9 @@ public:
     // Writes the element. Numbers already given stay so, also with a lower one here.
     void setMaxId(std::int32_t number);
 
-    // Entries from 1 upward, ascending. A filter is off with a `noFrom` of 0 or less, an
+    // Every entry from 1 upward, ascending.
+    std::vector<DataResource> all() const;
+    // Those of them that the filters keep. A filter is off with a `noFrom` of 0 or less, an
     // empty text, a `type` or `fileType` below 0, a year of 0. Texts are patterns (wildcardMatch); ends are
     // included.
     std::vector<DataResource> search(std::int32_t noFrom, std::int32_t noTo, const std::string& title,

@@ -40,9 +40,6 @@ protected:
             out.push_back(one.getNo());
         return out;
     }
-    static std::vector<DataResource> all(const AccesserResource& catalogue) {
-        return catalogue.search(0, 0, "", -1, {}, {}, "", "", "", -1);
-    }
 
     TemporaryFolder folder;
     std::string path = folder.file("ResourceData.xml");
@@ -55,7 +52,7 @@ TEST_F(CatalogueFile, GivesEachNumberOnce) {
     EXPECT_EQ(catalogue.remove(3), 0);
     EXPECT_EQ(catalogue.add(song("4")), 4);
     EXPECT_EQ(catalogue.getMaxId(), 4);
-    EXPECT_THAT(numbers(all(catalogue)), ElementsAre(1, 2, 4));
+    EXPECT_THAT(numbers(catalogue.all()), ElementsAre(1, 2, 4));
     DataResource out = song("stale");
     EXPECT_EQ(catalogue.get(3, out), 0);
     EXPECT_EQ(out.toString(","), DataResource().toString(","));
@@ -159,7 +156,7 @@ TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
     EXPECT_EQ(out.getIntroEnd(), INT_MAX);
     ASSERT_EQ(catalogue.get(5, out), 1);
     EXPECT_EQ(out.getTitle(), "by its first attribute");
-    EXPECT_EQ(all(catalogue).size(), 2u) << "without two thousand million look-ups";
+    EXPECT_EQ(catalogue.all().size(), 2u) << "without two thousand million look-ups";
     EXPECT_EQ(catalogue.add(song("no number left")), 0);
 }
 
@@ -170,7 +167,7 @@ TEST_F(CatalogueFile, AHighestNumberThatIsWrongLosesNoEntryAndGivesNoNumberTwice
         AccesserResource catalogue;
         write("<root>" + std::string(maxId) + entries);
         ASSERT_EQ(catalogue.open(path), 1);
-        EXPECT_EQ(all(catalogue).size(), 3u);
+        EXPECT_EQ(catalogue.all().size(), 3u);
         EXPECT_EQ(catalogue.add(song("new")), 5);
         EXPECT_EQ(catalogue.getMaxId(), 5);
 
@@ -201,7 +198,7 @@ TEST_F(CatalogueFile, SearchesByEveryFilter) {
         catalogue.add(*each);
     const platform::SystemTime from{2012, 2, 0, 29, 0, 0, 0, 0}, to{2012, 3, 0, 1, 0, 0, 0, 0};
 
-    EXPECT_THAT(numbers(all(catalogue)), ElementsAre(1, 2, 3));
+    EXPECT_THAT(numbers(catalogue.all()), ElementsAre(1, 2, 3));
     EXPECT_THAT(numbers(catalogue.search(2, 3, "", -1, {}, {}, "", "", "", -1)), ElementsAre(2, 3));
     EXPECT_THAT(numbers(catalogue.search(0, 0, "a#*", -1, {}, {}, "", "", "", -1)), ElementsAre(1));
     EXPECT_THAT(numbers(catalogue.search(0, 0, "a*", -1, {}, {}, "", "", "", -1)), ElementsAre(1, 2));
@@ -227,7 +224,7 @@ TEST_F(CatalogueFile, KeepsTheChangesWhenTheDiskRefuses) {
     EXPECT_EQ(catalogue.writeTo(folder.file("elsewhere.xml"), xml::encodingOfEdited), 1);
     AccesserResource other;
     EXPECT_EQ(other.open(folder.file("elsewhere.xml")), 1);
-    EXPECT_EQ(all(other).size(), 2u);
+    EXPECT_EQ(other.all().size(), 2u);
 }
 
 // An element that people wrote holds more than a text node.
