@@ -5,12 +5,12 @@
 
 #include "data/labels.h"
 #include "foundation/media.h"
-#include "foundation/random.h"
 #include "foundation/text.h"
 #include "host/state/console_ids.h"
 #include "host/state/effects.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
+#include "host/state/play_span.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
 #include "host/state/status_bar.h"
@@ -21,9 +21,6 @@ namespace {
 
 enum : int { wholeRange = -1, noLimit = -2 };
 
-// A count in the file's own position unit.
-constexpr int edgeUnits = 200;
-
 constexpr std::array playLimits{250, 1000, 3000, 5000, 10000, 15000, +wholeRange, +noLimit}; // by `interval`
 constexpr std::array mediaSpeeds{1000, 2000, 1500, 500, 750};                                // by `speed`
 
@@ -33,40 +30,13 @@ int entry(const std::array<int, Size>& table, int index) {
     return index >= 0 && index < static_cast<int>(Size) ? table[static_cast<std::size_t>(index)] : table[0];
 }
 
-int randomStart(const DataResource& song) {
-    return song.getLength() < edgeUnits ? 0 : zelkova::randomBetween(0, song.getLength() - edgeUnits);
-}
-
-struct Span {
-    std::int64_t start, end; // in the file's position unit
-};
-
-Span playRange(const DataResource& song, int range) {
-    switch (range) {
-    case rangeSabi:
-        return {song.getSabiStart(), song.getSabiEnd()};
-    case rangeRandom:
-        return {randomStart(song), song.getLength()};
-    case rangeMelody:
-        return {song.getIntroEnd(), song.getSabiStart()};
-    case rangeStart:
-        return {0, song.getLength()};
-    case rangeEnd:
-        return {std::int64_t{song.getLength()} - edgeUnits, song.getLength()};
-    case rangeAnswer:
-        return {song.getAnsStart(), song.getAnsEnd()};
-    default:
-        return {song.getIntroStart(), song.getIntroEnd()};
-    }
-}
-
 // What keeps a song from sounding as the stage wants it; empty when nothing does.
 std::string trouble(const DataResource& song, bool opened, int range) {
     if (song.getFileName().empty()) return "楽曲が登録されていません。";
     if (!opened) return "音楽ファイルを開けません。(" + song.getFileName() + ")";
     if (positionFactor(song.getFileType()) == 0)
         return "再生できない形式の楽曲です。(" + song.getTitle() + ")";
-    if ((range == rangeRandom || range == rangeEnd) && song.getLength() < edgeUnits)
+    if ((range == rangeRandom || range == rangeEnd) && song.getLength() < questEdge)
         return "曲が短いため、先頭から再生します。(" + song.getTitle() + ")";
     return {};
 }
@@ -93,7 +63,7 @@ void initResource() {
         unloadSound(media);
         const bool opened = !song.getFileName().empty() && media.open(song.getFileName());
 
-        const Span span = playRange(song, stage.getRange());
+        const PlaySpan span = playSpan(song, stage.getRange());
         state.playStart[index] = toMilliseconds(span.start, song.getFileType());
         state.playEnd[index] = toMilliseconds(span.end, song.getFileType());
         if (song.getFileType() == fileTypeMp3) media.setSpeed(entry(mediaSpeeds, stage.getSpeed()));
@@ -115,11 +85,11 @@ void redrawRandomStarts() {
     if (state.dataSession.getRange() != rangeRandom) return;
     for (std::size_t i = 0; i < state.dataResourceList.size() && i < state.playStart.size(); ++i) {
         const DataResource& song = state.dataResourceList[i];
-        const int start = randomStart(song);
+        const auto start = static_cast<int>(playSpan(song, rangeRandom).start);
         state.playStart[i] = toMilliseconds(start, song.getFileType());
         zelkova::DataPairsList pairs;
         pairs.add("MESSAGE",
-                  "min=0, max=" + zelkova::numberToText(std::max(song.getLength(), edgeUnits) - edgeUnits) +
+                  "min=0, max=" + zelkova::numberToText(std::max(song.getLength(), questEdge) - questEdge) +
                       " start=" + zelkova::numberToText(start));
         writeDebug(pairs);
     }
