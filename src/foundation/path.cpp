@@ -40,8 +40,8 @@ std::string getModuleFileName() {
 }
 
 std::string getModuleFolder() {
-    const std::string program = getModuleFileName();
-    return program.substr(0, program.size() - getFileName(program).size());
+    const std::string inside = getFullPath("x");
+    return inside.substr(0, inside.size() - 1);
 }
 
 std::string getFolder(std::string_view path) {

@@ -10,6 +10,7 @@
 
 #include <QString>
 
+#include "platform/detail/program_folder.h"
 #include "platform/detail/qt_text.h"
 #include "platform/text.h"
 
@@ -26,15 +27,9 @@ std::string withSlashes(std::string_view path) {
     return text;
 }
 
-fs::path programFolder() {
-    std::error_code failure;
-    const fs::path program = fs::read_symlink("/proc/self/exe", failure);
-    return failure ? fs::path("/") : program.parent_path();
-}
-
 fs::path absolute(std::string_view path) {
     const fs::path text = withSlashes(path);
-    return (text.is_absolute() ? text : programFolder() / text).lexically_normal();
+    return (text.is_absolute() ? text : detail::programFolder() / text).lexically_normal();
 }
 
 QString toQString(const fs::path& name) {
@@ -79,7 +74,31 @@ mode_t usualMode() {
     return 0666 & ~mask;
 }
 
+// Empty while it is that of the executable.
+fs::path& chosenFolder() {
+    static fs::path folder;
+    return folder;
+}
+
 } // namespace
+
+namespace detail {
+
+fs::path executable() {
+    std::error_code failure;
+    const fs::path program = fs::read_symlink("/proc/self/exe", failure);
+    return failure ? fs::path("/") : program;
+}
+
+fs::path programFolder() {
+    return chosenFolder().empty() ? executable().parent_path() : chosenFolder();
+}
+
+void setProgramFolder(const fs::path& folder) {
+    chosenFolder() = folder;
+}
+
+} // namespace detail
 
 fs::path nativePath(std::string_view path) {
     if (path.empty()) return {};

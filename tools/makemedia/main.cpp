@@ -1,4 +1,4 @@
-// kdl-makemedia <source folder> <staged tree>
+// kdl-makemedia <source folder> <shipped tree>
 // Makes the sound effects (eft/), the demonstration songs (snd/), the catalogue and the quizzes (cnf/).
 
 #include "makemedia/catalogue.h"
@@ -73,7 +73,7 @@ bool makeAll(const fs::path& source, const fs::path& tree, std::string& error) {
 
 int main(int argc, char** argv) {
     if (argc != 3) {
-        std::fprintf(stderr, "usage: %s <source folder> <staged tree>\n", argv[0]);
+        std::fprintf(stderr, "usage: %s <source folder> <shipped tree>\n", argv[0]);
         return EXIT_FAILURE;
     }
     gst_init(nullptr, nullptr);
