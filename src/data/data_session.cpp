@@ -40,10 +40,7 @@ std::string DataSession::toString(const std::string& separator) const {
 
 void DataSession::setResourceId(const std::string& text) {
     mResourceId = text;
-    mResources.clear();
-    if (text.empty()) return;
-    for (const std::string& piece : zelkova::split(text, ","))
-        mResources.push_back(zelkova::stringToInt(piece));
+    mResources = zelkova::splitNumbers(text);
 }
 
 bool resourceFitsSession(const DataResource& resource, const DataSession& session) {

@@ -124,6 +124,21 @@ std::string numberToText(std::int32_t number, int plus) {
     return (plus == 1 && number > 0 ? "+" : "") + std::to_string(number);
 }
 
+std::string joinNumbers(const std::vector<std::int32_t>& numbers) {
+    std::string text;
+    for (const std::int32_t number : numbers)
+        text.append(text.empty() ? "" : ",").append(numberToText(number));
+    return text;
+}
+
+std::vector<std::int32_t> splitNumbers(std::string_view text) {
+    std::vector<std::int32_t> numbers;
+    if (text.empty()) return numbers;
+    for (const std::string& piece : split(text, ","))
+        numbers.push_back(stringToInt(piece));
+    return numbers;
+}
+
 std::string numberWithCommas(std::int32_t number) {
     std::string text = std::to_string(number);
     const int digits = number < 0 ? 1 : 0;

@@ -49,6 +49,9 @@ bool firstToken(std::string_view text, std::string_view separator, int index, st
 std::int32_t stringToInt(std::string_view text);
 // With `plus` 1 a positive number starts with "+".
 std::string numberToText(std::int32_t number, int plus = 0);
+// Numbers as one text, with "," between them; no number is an empty text.
+std::string joinNumbers(const std::vector<std::int32_t>& numbers);
+std::vector<std::int32_t> splitNumbers(std::string_view text);
 // "1,234,567"
 std::string numberWithCommas(std::int32_t number);
 // "(1,234Byte)"

@@ -43,6 +43,11 @@ TEST(Text, SplitsAndReplacesOnBoundaries) {
     EXPECT_EQ(replaceAll("aa表a", "a", "aa"), "aaaa表aa");
     EXPECT_EQ(replaceAll("表\\", "\\", "/"), "表/");
 
+    EXPECT_EQ(splitNumbers("3, 12,x,,-5"), (std::vector<std::int32_t>{3, 12, 0, 0, -5}));
+    EXPECT_EQ(splitNumbers(""), std::vector<std::int32_t>{});
+    EXPECT_EQ(joinNumbers({3, 0, -5}), "3,0,-5");
+    EXPECT_EQ(joinNumbers({}), "");
+
     std::string piece = "kept";
     EXPECT_TRUE(firstToken("待機中|選んで", "|", 1, piece));
     EXPECT_EQ(piece, "選んで");

@@ -20,11 +20,7 @@ int songCount(const DataSession& session) {
 }
 
 std::vector<int> songNumbers(const DataSession& stage) {
-    std::vector<int> numbers;
-    if (stage.getResourceId().empty()) return numbers;
-    for (const std::string& number : zelkova::split(stage.getResourceId(), ","))
-        numbers.push_back(zelkova::stringToInt(number));
-    return numbers;
+    return zelkova::splitNumbers(stage.getResourceId());
 }
 
 bool questToSessionInfo(const std::vector<DataSession>& stages, int quest, DataSession& session,
