@@ -6,6 +6,15 @@
 #include "data/data_resource.h"
 #include "data/record.h"
 
+// What the editors found when they last checked a stage's songs.
+enum SongCheck : int {
+    songsComplete = 0,
+    songsMissing = 1,  // a place has no song
+    songsRepeated = 2, // one stands in two places
+    songsShared = 3,   // another stage has one of them too
+    songsUnfit = 4,    // one cannot be played under the stage's settings
+};
+
 class DataSession {
 public:
     virtual ~DataSession() = default;
@@ -28,7 +37,7 @@ public:
     KDL_FIELD(std::int32_t, Hands, -1);
     KDL_FIELD(std::int32_t, Steal, -1); // stealLabels; -1: none
     KDL_FIELD(std::int32_t, Limit, -1);
-    KDL_FIELD(std::int32_t, Errcode, -1); // of the editors' last check
+    KDL_FIELD(std::int32_t, Errcode, -1); // SongCheck; below 0: not checked
 
 public:
     const std::string& getResourceId() const { return mResourceId; }

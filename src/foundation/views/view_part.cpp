@@ -15,8 +15,6 @@ constexpr const char* playable = "○";
 constexpr const char* doubtful = "△";
 constexpr const char* refused = "×";
 
-enum CheckResult : int { checkComplete = 0, checkSongsMissing = 1, checkSongMisfits = 4 };
-
 std::string markIf(bool on) {
     return on ? "○" : "";
 }
@@ -30,10 +28,10 @@ bool hasSongs(const DataSession& stage) {
 const char* resourceMark(bool songs, int errcode) {
     if (!songs) return refused;
     switch (errcode) {
-    case checkComplete:
+    case songsComplete:
         return playable;
-    case checkSongsMissing:
-    case checkSongMisfits:
+    case songsMissing:
+    case songsUnfit:
         return refused;
     default:
         return doubtful;
