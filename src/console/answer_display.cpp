@@ -14,6 +14,7 @@
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/rule_text.h"
+#include "host/state/song_play.h"
 #include "platform/window.h"
 
 namespace {
@@ -39,7 +40,6 @@ enum : int {
 constexpr unsigned tickMs = 500;
 constexpr int ticksPerSong = 16; // of a quest of several songs
 constexpr int nobody = -1;
-constexpr int normalSpeed = 1000;
 
 class AnswerDisplay : public zelkova::Dialog {
 public:
@@ -153,11 +153,7 @@ private:
 
     void playCurrentSong() {
         const DataResource song = currentRecord();
-        zelkova::Media& media = currentMedia();
-        media.seek(toMilliseconds(song.getAnsStart(), song.getFileType()));
-        media.setVolume(host().answerVolume * 10);
-        media.setSpeed(normalSpeed);
-        media.play();
+        playFrom(currentMedia(), toMilliseconds(song.getAnsStart(), song.getFileType()), host().answerVolume);
     }
 
     void onTick() {

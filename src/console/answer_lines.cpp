@@ -10,11 +10,6 @@ constexpr int titlePixels = 20; // of the one answer that is judged
 
 } // namespace
 
-std::string songText(const DataResource& song) {
-    if (song.getTitle().empty() && song.getArtist().empty()) return {};
-    return song.getTitle() + "(" + song.getArtist() + ")";
-}
-
 void showAnswerLines(platform::WindowHandle dialog, int firstLine, const DataSession& stage,
                      const std::vector<DataResource>& songs) {
     if (songs.empty()) return;

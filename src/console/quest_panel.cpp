@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "console/answer_lines.h"
 #include "console/console_pane.h"
 #include "data/labels.h"
 #include "foundation/text.h"

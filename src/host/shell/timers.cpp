@@ -13,17 +13,9 @@ namespace {
 
 constexpr int playTickMs = 50;
 
-// A lead-in that stands still between two ticks has ended, whatever its length was said to be.
-bool leadInPlays() {
-    HostState& state = host();
-    const int before = state.leadInPosition;
-    state.leadInPosition = state.effectMedia.getPosition();
-    return state.leadInPosition < state.leadInEnd && state.leadInPosition != before;
-}
-
 void onLeadInTick() {
     HostState& state = host();
-    if (leadInPlays()) return;
+    if (!soundIsOver(state.effectMedia, state.leadInEnd, state.leadInPosition)) return;
     platform::killTimer(state.mainWindow, ids::leadInTimer);
     unloadSound(state.effectMedia);
     if (!accepts(EV_PLAY)) return;

@@ -1,34 +1,22 @@
 #include "host/state/play_control.h"
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
 #include "data/labels.h"
-#include "foundation/media.h"
 #include "foundation/text.h"
 #include "host/state/console_ids.h"
-#include "host/state/effects.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/play_span.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
+#include "host/state/song_play.h"
 #include "host/state/status_bar.h"
 #include "platform/controls.h"
 #include "platform/messages.h"
 
 namespace {
-
-enum : int { wholeRange = -1, noLimit = -2 };
-
-constexpr std::array playLimits{250, 1000, 3000, 5000, 10000, 15000, +wholeRange, +noLimit}; // by `interval`
-constexpr std::array mediaSpeeds{1000, 2000, 1500, 500, 750};                                // by `speed`
-
-// Values outside a table count as its first entry.
-template <std::size_t Size>
-int entry(const std::array<int, Size>& table, int index) {
-    return index >= 0 && index < static_cast<int>(Size) ? table[static_cast<std::size_t>(index)] : table[0];
-}
 
 // What keeps a song from sounding as the stage wants it; empty when nothing does.
 std::string trouble(const DataResource& song, bool opened, int range) {
@@ -46,6 +34,18 @@ bool isChecked(int song) {
            platform::isChecked(host().questCheck[static_cast<std::size_t>(song)]);
 }
 
+// The songs of the current quest that play.
+std::vector<SongPlay> checkedSongs() {
+    HostState& state = host();
+    std::vector<SongPlay> songs;
+    for (int i = 0; i < songCount(state.dataSession); ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        if (isChecked(i))
+            songs.push_back({&state.questMedia[index], state.playStart[index], state.playEnd[index]});
+    }
+    return songs;
+}
+
 } // namespace
 
 void initResource() {
@@ -59,17 +59,10 @@ void initResource() {
         const auto index = static_cast<std::size_t>(i);
         const DataResource song =
             index < state.dataResourceList.size() ? state.dataResourceList[index] : DataResource();
-        zelkova::Media& media = state.questMedia[index];
-        unloadSound(media);
-        const bool opened = !song.getFileName().empty() && media.open(song.getFileName());
-
-        const PlaySpan span = playSpan(song, stage.getRange());
-        state.playStart[index] = toMilliseconds(span.start, song.getFileType());
-        state.playEnd[index] = toMilliseconds(span.end, song.getFileType());
-        if (song.getFileType() == fileTypeMp3) media.setSpeed(entry(mediaSpeeds, stage.getSpeed()));
-        media.seek(state.playStart[index]);
-        media.setVolume(state.masterVolume * 10);
-        if (warning.empty()) warning = trouble(song, opened, stage.getRange());
+        const SongPlay play = loadSong(state.questMedia[index], song, stage, state.masterVolume);
+        state.playStart[index] = play.start;
+        state.playEnd[index] = play.end;
+        if (warning.empty()) warning = trouble(song, play.opened, stage.getRange());
     }
     setPlayLimit();
     state.questWarning = warning;
@@ -77,7 +70,7 @@ void initResource() {
 }
 
 void setPlayLimit() {
-    host().playLimit = entry(playLimits, host().dataSession.getInterval());
+    host().playLimit = playLimitOf(host().dataSession);
 }
 
 void redrawRandomStarts() {
@@ -96,23 +89,8 @@ void redrawRandomStarts() {
 }
 
 bool checkPlayStop() {
-    HostState& state = host();
-    const bool timeOver = state.playLimit >= 0 && state.playElapsed >= state.playLimit;
-    bool anySounds = false;
-    for (int i = 0; i < songCount(state.dataSession); ++i) {
-        if (!isChecked(i)) continue;
-        const auto index = static_cast<std::size_t>(i);
-        zelkova::Media& media = state.questMedia[index];
-        const int end = media.getEnd();
-        if (end <= 0) continue; // did not open
-        anySounds = true;
-        const int position = media.getPosition();
-        if (state.dataSession.getSpeed() == 0 && position >= end) return true;
-        if (state.playLimit == noLimit) continue;
-        if (timeOver || position >= state.playEnd[index]) return true;
-    }
-    if (anySounds) return false;
-    return timeOver || state.playLimit == wholeRange;
+    const HostState& state = host();
+    return isPlayOver(checkedSongs(), state.dataSession.getSpeed(), state.playLimit, state.playElapsed);
 }
 
 void enterPlay() {
@@ -124,16 +102,7 @@ void enterPlay() {
 }
 
 void startSongs() {
-    HostState& state = host();
-    for (int i = 0; i < songCount(state.dataSession); ++i) {
-        if (!isChecked(i)) continue;
-        const auto index = static_cast<std::size_t>(i);
-        state.questMedia[index].seek(state.playStart[index]);
-    }
-    // In one breath, so that they start together: the device lets the first that is ready wait for the
-    // others.
-    for (int i = 0; i < songCount(state.dataSession); ++i)
-        if (isChecked(i)) state.questMedia[static_cast<std::size_t>(i)].play();
+    startSongs(checkedSongs());
 }
 
 void stopSongs() {
@@ -151,23 +120,25 @@ void haltSongs() {
 void showProgress() {
     HostState& state = host();
     if (state.dataResourceList.empty()) return;
-    const DataResource& song = state.dataResourceList[0];
-    const int factor = positionFactor(song.getFileType());
-    const int position = factor == 0 ? 0 : state.questMedia[0].getPosition() / factor;
-    const int length = factor == 0 ? 0 : song.getLength();
+    const auto [position, length] = progressOf(state.dataResourceList[0], state.questMedia[0]);
     platform::setText({state.consolePane, ids::playPosition},
                       zelkova::numberToText(position) + "/" + zelkova::numberToText(length));
     platform::setPosition({state.consolePane, ids::playBar}, position);
 }
 
-void applyMasterVolume(int level) {
+void setPlayerVolumes(int level) {
     HostState& state = host();
-    state.masterVolume = level;
     for (zelkova::Media& media : state.questMedia)
         media.setVolume(level * 10);
     state.effectMedia.setVolume(level * 10);
     state.bgmMedia.setVolume(level * 10);
     zelkova::setMasterVolume(level);
+}
+
+void applyMasterVolume(int level) {
+    HostState& state = host();
+    state.masterVolume = level;
+    setPlayerVolumes(level);
     platform::setPosition({state.consolePane, ids::volume}, level);
     platform::setText({state.consolePane, ids::volumeText}, zelkova::numberToText(level));
 }

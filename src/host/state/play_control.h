@@ -28,6 +28,7 @@ void haltSongs();
 // The songs' progress on the console's play bar.
 void showProgress();
 
-// Sets the volume of all players of the host and the master volume, and what the console shows of it. 0 to
-// 100.
+// Of all players of the host, and of all that it plays. 0 to 100.
+void setPlayerVolumes(int level);
+// The same as the volume of the show, which the console shows.
 void applyMasterVolume(int level);

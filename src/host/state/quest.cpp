@@ -15,6 +15,11 @@ std::optional<QuestPlace> findQuest(const std::vector<DataSession>& stages, int 
     return std::nullopt;
 }
 
+std::string songText(const DataResource& song) {
+    if (song.getTitle().empty() && song.getArtist().empty()) return {};
+    return song.getTitle() + "(" + song.getArtist() + ")";
+}
+
 int songCount(const DataSession& session) {
     return std::clamp(session.getMulti(), 1, maxSongs);
 }

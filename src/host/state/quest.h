@@ -2,6 +2,7 @@
 // Finding a quest's stage and songs.
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "data/data_resource.h"
@@ -25,6 +26,9 @@ bool questToSessionInfo(const std::vector<DataSession>& stages, int quest, DataS
 
 // The stage's catalogue numbers in playing order.
 std::vector<int> songNumbers(const DataSession& stage);
+
+// "title(artist)"; empty for a song that the catalogue does not know.
+std::string songText(const DataResource& song);
 
 // 1 to 5, whatever stands in the record.
 int songCount(const DataSession& session);
