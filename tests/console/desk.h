@@ -11,12 +11,12 @@
 
 #include "console/console_pane.h"
 #include "console/data_pane.h"
-#include "console/watched_sound.h"
 #include "data/data_resource.h"
 #include "data/data_session.h"
 #include "host/state/host_state.h"
 #include "platform/driver.h"
 #include "support/temporary_folder.h"
+#include "support/watched_sound.h"
 
 namespace console_tests {
 
@@ -42,7 +42,7 @@ protected:
     std::string consoleText(int id) const { return platform::getText(console(id)); }
 
     test_support::TemporaryFolder folder;
-    WatchedSound sound;
+    test_support::WatchedSound sound;
     platform::ManualClock clock;
     platform::WindowHandle window;
     ChildLeftWnd left;

@@ -1,62 +1,20 @@
 // What the audience hears of a quest: the right part of the song at the right speed, from the terminal's 302
 // to the stop, and silence at the buzz.
 
-#include <mutex>
-
 #include <gtest/gtest.h>
 
 #include "data/labels.h"
 #include "e2e/desk.h"
 #include "host/state/console_ids.h"
+#include "support/audience.h"
 #include "support/test_sounds.h"
 
 namespace {
 
-using test_support::soundRate;
 using test_support::stage;
 
 // Each second of the song has a tone of its own.
 const std::vector<double> melody = {440, 520, 620, 740, 850, 970};
-constexpr std::size_t tenth = soundRate / 10;
-
-// Everything that the host sends to the loudspeaker, by the time at which it is due; players are not told
-// apart.
-class Audience {
-public:
-    void hear(const platform::CapturedBlock& block) {
-        const std::lock_guard lock(mutex_);
-        for (std::size_t frame = 0; frame < block.frames; ++frame) {
-            if (block.samples[2 * frame] == 0 && block.samples[2 * frame + 1] == 0) continue;
-            lastSound_ = block.tick + static_cast<std::uint32_t>(frame * 1000 / soundRate);
-            if (stereo_.empty()) firstSound_ = lastSound_;
-            break;
-        }
-        if (!stereo_.empty() || lastSound_ != 0)
-            stereo_.insert(stereo_.end(), block.samples, block.samples + 2 * block.frames);
-    }
-    void forget() {
-        const std::lock_guard lock(mutex_);
-        stereo_.clear();
-        firstSound_ = lastSound_ = 0;
-    }
-    std::vector<std::int16_t> stereo() const {
-        const std::lock_guard lock(mutex_);
-        return stereo_;
-    }
-    std::uint32_t firstSound() const {
-        const std::lock_guard lock(mutex_);
-        return firstSound_;
-    }
-    std::uint32_t lastSound() const {
-        const std::lock_guard lock(mutex_);
-        return lastSound_;
-    }
-
-private:
-    mutable std::mutex mutex_;
-    std::vector<std::int16_t> stereo_;
-    std::uint32_t firstSound_ = 0, lastSound_ = 0;
-};
 
 class HeardShow : public testing::Test {
 protected:
@@ -105,13 +63,7 @@ protected:
         desk.reply("STATUSNOTIFY", 302);
     }
 
-    double toneAt(int milliseconds) {
-        const auto frame = static_cast<std::size_t>(milliseconds) * soundRate / 1000;
-        const auto heard = audience.stereo();
-        return heard.size() / 2 < frame + tenth ? 0 : test_support::strongestTone(heard, frame, tenth);
-    }
-
-    Audience audience;
+    test_support::Audience audience;
     e2e::Desk desk;
     std::uint32_t started = 0;
 };
@@ -126,16 +78,16 @@ TEST_F(HeardShow, TheRangeSoundsAndThenNothing) {
     EXPECT_LT(audience.firstSound() - started, 150u);
     EXPECT_NEAR(static_cast<double>(over - started), 2000, 300);
     EXPECT_LT(static_cast<int>(audience.lastSound() - over), 150);
-    EXPECT_NEAR(toneAt(400), melody[2], 15);
-    EXPECT_NEAR(toneAt(1400), melody[3], 15);
+    EXPECT_NEAR(audience.toneAt(400), melody[2], 15);
+    EXPECT_NEAR(audience.toneAt(1400), melody[3], 15);
 }
 
 TEST_F(HeardShow, TwiceTheSpeedIsTwiceThePitch) {
     play(rangeSabi, 1);
     ASSERT_TRUE(desk.passUntil([this] { return desk.stateName() == "WAIT"; }, 10000));
     EXPECT_NEAR(static_cast<double>(platform::getTickCount() - started), 1000, 300);
-    EXPECT_NEAR(toneAt(200), 2 * melody[2], 30);
-    EXPECT_NEAR(toneAt(700), 2 * melody[3], 30);
+    EXPECT_NEAR(audience.toneAt(200), 2 * melody[2], 30);
+    EXPECT_NEAR(audience.toneAt(700), 2 * melody[3], 30);
 }
 
 TEST_F(HeardShow, ABuzzMakesSilence) {

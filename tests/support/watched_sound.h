@@ -8,7 +8,7 @@
 
 #include "platform/sound.h"
 
-namespace console_tests {
+namespace test_support {
 
 // The device in use for as long as it lives; no player may live longer.
 class WatchedSound {
@@ -33,4 +33,4 @@ private:
     std::shared_ptr<std::vector<std::weak_ptr<Player>>> players_;
 };
 
-} // namespace console_tests
+} // namespace test_support

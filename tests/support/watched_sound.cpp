@@ -1,6 +1,6 @@
-#include "console/watched_sound.h"
+#include "support/watched_sound.h"
 
-namespace console_tests {
+namespace test_support {
 
 namespace {
 
@@ -92,4 +92,4 @@ int WatchedSound::playing(const std::string& path) const {
     return count;
 }
 
-} // namespace console_tests
+} // namespace test_support
