@@ -29,6 +29,9 @@ enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 Answer messageBox(WindowHandle owner, std::string_view text, std::string_view title, Buttons buttons,
                   SystemIcon icon);
 
+// The sound that goes with a box of that icon, for a dialog that stands in its place.
+void messageBeep(SystemIcon icon);
+
 struct FileDialog {
     std::string startPath;        // a folder with a final separator, a folder + "*", or a proposed file
     std::string filterName;       // shown, for instance "XML"

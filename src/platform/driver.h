@@ -17,6 +17,8 @@ bool click(Control control); // buttons, check boxes, radio buttons
 bool select(Control comboOrList, int index);
 bool type(Control edit, std::string_view text); // replaces what stands there, key by key
 bool slide(Control bar, int position);
+bool holdThumb(Control bar, bool held);            // takes it, or lets it go
+bool turnWheel(Control control, int notches);      // over the control; up when positive
 bool pick(Control picker, const SystemTime& time); // a date or a time
 bool spin(Control edit, int steps);                // presses the up-down's arrow, down when negative
 bool doubleClickRow(Control list, int row);
@@ -36,6 +38,8 @@ bool screenshot(WindowHandle window, const std::string& path, double scale = 1.0
 // Controls whose text does not fit their rectangle, as "id: text" (UTF-8); empty when all is well. A label
 // that cuts its text with dots is among them while it does.
 std::vector<std::string> clippedControls(WindowHandle window);
+// The cell's text does not fit its column.
+bool isCellCut(Control list, int row, int column);
 
 struct OpenDialog {
     std::string
@@ -75,7 +79,8 @@ public:
 
     // Faults so far, and unused expectations. A test ends with EXPECT_EQ(script.faults(), none).
     std::vector<std::string> faults() const;
-    bool done() const; // every expectation was used
+    const std::vector<SystemIcon>& beeps() const; // heard so far
+    bool done() const;                            // every expectation was used
 
 private:
     struct State;

@@ -74,6 +74,12 @@ TEST(MessageBox, WaitsForItsButtonsAndGivesNoWayAroundYesAndNo) {
     EXPECT_FALSE(driver::answerMessageBox(Answer::Ok)) << "nothing is open";
 }
 
+TEST(MessageBox, HasASoundThatADialogInItsPlaceCanMake) {
+    driver::Script script;
+    messageBeep(SystemIcon::Warning);
+    EXPECT_THAT(script.beeps(), ElementsAre(SystemIcon::Warning));
+}
+
 TEST(MessageBox, IsAnsweredByAScriptThatReadsIt) {
     TestWindow main;
     driver::Script script;
@@ -172,6 +178,59 @@ TEST(Menu, SendsItsCommandsAndKeepsWhatIsOff) {
     EXPECT_FALSE(isMenuItemEnabled(main, 302));
     EXPECT_FALSE(driver::chooseMenu(main, 302));
     EXPECT_FALSE(driver::chooseMenu(main, 999));
+}
+
+TEST(Menu, MarksWhatTheProgramMarksAndNothingElse) {
+    TestWindow main(WS_VISIBLE, "TestWindowWithMenu");
+    const auto marked = [&] {
+        std::vector<int> commands;
+        for (const int command : menuCommands(main))
+            if (isMenuItemChecked(main, command)) commands.push_back(command);
+        return commands;
+    };
+    EXPECT_THAT(marked(), IsEmpty());
+    checkMenuItem(main, 301, true);
+    EXPECT_THAT(marked(), ElementsAre(301));
+    for (const int command : {301, 302})
+        EXPECT_TRUE(driver::chooseMenu(main, command));
+    EXPECT_THAT(marked(), ElementsAre(301)) << "a choice marks nothing";
+    checkMenuItem(main, 301, false);
+    checkMenuRadioItem(main, 301, 303, 302);
+    EXPECT_THAT(marked(), ElementsAre(302));
+    EXPECT_TRUE(driver::chooseMenu(main, 302)) << "also what is marked";
+    checkMenuRadioItem(main, 301, 303, 303);
+    EXPECT_THAT(marked(), ElementsAre(303));
+}
+
+TEST(Menu, StandsOnADialogAndPopsUpOverIt) {
+    TestWindow main(WS_VISIBLE);
+    std::vector<unsigned> commands;
+    soon(main, [] {
+        const WindowHandle dialog = driver::openDialogs().back().window;
+        EXPECT_THAT(menuCommands(dialog), ElementsAre(301, 302, 303));
+        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
+        EXPECT_TRUE(driver::chooseMenu(dialog, 302));
+        checkMenuItem(dialog, 303, true);
+        enableMenuItem(dialog, 301, false);
+        driver::click({dialog, 401}); // pops the same menu up
+    });
+    const int result = runDialog(main, "IDD_TEST_MENU", [&](WindowHandle dialog, const Message& message) {
+        if (message.id == WM_USER) {
+            EXPECT_FALSE(driver::chooseMenu(dialog, 301)) << "off";
+            EXPECT_TRUE(driver::chooseMenu(dialog, 303));
+            return true;
+        }
+        if (message.id != WM_COMMAND) return false;
+        commands.push_back(lowWord(message.wParam));
+        if (commands.back() == 401) {
+            postMessage(dialog, WM_USER);
+            popupMenu(dialog, "IDM_TEST_BAR");
+            endDialog(dialog, 1);
+        }
+        return true;
+    });
+    EXPECT_EQ(result, 1);
+    EXPECT_THAT(commands, ElementsAre(302, 401, 303));
 }
 
 TEST(Menu, PopsUpAndSendsTheChoiceBeforeItReturns) {

@@ -17,6 +17,7 @@ public:
     virtual Answer messageBox(const std::string& text, Buttons buttons) = 0;
     virtual std::optional<std::string> fileDialog(const std::string& kind) = 0;
     virtual int menu(const std::string& name) = 0; // the command, 0 for none
+    virtual void beep(SystemIcon icon) = 0;
     virtual bool open(const std::string& target) = 0;
 };
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/types.h"
+#include "platform/detail/registry.h"
 
 namespace platform::detail {
 
@@ -17,5 +17,6 @@ QMenuBar* loadMenuBar(WindowHandle window, const std::string& name);
 // The commands of a menu bar or menu, in the order of its entries.
 std::vector<QAction*> commandsOf(const QWidget* menu);
 int commandOf(const QAction* action); // 0 for titles and separators
+void setMark(QAction* action, std::optional<MenuMark> mark);
 
 } // namespace platform::detail

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QSize>
 #include <QWidget>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,6 +16,8 @@
 #include "platform/window.h"
 
 namespace platform::detail {
+
+enum class MenuMark { Tick, Dot };
 
 struct Record {
     WindowHandle handle, parent;
@@ -29,9 +32,10 @@ struct Record {
     unsigned style = 0, exStyle = 0;
     void* userData = nullptr;
     std::optional<Color> textColor, backColor;
-    std::set<int> disabledCommands; // of the menu bar and of pop-up menus
-    QSize reportedSize{-1, -1};     // client size of the last WM_SIZE
-    bool shown = false;             // was shown once
+    std::set<int> disabledCommands;         // of the menu bar and of pop-up menus
+    std::map<int, MenuMark> markedCommands; // likewise
+    QSize reportedSize{-1, -1};             // client size of the last WM_SIZE
+    bool shown = false;                     // was shown once
     bool minimized = false;
     bool destroying = false;
     int openModals = 0;        // modal dialogs that this window owns

@@ -45,6 +45,7 @@ class ScriptAnswers : public detail::Answers {
 public:
     std::deque<Expectation> expected;
     std::vector<std::string> faults;
+    std::vector<SystemIcon> beeps;
 
     void dialog(const std::string& name, WindowHandle dialog) override {
         if (const auto next = take(Expectation::Kind::Dialog, name, "dialog " + name)) {
@@ -77,6 +78,8 @@ public:
         const auto next = take(Expectation::Kind::Menu, name, "menu " + name);
         return next ? next->command : 0;
     }
+
+    void beep(SystemIcon icon) override { beeps.push_back(icon); }
 
     bool open(const std::string& target) override {
         if (expected.empty() || expected.front().kind != Expectation::Kind::Open) return false;
@@ -155,6 +158,10 @@ std::vector<std::string> Script::faults() const {
     for (const Expectation& unused : state_->answers.expected)
         all.push_back(describe(unused) + " did not come");
     return all;
+}
+
+const std::vector<SystemIcon>& Script::beeps() const {
+    return state_->answers.beeps;
 }
 
 bool Script::done() const {

@@ -1,5 +1,6 @@
 #include "platform/dialog.h"
 
+#include <QLayout>
 #include <QPushButton>
 #include <algorithm>
 
@@ -7,6 +8,7 @@
 #include "platform/detail/delivery.h"
 #include "platform/detail/dialog_window.h"
 #include "platform/detail/event_loop.h"
+#include "platform/detail/menu_bar.h"
 #include "platform/detail/modal_stack.h"
 #include "platform/detail/template_loader.h"
 
@@ -23,12 +25,21 @@ bool hasEnded(WindowHandle dialog) {
     return !record || record->result.has_value();
 }
 
+// The form names its menu.
+void giveMenu(Record& record, const QWidget& form) {
+    const QByteArray menu = form.property("menu").toString().toLatin1();
+    if (menu.isEmpty() || !(record.menuBar = loadMenuBar(record.handle, menu.toStdString()))) return;
+    record.widget->layout()->setMenuBar(record.menuBar);
+    record.menuBar->setNativeMenuBar(false);
+}
+
 // Size and title are the form's own; without a default button there, OK is it.
 void fitToForm(DialogWindow& dialog, const QWidget& form, QPushButton* ok) {
     const QList<QPushButton*> buttons = form.findChildren<QPushButton*>();
     if (ok && std::ranges::none_of(buttons, &QPushButton::isDefault)) ok->setDefault(true);
     dialog.setWindowTitle(form.windowTitle());
-    dialog.resize(form.size().expandedTo(dialog.minimumSizeHint()));
+    const int menu = dialog.layout()->menuBar() ? dialog.layout()->menuBar()->sizeHint().height() : 0;
+    dialog.resize((form.size() + QSize(0, menu)).expandedTo(dialog.minimumSizeHint()));
 }
 
 int finish(WindowHandle dialog) {
@@ -65,6 +76,7 @@ int runDialog(WindowHandle owner, const std::string& name, const DialogProc& pro
         removeRecord(dialog);
         return -1;
     }
+    giveMenu(record, *form);
     fitToForm(*widget, *form, widgetOf<QPushButton>(Control(dialog, IDOK)));
     record.reportedSize = widget->size();
     record.dialogProc = &proc;

@@ -2,6 +2,7 @@
 
 #include <QCursor>
 #include <QMenu>
+#include <QScopeGuard>
 #include <algorithm>
 
 #include "platform/detail/answers.h"
@@ -27,6 +28,16 @@ QAction* findCommand(WindowHandle window, int command) {
     return found == commands.end() ? nullptr : *found;
 }
 
+void mark(WindowHandle window, int command, std::optional<MenuMark> wanted) {
+    Record* record = findRecord(window);
+    if (!record) return;
+    if (wanted)
+        record->markedCommands[command] = *wanted;
+    else
+        record->markedCommands.erase(command);
+    if (QAction* action = findCommand(window, command)) setMark(action, wanted);
+}
+
 // What the user, or a script in the user's place, picks; 0 for nothing.
 int pick(QMenu& menu, const std::string& name, WindowHandle window) {
     if (answers()) {
@@ -41,7 +52,7 @@ int pick(QMenu& menu, const std::string& name, WindowHandle window) {
     const QPointer<QMenu> open = &menu;
     menu.popup(QCursor::pos());
     runUntil([&] { return !open || !open->isVisible() || !isWindow(window); });
-    menu.close();
+    if (open) menu.close();
     return command;
 }
 
@@ -55,6 +66,20 @@ void enableMenuItem(WindowHandle window, int command, bool enabled) {
     else
         record->disabledCommands.insert(command);
     if (QAction* action = findCommand(window, command)) action->setEnabled(enabled);
+}
+
+void checkMenuItem(WindowHandle window, int command, bool checked) {
+    mark(window, command, checked ? std::optional(MenuMark::Tick) : std::nullopt);
+}
+
+void checkMenuRadioItem(WindowHandle window, int first, int last, int command) {
+    for (int each = first; each <= last; ++each)
+        mark(window, each, each == command ? std::optional(MenuMark::Dot) : std::nullopt);
+}
+
+bool isMenuItemChecked(WindowHandle window, int command) {
+    const Record* record = findRecord(window);
+    return record && record->markedCommands.contains(command);
 }
 
 bool isMenuItemEnabled(WindowHandle window, int command) {
@@ -78,11 +103,16 @@ void popupMenu(WindowHandle window, const std::string& name) {
     const Record* record = findRecord(window);
     if (!record) return;
     // A pop-up is the first menu of a form made like a menu bar; its commands are sent below, not by the bar.
-    const std::unique_ptr<QMenuBar> bar(loadMenuBar({}, name));
+    const QPointer<QMenuBar> bar = loadMenuBar({}, name);
+    const auto end = qScopeGuard([&bar] { delete bar.data(); });
     if (!bar || bar->actions().isEmpty() || !bar->actions().front()->menu()) return;
+    bar->setParent(record->widget); // some desktops open a menu over its window only
     QMenu* menu = bar->actions().front()->menu();
-    for (QAction* action : commandsOf(menu))
+    for (QAction* action : commandsOf(menu)) {
         action->setEnabled(!record->disabledCommands.contains(commandOf(action)));
+        const auto marked = record->markedCommands.find(commandOf(action));
+        if (marked != record->markedCommands.end()) setMark(action, marked->second);
+    }
     if (const int command = pick(*menu, name, window))
         sendMessage(window, WM_COMMAND, makeLong(static_cast<unsigned>(command), 0));
 }

@@ -1,5 +1,6 @@
 #include "platform/detail/menu_bar.h"
 
+#include <QActionGroup>
 #include <QFile>
 #include <QMainWindow>
 #include <QUiLoader>
@@ -24,7 +25,8 @@ QMenuBar* loadMenuBar(WindowHandle window, const std::string& name) {
         // The form owns what Designer's action editor lists; it goes in a moment.
         if (action->parent() == form.get()) action->setParent(bar);
         if (const int command = commandOf(action))
-            QObject::connect(action, &QAction::triggered, bar, [window, command] {
+            QObject::connect(action, &QAction::triggered, bar, [window, action, command] {
+                if (action->isCheckable()) action->setChecked(true); // the toolkit has turned the tick round
                 notify(window, WM_COMMAND, makeLong(static_cast<unsigned>(command), 0));
             });
     }
@@ -40,6 +42,14 @@ std::vector<QAction*> commandsOf(const QWidget* menu) {
             found.push_back(below);
     }
     return found;
+}
+
+void setMark(QAction* action, std::optional<MenuMark> mark) {
+    delete action->actionGroup();
+    // An entry of a group, were it the only one, is marked with a dot.
+    if (mark == MenuMark::Dot) (new QActionGroup(action))->addAction(action);
+    action->setCheckable(mark.has_value());
+    action->setChecked(mark.has_value());
 }
 
 int commandOf(const QAction* action) {

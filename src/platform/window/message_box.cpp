@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <map>
@@ -89,6 +90,14 @@ private:
 
 const std::vector<Answer>& detail::answersOf(Buttons buttons) {
     return choiceFor(buttons).answers;
+}
+
+void messageBeep(SystemIcon icon) {
+    // The desktop knows one sound.
+    if (answers())
+        answers()->beep(icon);
+    else
+        QApplication::beep();
 }
 
 Answer messageBox(WindowHandle owner, std::string_view text, std::string_view title, Buttons buttons,
