@@ -46,7 +46,11 @@ int getSelection(Control combo);
 
 // Track bars, progress bars and scroll bars.
 void setRange(Control bar, int low, int high);
-void setTickStep(Control bar, int step);     // a tick every `step`
+void setTickStep(Control bar, int step); // a tick every `step`
+// What an arrow key or a notch of the wheel moves a track bar by, and what a page key or a click beside the
+// thumb does.
+void setStep(Control bar, int line, int page);
+bool isHeld(Control bar);                    // the user has the thumb of the track bar in hand
 void setPosition(Control bar, int position); // clipped to the range
 int getPosition(Control bar);
 int getRangeHigh(Control bar);
@@ -65,6 +69,10 @@ std::optional<SystemTime> getDateTime(Control picker);
 // question.
 enum class SystemIcon : int { Error = 32513, Question = 32514, Warning = 32515, Information = 32516 };
 void setIcon(Control label, SystemIcon icon);
+// resources/icons/<icon>.png on a button or label, at that size. The control's accessible name stays: what is
+// drawn is not read out.
+void setIcon(Control control, std::string_view icon, int pixels);
+std::string getIcon(Control control); // "" when it has none of the program's own
 
 // Status bar at the foot of a window made from a class with a procedure. Part widths in pixels, -1 takes the
 // rest. Texts too long for their part are elided and stand whole in the tool tip.

@@ -206,6 +206,56 @@ TEST_F(Controls, CombosAndBarsClipWhatIsOutOfRange) {
     }
 }
 
+TEST_F(Controls, TrackBarsMoveByTheirLineAndTheirPage) {
+    const Control bar(main, Slider);
+    setRange(bar, 0, 1000);
+    setStep(bar, 10, 100);
+    setPosition(bar, 500);
+    driver::turnWheel(bar, 1);
+    EXPECT_EQ(getPosition(bar), 500) << "the wheel moves only what has the focus";
+    setFocus(bar);
+    const std::pair<const char*, std::function<bool()>> moves[] = {
+        {"510", [&] { return driver::pressKey(main, "Right"); }},
+        {"610", [&] { return driver::pressKey(main, "PgUp"); }},
+        {"630", [&] { return driver::turnWheel(bar, 2); }},
+        {"620", [&] { return driver::turnWheel(bar, -1); }},
+        {"520", [&] { return driver::pressKey(main, "PgDown"); }},
+    };
+    for (const auto& [position, move] : moves) {
+        main.forget();
+        EXPECT_TRUE(move());
+        EXPECT_EQ(std::to_string(getPosition(bar)), position);
+        EXPECT_FALSE(main.sent(WM_HSCROLL).empty()) << position;
+    }
+    EXPECT_FALSE(isHeld(bar));
+    driver::holdThumb(bar, true);
+    EXPECT_TRUE(isHeld(bar));
+    driver::slide(bar, 700);
+    driver::holdThumb(bar, false);
+    EXPECT_FALSE(isHeld(bar));
+    EXPECT_EQ(getPosition(bar), 700);
+}
+
+TEST_F(Controls, CarryTheIconsTheyWereGiven) {
+    const test_support::TemporaryFolder folder;
+    for (const int id : {Label, Button}) {
+        EXPECT_EQ(getIcon({main, id}), "");
+        const auto picture = [&](const char* name) {
+            driver::settle();
+            EXPECT_TRUE(driver::screenshot(main, folder.file(name)));
+            std::ifstream in(folder.file(name), std::ios::binary);
+            return std::string(std::istreambuf_iterator<char>(in), {});
+        };
+        const std::string bare = picture("bare.png");
+        setIcon({main, id}, "ICO_INTRO_SERVER", 30);
+        EXPECT_EQ(getIcon({main, id}), "ICO_INTRO_SERVER");
+        EXPECT_NE(picture("icon.png"), bare) << id;
+        EXPECT_GE(getRect(getItem(main, id)).height, 30) << id;
+    }
+    setIcon({main, Edit}, "ICO_INTRO_SERVER", 30);
+    EXPECT_EQ(getIcon({main, Edit}), "") << "an edit has no picture";
+}
+
 TEST_F(Controls, UpDownArrowsAreClippedAndTypingIsFree) {
     const Control number(main, Number);
     setSpinRange(number, -2000, 2000, 500);

@@ -72,6 +72,14 @@ TEST_F(ListView, KeepsColumnsRowsAndCells) {
     EXPECT_EQ(column(1), names);
 }
 
+TEST_F(ListView, ANarrowColumnShowsNumbersOfFourDigits) {
+    listInsertColumn(list, 0, "NO.", 35, Align::Right);
+    listSetCell(list, 0, 0, "9999");
+    listSetCell(list, 1, 0, "99999999");
+    EXPECT_FALSE(driver::isCellCut(list, 0, 0));
+    EXPECT_TRUE(driver::isCellCut(list, 1, 0));
+}
+
 TEST_F(ListView, AnswersNothingForWhatIsNotThere) {
     EXPECT_FALSE(listInsertColumn(list, 3, "x", 10));
     EXPECT_FALSE(listInsertRow(list, 5, "x"));

@@ -9,5 +9,7 @@ namespace platform::detail {
 
 QString toQt(std::string_view sjis);
 std::string fromQt(const QString& text);
+// As a tool tip that shows the very text, its line breaks included, wrapped where it is long.
+QString toTip(const QString& text);
 
 } // namespace platform::detail

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QWheelEvent>
 #include <cstdlib>
 
 #include "platform/detail/list_model.h"
@@ -111,6 +112,23 @@ bool slide(Control control, int position) {
     auto* slider = reachAs<QAbstractSlider>(control);
     if (!slider) return false;
     slider->setValue(position);
+    return true;
+}
+
+bool holdThumb(Control control, bool held) {
+    auto* slider = reachAs<QAbstractSlider>(control);
+    if (!slider) return false;
+    slider->setSliderDown(held);
+    return true;
+}
+
+bool turnWheel(Control control, int notches) {
+    QWidget* widget = reach(control);
+    if (!widget) return false;
+    const QPointF at = widget->rect().center();
+    QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, notches * QWheelEvent::DefaultDeltasPerStep},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
     return true;
 }
 

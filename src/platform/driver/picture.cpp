@@ -8,8 +8,10 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTreeView>
 
 #include "platform/detail/label.h"
+#include "platform/detail/list_delegate.h"
 #include "platform/detail/registry.h"
 #include "platform/driver.h"
 
@@ -87,6 +89,11 @@ std::vector<std::string> clippedControls(WindowHandle window) {
                           room.text.toStdString());
     }
     return clipped;
+}
+
+bool isCellCut(Control control, int row, int column) {
+    const auto* list = widgetOf<QTreeView>(control);
+    return list && ListDelegate::isCut(*list, list->model()->index(row, column));
 }
 
 } // namespace platform::driver

@@ -1,6 +1,5 @@
 // Text and look of controls.
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QGroupBox>
@@ -8,8 +7,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QStyle>
-#include <map>
 
 #include "platform/controls.h"
 #include "platform/detail/delivery.h"
@@ -23,7 +20,6 @@ namespace {
 
 using namespace detail;
 
-constexpr int iconSize = 32;
 constexpr const char* limitProperty = "textLimit"; // bytes
 
 // A single-line edit tells its window of every text it is given, also of the one that it had. Only a handler
@@ -188,7 +184,7 @@ void setFontSize(Control control, int pixels) {
 
 void setToolTip(Control control, std::string_view text) {
     const Record* record = findRecord(control);
-    if (record && record->widget) record->widget->setToolTip(toQt(text).toHtmlEscaped());
+    if (record && record->widget) record->widget->setToolTip(toTip(toQt(text)));
 }
 
 void setReadOnly(Control control, bool readOnly) {
@@ -203,18 +199,6 @@ void limitText(Control control, int bytes) {
     const bool limited = area->property(limitProperty).isValid();
     area->setProperty(limitProperty, bytes);
     if (!limited) QObject::connect(area, &QPlainTextEdit::textChanged, area, [area] { trim(area); });
-}
-
-void setIcon(Control control, SystemIcon icon) {
-    static const std::map<SystemIcon, QStyle::StandardPixmap> pixmaps = {
-        {SystemIcon::Error, QStyle::SP_MessageBoxCritical},
-        {SystemIcon::Question, QStyle::SP_MessageBoxQuestion},
-        {SystemIcon::Warning, QStyle::SP_MessageBoxWarning},
-        {SystemIcon::Information, QStyle::SP_MessageBoxInformation}};
-    auto* label = widgetOf<QLabel>(control);
-    const auto found = pixmaps.find(icon);
-    if (!label || found == pixmaps.end()) return;
-    label->setPixmap(QApplication::style()->standardIcon(found->second).pixmap(iconSize));
 }
 
 } // namespace platform

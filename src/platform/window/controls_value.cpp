@@ -87,6 +87,18 @@ void setTickStep(Control control, int step) {
     slider->setTickPosition(step > 0 ? QSlider::TicksBelow : QSlider::NoTicks);
 }
 
+void setStep(Control control, int line, int page) {
+    auto* slider = widgetOf<QAbstractSlider>(control);
+    if (!slider) return;
+    slider->setSingleStep(line);
+    slider->setPageStep(page);
+}
+
+bool isHeld(Control control) {
+    const auto* slider = widgetOf<QAbstractSlider>(control);
+    return slider && slider->isSliderDown();
+}
+
 void setPosition(Control control, int position) {
     if (auto* slider = widgetOf<QAbstractSlider>(control)) {
         const QSignalBlocker quiet(slider);

@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include "platform/detail/qt_text.h"
+
 namespace platform::detail {
 
 Label::Label(QWidget* parent) : QLabel(parent) {
@@ -33,7 +35,7 @@ bool Label::isCut() const {
 
 bool Label::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && isCut() && toolTip().isEmpty()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toTip(text()), this);
         return true;
     }
     return QLabel::event(event);

@@ -14,4 +14,10 @@ std::string fromQt(const QString& text) {
                                            static_cast<std::size_t>(text.size())));
 }
 
+QString toTip(const QString& text) {
+    return text.isEmpty()
+               ? text
+               : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
+}
+
 } // namespace platform::detail

@@ -10,6 +10,7 @@
 #include <QTreeView>
 #include <QUiLoader>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <iostream>
 #include <set>
 
@@ -40,16 +41,33 @@ private:
     QWidget* host_;
 };
 
-// The wheel moves only what has the focus: rolling over a form must not change what stands there.
+// The wheel moves only what has the focus: rolling over a form must not change what stands there. A track bar
+// moves by one line for each notch; the toolkit would take three.
 class WheelGuard : public QObject {
 public:
     using QObject::QObject;
     bool eventFilter(QObject* object, QEvent* event) override {
         const auto* widget = qobject_cast<QWidget*>(object);
-        if (event->type() != QEvent::Wheel || !widget || widget->hasFocus()) return false;
-        event->ignore();
-        return true;
+        if (event->type() != QEvent::Wheel || !widget) return false;
+        auto* slider = qobject_cast<QAbstractSlider*>(object);
+        const bool focused = widget->window()->focusWidget() == widget;
+        if (!focused)
+            event->ignore();
+        else if (slider)
+            turn(*slider, static_cast<QWheelEvent*>(event)->angleDelta());
+        return slider || !focused;
     }
+
+private:
+    void turn(QAbstractSlider& slider, const QPoint& angle) {
+        turned_ += angle.y() ? angle.y() : angle.x();
+        for (; turned_ >= QWheelEvent::DefaultDeltasPerStep; turned_ -= QWheelEvent::DefaultDeltasPerStep)
+            slider.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        for (; turned_ <= -QWheelEvent::DefaultDeltasPerStep; turned_ += QWheelEvent::DefaultDeltasPerStep)
+            slider.triggerAction(QAbstractSlider::SliderSingleStepSub);
+    }
+
+    int turned_ = 0; // of a fine wheel, less than a notch
 };
 
 void prepare(QWidget* control) {

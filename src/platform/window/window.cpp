@@ -1,6 +1,5 @@
 #include "platform/window.h"
 
-#include <QIcon>
 #include <map>
 
 #include "platform/detail/delivery.h"
@@ -129,12 +128,6 @@ std::string getClassName(WindowHandle window) {
 WindowHandle getParent(WindowHandle window) {
     const Record* record = findRecord(window);
     return record ? record->parent : WindowHandle{};
-}
-
-void setWindowIcon(WindowHandle window, std::string_view icon) {
-    const Record* record = findRecord(window);
-    if (record && record->widget)
-        record->widget->setWindowIcon(QIcon(QStringLiteral(":/icons/%1.png").arg(toQt(icon))));
 }
 
 std::vector<WindowHandle> getChildren(WindowHandle window) {
