@@ -1,9 +1,9 @@
 # cmake --install, and a Debian package by cpack.
-#   bin/kdl, bin/kdl-terminal    the programs
+#   bin/kdl, kdl-relocate, kdl-terminal
 #   share/kdl/                   what is shipped; at its first start the program makes the user's own copy of it
 include(GNUInstallDirs)
 
-install(TARGETS kdl kdl-terminal DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS kdl kdl-relocate kdl-terminal DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${KDL_SHIPPED}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/kdl)
 install(FILES packaging/kdl.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES resources/icons/ICO_INTRO_SERVER.svg
