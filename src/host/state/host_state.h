@@ -76,6 +76,8 @@ struct HostState {
     int questsLeftInPart = 0;  // still to play in the stage that is being recorded
     int masterVolume = 50;     // 0 to 100
     int answerVolume = 50;     // of the answer display, kept from one opening to the next
+    int playerVolume = 50;     // of the player window, likewise; percent
+    int playerSpeed = 100;     // of the player window, likewise; percent of normal
     int requestUserId = -1;    // index of the user who last buzzed in
     std::string requestMethod; // the request that awaits its reply
     int vrmStatus = 0;         // 1 while a request of the host awaits its reply

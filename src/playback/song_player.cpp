@@ -1,0 +1,149 @@
+#include "playback/song_player.h"
+
+#include <algorithm>
+
+#include "data/data_session.h"
+#include "host/state/effects.h"
+#include "host/state/host_state.h"
+#include "platform/clock.h"
+
+namespace {
+
+constexpr int slowest = 5; // percent
+
+} // namespace
+
+SongPlayer::SongPlayer(platform::WindowHandle window, std::vector<int> numbers) : order_(std::move(numbers)) {
+    media_.create(window);
+}
+
+bool SongPlayer::fits(const DataResource& song) const {
+    if (range_ != rangeIntro && range_ != rangeSabi) return true;
+    DataSession stage;
+    stage.setRange(range_);
+    stage.setSpeed(0); // the speed here is not a stage's, and asks for no kind of file
+    return resourceFitsSession(song, stage);
+}
+
+void SongPlayer::play() {
+    if (order_.isEmpty()) return;
+    const int first = order_.currentRow();
+    std::vector<bool> refused(static_cast<std::size_t>(order_.rowCount()));
+    for (int left = order_.rowCount(); left > 0;) {
+        DataResource song;
+        host().accesserResource.get(order_.number(), song);
+        if (fits(song)) {
+            start(song);
+            return;
+        }
+        const auto row = static_cast<std::size_t>(order_.currentRow());
+        if (!refused[row]) --left;
+        refused[row] = true;
+        order_.forward();
+    }
+    order_.goTo(first);
+    stop();
+}
+
+void SongPlayer::start(const DataResource& song) {
+    song_ = song;
+    order_.notePlayed();
+    loadSound(media_, song.getFileName());
+    applyVolume();
+    media_.setSpeed(host().playerSpeed * 10);
+    media_.play();
+    span_ = playSpan(song, range_, 0);
+    seek(static_cast<int>(span_.start));
+    elapsedMs_ = 0;
+    lastLook_ = platform::getTickCount();
+    playState_ = PlayState::Playing;
+}
+
+void SongPlayer::playRow(int row) {
+    order_.goTo(row);
+    play();
+}
+
+void SongPlayer::playOrPause() {
+    switch (playState_) {
+    case PlayState::Stopped:
+        play();
+        break;
+    case PlayState::Playing:
+        countTime();
+        media_.pause();
+        playState_ = PlayState::Paused;
+        break;
+    case PlayState::Paused:
+        countTime();
+        media_.play();
+        playState_ = PlayState::Playing;
+        break;
+    }
+}
+
+void SongPlayer::stop() {
+    media_.stop();
+    playState_ = PlayState::Stopped;
+}
+
+void SongPlayer::forward() {
+    if (order_.isEmpty()) return;
+    order_.forward();
+    play();
+}
+
+void SongPlayer::back() {
+    if (order_.isEmpty()) return;
+    order_.back();
+    play();
+}
+
+void SongPlayer::seek(int place) {
+    media_.seek(toMilliseconds(place, song_.getFileType()));
+}
+
+int SongPlayer::place() {
+    const int factor = positionFactor(song_.getFileType());
+    return factor == 0 ? 0 : media_.getPosition() / factor;
+}
+
+void SongPlayer::setVolume(int percent) {
+    host().playerVolume = percent;
+    if (!muted_) applyVolume();
+}
+
+void SongPlayer::mute(bool muted) {
+    muted_ = muted;
+    applyVolume();
+}
+
+void SongPlayer::applyVolume() {
+    media_.setVolume(muted_ ? 0 : host().playerVolume * 10);
+}
+
+void SongPlayer::setSpeed(int percent) {
+    host().playerSpeed = std::max(percent, slowest);
+    media_.setSpeed(host().playerSpeed * 10);
+}
+
+// Up to now, as far as the song was sounding. The ticks alone would not do: they are late under load.
+void SongPlayer::countTime() {
+    const std::uint32_t now = platform::getTickCount();
+    if (media_.isPlaying()) elapsedMs_ += static_cast<int>(now - lastLook_);
+    lastLook_ = now;
+}
+
+bool SongPlayer::hasEnded() {
+    const int position = media_.getPosition();
+    return position >= toMilliseconds(span_.end, song_.getFileType()) || position >= media_.getEnd() ||
+           (limitMs_ != noLimit && elapsedMs_ >= limitMs_);
+}
+
+bool SongPlayer::tick() {
+    countTime();
+    if (!media_.isPlaying() || !hasEnded()) return false;
+    order_.afterEnd();
+    play();
+    return true;
+}

@@ -1,0 +1,77 @@
+#pragma once
+// The player without its window: plays the songs of a list one after the other, each as the quiz would.
+
+#include <cstdint>
+#include <vector>
+
+#include "data/data_resource.h"
+#include "data/labels.h"
+#include "foundation/media.h"
+#include "host/state/play_span.h"
+#include "playback/play_order.h"
+
+enum class PlayState : int { Stopped = 0, Playing = 1, Paused = 2 };
+
+// Plays out of the host's catalogue, at the volume and speed that the host's state keeps for it. With no row
+// at all everything does nothing. A song whose file does not open is silent and lasts until the user goes on.
+class SongPlayer {
+public:
+    static constexpr int noLimit = -1;
+
+    // The catalogue number of each row. Takes a player of the sound device and gives it back at the end.
+    SongPlayer(platform::WindowHandle window, std::vector<int> numbers);
+
+    void choose(NextRow method) { order_.choose(method); }
+    // Where the next songs begin and end. With イントロ and サビ, songs that cannot be played so are passed
+    // over; when there are no others, the player stops.
+    void choose(PlayRange range) { range_ = range; }
+    // Milliseconds after which a song has been heard enough, or `noLimit`; for the present song too.
+    void limitTo(int milliseconds) { limitMs_ = milliseconds; }
+
+    void setVolume(int percent);
+    void mute(bool muted);
+    // Percent of normal; below 5 counts as 5.
+    void setSpeed(int percent);
+
+    void playRow(int row);
+    void playOrPause();
+    void stop();
+    void forward();
+    void back();
+    // To a place in the song's own position unit; plays on from there when it was playing.
+    void seek(int place);
+
+    // To be called every 10 ms while the state is not Stopped. True when the song had ended, so that another
+    // one plays now or the player stands.
+    bool tick();
+
+    PlayState state() const { return playState_; }
+    const PlayOrder& order() const { return order_; }
+    const DataResource& song() const { return song_; } // cleared before the first
+    // Both in the song's own position unit. The start of the span may lie above its end.
+    const PlaySpan& span() const { return span_; }
+    int place();
+    // Milliseconds; both 0 when nothing is open.
+    int position() { return media_.getPosition(); }
+    int end() { return media_.getEnd(); }
+
+private:
+    bool fits(const DataResource& song) const;
+    void play();
+    void start(const DataResource& song);
+    void applyVolume();
+    void countTime();
+    bool hasEnded();
+
+    zelkova::Media media_;
+    PlayOrder order_;
+    PlayRange range_ = rangeStart;
+    int limitMs_ = noLimit;
+    bool muted_ = false;
+
+    PlayState playState_ = PlayState::Stopped;
+    DataResource song_;
+    PlaySpan span_{0, 0};
+    int elapsedMs_ = 0;          // that the song has sounded
+    std::uint32_t lastLook_ = 0; // the tick count up to which they are counted
+};
