@@ -1,5 +1,6 @@
-# <build>/shipped/{cnf,eft,snd,tmp}: what the program comes with, as it is installed: dist/ and what kdl_media makes.
-# <build>/stage/{bin,cnf,eft,hst,log,snd,tmp}: the tree that the program runs in when it is not installed. It follows
+# <build>/shipped/{cnf,eft,hlp,snd,tmp}: what the program comes with, as it is installed: dist/, the host's guide, and what
+# kdl_media makes.
+# <build>/stage/{bin,cnf,eft,hlp,hst,log,snd,tmp}: the tree that the program runs in when it is not installed. It follows
 # shipped/; what the host changed in it stays.
 set(KDL_STAGE ${CMAKE_BINARY_DIR}/stage)
 set(KDL_SHIPPED ${CMAKE_BINARY_DIR}/shipped)
@@ -12,12 +13,20 @@ function(kdl_stage_program)
 endfunction()
 
 file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/dist/*)
+set(guide ${PROJECT_SOURCE_DIR}/docs/guide)
+set(guide_sheet ${PROJECT_SOURCE_DIR}/tools/guide.xsl)
+set(message_catalogue ${PROJECT_SOURCE_DIR}/dist/cnf/LogMessage.xml)
+file(GLOB guide_pictures CONFIGURE_DEPENDS ${guide}/images/*.png)
 set(shipped_stamp ${CMAKE_BINARY_DIR}/shipped.stamp)
 add_custom_command(
   OUTPUT ${shipped_stamp}
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/dist ${KDL_SHIPPED}
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${guide}/images ${KDL_SHIPPED}/hlp/images
+  COMMAND ${XSLTPROC} --stringparam catalogue ${message_catalogue} --output ${KDL_SHIPPED}/hlp/index.html ${guide_sheet}
+          ${guide}/guide.xml
   COMMAND ${CMAKE_COMMAND} -E touch ${shipped_stamp}
-  DEPENDS ${shipped}
+  DEPENDS ${shipped} ${guide}/guide.xml ${guide_sheet} ${guide_pictures}
+  COMMENT "Gathering what is shipped, making the host's guide"
   VERBATIM)
 
 set(stage_stamp ${CMAKE_BINARY_DIR}/stage.stamp)

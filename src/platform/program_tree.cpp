@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* shippedFolders[] = {"cnf", "eft", "snd", "tmp"};
+constexpr const char* shippedFolders[] = {"cnf", "eft", "hlp", "snd", "tmp"};
 constexpr std::string_view recordName = ".shipped";
 
 // Size and time tell whether a file is still the one that came.

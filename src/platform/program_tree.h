@@ -6,7 +6,7 @@
 
 namespace platform {
 
-// Copies what is shipped in `from` (its folders cnf, eft, snd and tmp) to `to`. A file that is missing there
+// Copies what is shipped in `from` (its folders cnf, eft, hlp, snd and tmp) to `to`. A file that is missing there
 // comes; one that nobody has changed since it came follows `from`; one that was changed stays as it is.
 // `to`/.shipped remembers what came. "" when all went well, else what stood in the way; what could be copied
 // is there all the same, no file is left half written.

@@ -14,10 +14,13 @@ namespace platform {
 
 namespace {
 
-// An address stands as it is; anything else is a path.
+// An address stands as it is; anything else is a path, behind which "#" may name a place in the page.
 QUrl targetUrl(const std::string& target) {
     if (target.find("://") != std::string::npos) return QUrl(QString::fromLatin1(target.c_str()));
-    return QUrl::fromLocalFile(QString::fromStdString(nativePath(target).string()));
+    const std::size_t place = pathExists(target) ? std::string::npos : target.rfind('#');
+    QUrl url = QUrl::fromLocalFile(QString::fromStdString(nativePath(target.substr(0, place)).string()));
+    if (place != std::string::npos) url.setFragment(QString::fromLatin1(target.c_str() + place + 1));
+    return url;
 }
 
 bool open(const std::string& target) {

@@ -132,17 +132,6 @@ TEST(ShippedMessages, AskOnlyForWhatTheirCallersPass) {
     }
 }
 
-TEST(ShippedMessages, HaveTheirPlaceOnTheHelpPage) {
-    const std::string page = platform::utf8ToSjis(platform::readFile(shipped("Help.html")).value_or(""));
-    for (const DataLogMessage& message : messages()) {
-        if (message.getLogging() < 2 || message.getRestore().empty()) continue;
-        EXPECT_NE(page.find("id=\"C" + std::to_string(message.getCode()) + "\""), std::string::npos)
-            << message.getCode();
-        EXPECT_NE(page.find(message.getRestore()), std::string::npos)
-            << message.getCode() << ": the page is older";
-    }
-}
-
 TEST(ShippedSettings, AreInTheProgramsOwnForm) {
     DataApplication settings;
     AccesserApplication accesser;
