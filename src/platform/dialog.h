@@ -34,13 +34,14 @@ void messageBeep(SystemIcon icon);
 
 struct FileDialog {
     std::string startPath;        // a folder with a final separator, a folder + "*", or a proposed file
-    std::string filterName;       // shown, for instance "XML"
+    std::string filterName;       // shown, for instance "XML"; the pattern is added unless it ends with ")"
     std::string pattern;          // "*.xml", several separated by ";"
     std::string defaultExtension; // for saving, without the dot
     bool multiple = false;
 };
-// Full Shift-JIS paths; none when cancelled. The save dialog asks before it replaces a file and adds the
-// default extension when none was typed.
+// Full Shift-JIS paths; none when cancelled. A file whose name the code page lacks can only be one of
+// several: its path, with "?" for what is lacking, leads to no file. The save dialog asks before it replaces
+// a file and adds the default extension when none was typed.
 std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& options);
 std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& options);
 std::optional<std::string> folderDialog(WindowHandle owner, const std::string& startFolder);

@@ -72,7 +72,8 @@ public:
 
     Script& expectDialog(std::string name, std::function<void(WindowHandle)> act);
     Script& expectMessageBox(Answer answer, std::function<void(const std::string& text)> look = {});
-    Script& expectFileDialog(std::string path);        // empty: cancel
+    Script& expectFileDialog(const std::string& path); // empty: cancel
+    Script& expectFileDialog(std::vector<std::string> paths);
     Script& expectMenu(std::string name, int command); // 0: closed without a choice
     // The desktop is asked to open the target, and answers. What is not expected it cannot open.
     Script& expectOpen(std::string target, bool answer = true);

@@ -16,7 +16,7 @@ enum : unsigned {
     WM_CLOSE = 0x0010,
     WM_QUIT = 0x0012,
     WM_WINDOWPOSCHANGING = 0x0046, // lParam: Rect*, the wanted outer rectangle; the handler may change it
-    WM_NOTIFY = 0x004E,            // list views; wParam: control id, lParam: NotifyCode
+    WM_NOTIFY = 0x004E,            // list views, pickers; wParam: control id, lParam: NotifyCode
     WM_INITDIALOG = 0x0110,        // controls exist, nothing is shown yet
     WM_COMMAND = 0x0111,   // wParam: makeLong(id, notification); menus and buttons send notification 0
     WM_TIMER = 0x0113,     // wParam: timer id
@@ -37,11 +37,12 @@ enum : unsigned {
 };
 
 enum NotifyCode : int {
-    NM_DBLCLK = -3,         // a row was double-clicked; it is the selected row
-    NM_RCLICK = -5,         // right click; the row below the cursor, if any, is selected first
-    LVN_ITEMCHANGED = -101, // the selection changed
-    LVN_COLUMNCLICK = -108, // see clickedColumn() in listview.h
-    LVN_KEYDOWN = -155,     // the Delete key was pressed in the list
+    NM_DBLCLK = -3,            // a row was double-clicked; it is the selected row
+    NM_RCLICK = -5,            // right click; the row below the cursor, if any, is selected first
+    LVN_ITEMCHANGED = -101,    // the selection changed
+    LVN_COLUMNCLICK = -108,    // see clickedColumn() in listview.h
+    LVN_KEYDOWN = -155,        // the Delete key was pressed in the list
+    DTN_DATETIMECHANGE = -759, // a date or time picker shows another value (by the user only)
 };
 
 enum : int { IDOK = 1, IDCANCEL = 2 };

@@ -139,6 +139,29 @@ TEST_F(FileDialogs, AFileThatTheProgramCannotNameIsRefusedAloud) {
     EXPECT_THAT(script.faults(), IsEmpty());
 }
 
+TEST_F(FileDialogs, SeveralFilesComeInTheirOrder) {
+    // With a name of its own for the patterns.
+    FileDialog several = options(folderPath());
+    several.multiple = true;
+    std::ofstream(path("one.xml")) << "x";
+    several.filterName = "文書(*.xml,*.txt)";
+    driver::Script script;
+    script.expectFileDialog({folderPath() + "two.xml", folderPath() + "one.xml"});
+    EXPECT_THAT(openFileDialog(main, several),
+                ElementsAre(folderPath() + "two.xml", folderPath() + "one.xml"));
+
+    // One that cannot be named does not keep the others back, unless it would pass for another file.
+    std::ofstream(path("\xC5\xBFong.xml")) << "x";
+    const std::vector<std::string> chosen{folderPath() + "song.xml", folderPath() + "one.xml"};
+    script.expectFileDialog(chosen);
+    EXPECT_THAT(openFileDialog(main, several),
+                ElementsAre(folderPath() + "?ong.xml", folderPath() + "one.xml"));
+    std::ofstream(path("?ong.xml")) << "x";
+    script.expectFileDialog(chosen).expectMessageBox(Answer::Ok);
+    EXPECT_THAT(openFileDialog(main, several), IsEmpty());
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
 TEST_F(FileDialogs, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
     driver::Script script;
     script.expectFileDialog(folderPath() + "新しい");

@@ -17,7 +17,22 @@ using testing::IsEmpty;
 
 namespace {
 
-enum Id { Label = 101, Title, Edit, Number, Memo, Check, Group, RadioA, RadioB, Combo, Slider, Bar, Button };
+enum Id {
+    Label = 101,
+    Title,
+    Edit,
+    Number,
+    Memo,
+    Check,
+    Group,
+    RadioA,
+    RadioB,
+    Combo,
+    Slider,
+    Bar,
+    Button,
+    Date
+};
 
 class Controls : public testing::Test {
 protected:
@@ -118,6 +133,11 @@ TEST_F(Controls, TellWhatTheUserDoes) {
              return driver::spin({main, Number}, 1);
          },
          WM_COMMAND, makeLong(Number, EN_CHANGE)},
+        {"date",
+         [this] {
+             return driver::pick({main, Date}, {2026, 3, 0, 4, 0, 0, 0, 0});
+         },
+         WM_NOTIFY, Date},
         {"slider",
          [this] {
              return driver::slide({main, Slider}, 60);

@@ -136,7 +136,7 @@ bool pick(Control control, const SystemTime& time) {
     auto* picker = reachAs<QDateTimeEdit>(control);
     if (!picker || picker->isReadOnly()) return false;
     picker->setFocus(Qt::MouseFocusReason);
-    setDateTime(control, time);
+    picker->setDateTime(detail::toQt(time));
     return true;
 }
 

@@ -20,7 +20,7 @@ struct Expectation {
     std::function<void(WindowHandle)> act = {};
     std::function<void(const std::string&)> look = {};
     Answer answer = Answer::Cancel;
-    std::string path = {};
+    std::vector<std::string> paths = {};
     int command = 0;
     bool opens = false;
 };
@@ -69,9 +69,9 @@ public:
         return offered.back();
     }
 
-    std::optional<std::string> fileDialog(const std::string& kind) override {
+    std::vector<std::string> fileDialog(const std::string& kind) override {
         const auto next = take(Expectation::Kind::FileDialog, {}, kind + " dialog");
-        return next ? std::optional(next->path) : std::nullopt;
+        return next ? next->paths : std::vector<std::string>();
     }
 
     int menu(const std::string& name) override {
@@ -135,9 +135,13 @@ Script& Script::expectMessageBox(Answer answer, std::function<void(const std::st
     return *this;
 }
 
-Script& Script::expectFileDialog(std::string path) {
+Script& Script::expectFileDialog(const std::string& path) {
+    return expectFileDialog(path.empty() ? std::vector<std::string>() : std::vector{path});
+}
+
+Script& Script::expectFileDialog(std::vector<std::string> paths) {
     state_->answers.expected.push_back(
-        {.kind = Expectation::Kind::FileDialog, .name = {}, .path = std::move(path)});
+        {.kind = Expectation::Kind::FileDialog, .name = {}, .paths = std::move(paths)});
     return *this;
 }
 

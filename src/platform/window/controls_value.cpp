@@ -123,9 +123,10 @@ int getRangeHigh(Control control) {
 void setDateTime(Control control, const SystemTime& time) {
     auto* picker = widgetOf<QDateTimeEdit>(control);
     if (!picker) return;
-    const QDateTime moment(QDate(time.year, time.month, time.day),
-                           QTime(time.hour, time.minute, time.second));
-    if (moment.isValid()) picker->setDateTime(moment);
+    const QDateTime moment = toQt(time);
+    if (!moment.isValid()) return;
+    const QSignalBlocker quiet(picker);
+    picker->setDateTime(moment);
 }
 
 std::optional<SystemTime> getDateTime(Control control) {

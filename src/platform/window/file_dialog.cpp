@@ -34,10 +34,23 @@ Start splitStart(std::string_view startPath) {
     return {toQtPath(native.parent_path()), name == "*" ? QString() : QString::fromStdString(name)};
 }
 
+// A name that ends with a bracket tells the patterns in its own way.
+bool namesItsPatterns(const FileDialog& options) {
+    return options.filterName.ends_with(")");
+}
+
 QString nameFilter(const FileDialog& options) {
     QString patterns = toQt(options.pattern.empty() ? "*" : options.pattern);
     patterns.replace(u';', u' ');
     return QStringLiteral("%1 (%2)").arg(toQt(options.filterName), patterns);
+}
+
+// None when the code page lacks a character of the name, and without it the name is that of another file.
+std::optional<std::string> programName(const QString& file, bool orOfNoFile) {
+    auto exact = programPath(file.toStdString());
+    if (exact || !orOfNoFile) return exact;
+    std::string closest = fromQt(file);
+    return pathExists(closest) ? std::nullopt : std::optional(std::move(closest));
 }
 
 // The toolkit's file dialog asks and warns in loops of its own, in which nothing else of the program would
@@ -68,8 +81,8 @@ private:
         const QPointer<Picker> alive = this;
         for (const QString& file : files) {
             const QString name = QFileInfo(file).fileName();
-            // Its name would come back as that of another file, or of none.
-            if (!programPath(file.toStdString()))
+            // Its name would come back as that of another file.
+            if (!programName(file, fileMode() == ExistingFiles))
                 return warn(QStringLiteral(u"%1 は選べません。\n名前かフォルダ名に、使えない文字があります。")
                                 .arg(name));
             if (acceptMode() == AcceptOpen && !QFileInfo::exists(file))
@@ -91,16 +104,22 @@ private:
     WindowHandle window_;
 };
 
-std::vector<std::string> toProgram(const QStringList& files) {
+std::vector<std::string> toProgram(const Picker& picker) {
     std::vector<std::string> paths;
-    for (const QString& file : files)
-        if (auto path = programPath(file.toStdString())) paths.push_back(std::move(*path));
+    for (const QString& file : picker.selectedFiles())
+        if (auto path = programName(file, picker.fileMode() == QFileDialog::ExistingFiles))
+            paths.push_back(std::move(*path));
     return paths;
 }
 
-// As a user who types the path.
-bool choose(Picker& picker, const std::string& path) {
-    picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(toQtPath(nativePath(path)));
+// As a user who types the paths.
+bool choose(Picker& picker, const std::vector<std::string>& paths) {
+    QStringList names;
+    for (const std::string& path : paths)
+        names << toQtPath(nativePath(path));
+    const QString text =
+        names.size() == 1 ? names.front() : u'"' + names.join(QStringLiteral("\" \"")) + u'"';
+    picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(text);
     picker.accept();
     return picker.result() == QDialog::Accepted;
 }
@@ -110,13 +129,13 @@ std::vector<std::string> run(Picker* picker, WindowHandle owner, const std::stri
     modal.show();
     const QPointer<Picker> open = picker;
     if (answers()) {
-        const auto path = answers()->fileDialog(kind);
-        if (!path || path->empty() || !choose(*picker, *path) || !open) return {};
+        const auto paths = answers()->fileDialog(kind);
+        if (paths.empty() || !choose(*picker, paths) || !open) return {};
     } else {
         modal.waitUntil([&] { return !open || !open->isVisible(); });
         if (!open || open->result() != QDialog::Accepted) return {};
     }
-    return toProgram(open->selectedFiles());
+    return toProgram(*open);
 }
 
 Picker* makePicker(WindowHandle owner, const std::string& startPath) {
@@ -134,6 +153,7 @@ std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& op
     picker->setAcceptMode(QFileDialog::AcceptOpen);
     picker->setFileMode(options.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     picker->setNameFilter(nameFilter(options));
+    picker->setOption(QFileDialog::HideNameFilterDetails, namesItsPatterns(options));
     return run(picker, owner, "open file");
 }
 

@@ -20,4 +20,8 @@ QString toTip(const QString& text) {
                : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
 }
 
+QDateTime toQt(const SystemTime& time) {
+    return {QDate(time.year, time.month, time.day), QTime(time.hour, time.minute, time.second)};
+}
+
 } // namespace platform::detail

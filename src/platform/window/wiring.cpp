@@ -4,6 +4,7 @@
 #include <QAbstractSlider>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcutEvent>
@@ -69,6 +70,10 @@ void wireControl(QWidget* control, WindowHandle window, int id) {
     else if (auto* slider = qobject_cast<QAbstractSlider*>(control))
         QObject::connect(slider, &QAbstractSlider::valueChanged, slider,
                          [window, id] { notify(window, WM_HSCROLL, 0, id); });
+    else if (auto* picker = qobject_cast<QDateTimeEdit*>(control))
+        QObject::connect(picker, &QDateTimeEdit::dateTimeChanged, picker, [window, id] {
+            notify(window, WM_NOTIFY, static_cast<WParam>(id), DTN_DATETIMECHANGE);
+        });
     else if (auto* list = qobject_cast<QTreeView*>(control))
         wireList(list, window, id);
 }
