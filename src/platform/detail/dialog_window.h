@@ -2,6 +2,9 @@
 // The frame of a modal dialog.
 
 #include <QDialog>
+#include <string>
+
+#include "platform/dialog.h"
 
 namespace platform::detail {
 
@@ -18,5 +21,9 @@ protected:
 private:
     void cancel();
 };
+
+// Runs a dialog until it ends and returns its result. `fill` makes what stands in it; -1 when it answers false.
+int runDialogWindow(WindowHandle owner, const std::string& name, const DialogProc& proc,
+                    const std::function<bool(DialogWindow& frame, WindowHandle dialog)>& fill);
 
 } // namespace platform::detail

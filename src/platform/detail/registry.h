@@ -40,6 +40,7 @@ struct Record {
     bool destroying = false;
     int openModals = 0;        // modal dialogs that this window owns
     std::optional<int> result; // of a dialog that has ended
+    int answer = 0;            // of a sheet's page to what it is being asked
 
     bool isControl() const { return !proc && !dialogProc; }
 };

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QTabBar>
 #include <QWheelEvent>
 #include <cstdlib>
 
@@ -147,6 +148,14 @@ bool spin(Control control, int steps) {
     const QPointer<QToolButton> arrow = upDown->arrow(steps > 0);
     for (int left = std::abs(steps); left > 0 && arrow; --left)
         arrow->click();
+    return true;
+}
+
+bool turnTo(WindowHandle sheet, int page) {
+    const QWidget* frame = reach(sheet);
+    auto* tabs = frame ? frame->findChild<QTabBar*>() : nullptr;
+    if (!tabs || page < 0 || page >= tabs->count()) return false;
+    tabs->setCurrentIndex(page);
     return true;
 }
 

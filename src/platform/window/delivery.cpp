@@ -15,6 +15,13 @@ std::vector<QPointer<QWidget>>& graveyard() {
     return instance;
 }
 
+// A page ends with its sheet.
+bool hasEnded(const Record& dialog) {
+    if (dialog.result) return true;
+    const Record* sheet = dialog.widget && !dialog.widget->isWindow() ? findRecord(dialog.parent) : nullptr;
+    return sheet && sheet->result;
+}
+
 } // namespace
 
 Handler::Handler() {
@@ -32,7 +39,7 @@ LResult deliver(const Message& message) {
     const Record* record = findRecord(message.window);
     if (!record) return 0;
     if (record->dialogProc) {
-        if (record->result && message.id != WM_DESTROY) return 0;
+        if (hasEnded(*record) && message.id != WM_DESTROY) return 0;
         const DialogProc& proc = *record->dialogProc;
         const bool handled = proc(message.window, message);
         if (!handled && message.id == WM_COMMAND && lowWord(message.wParam) == IDCANCEL)

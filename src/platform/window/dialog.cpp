@@ -64,20 +64,18 @@ void setAnswers(Answers* next) {
 
 } // namespace detail
 
-int runDialog(WindowHandle owner, const std::string& name, const DialogProc& proc) {
+int detail::runDialogWindow(WindowHandle owner, const std::string& name, const DialogProc& proc,
+                            const std::function<bool(DialogWindow& frame, WindowHandle dialog)>& fill) {
     auto* widget = new DialogWindow(ownerWidget(owner));
     Record& record = addRecord(widget, {});
     const WindowHandle dialog = record.handle;
     Modal modal(name, owner, widget, dialog);
     // A handle of its own chain: what destroys the owner must not take the dialog with it.
     record.parent = owner;
-    const QWidget* form = loadForm(name, widget, dialog);
-    if (!form) {
+    if (!fill(*widget, dialog)) {
         removeRecord(dialog);
         return -1;
     }
-    giveMenu(record, *form);
-    fitToForm(*widget, *form, widgetOf<QPushButton>(Control(dialog, IDOK)));
     record.reportedSize = widget->size();
     record.dialogProc = &proc;
 
@@ -92,9 +90,20 @@ int runDialog(WindowHandle owner, const std::string& name, const DialogProc& pro
     return finish(dialog);
 }
 
+int runDialog(WindowHandle owner, const std::string& name, const DialogProc& proc) {
+    return runDialogWindow(owner, name, proc, [&name](DialogWindow& frame, WindowHandle dialog) {
+        const QWidget* form = loadForm(name, &frame, dialog);
+        if (!form) return false;
+        giveMenu(*findRecord(dialog), *form);
+        fitToForm(frame, *form, widgetOf<QPushButton>(Control(dialog, IDOK)));
+        return true;
+    });
+}
+
 void endDialog(WindowHandle dialog, int result) {
     Record* record = findRecord(dialog);
     if (!record || !record->dialogProc || record->result) return;
+    if (record->widget && !record->widget->isWindow()) return; // a page ends with its sheet
     record->result = result;
     // Out of the user's reach at once: the second click of a double click belongs to nobody.
     if (record->widget) record->widget->hide();
