@@ -1,7 +1,9 @@
 // Dragging rows from list to list. Not the toolkit's own dragging, which waits in a loop of its own.
 
 #include <QApplication>
+#include <QCursor>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QPointer>
 
 #include "platform/detail/delivery.h"
@@ -13,6 +15,13 @@ namespace platform {
 namespace {
 
 using namespace detail;
+
+// An arrow with a row in its hand, drawn at twice its size.
+QCursor carryingCursor() {
+    QPixmap picture(QStringLiteral(":/cursors/CUR_INTRO_DRAG_MOVE.png"));
+    picture.setDevicePixelRatio(2);
+    return QCursor(picture, 1, 1);
+}
 
 class RowDrag : public QObject {
 public:
@@ -49,7 +58,7 @@ private:
         const QPoint way = event.position().toPoint() - start_;
         dragging_ = dragging_ || way.manhattanLength() >= QApplication::startDragDistance();
         if (dragging_)
-            from_->viewport()->setCursor(placeBelow(event) ? Qt::DragMoveCursor : Qt::ForbiddenCursor);
+            from_->viewport()->setCursor(placeBelow(event) ? carrying_ : QCursor(Qt::ForbiddenCursor));
         // The list would take the move for a wish to select more rows.
         return dragging_;
     }
@@ -76,6 +85,7 @@ private:
     QTreeView* from_;
     QPointer<QTreeView> to_;
     std::function<void(int, int)> dropped_;
+    const QCursor carrying_ = carryingCursor(); // over the list that takes the row
     QPoint start_;
     int row_ = -1;
     bool dragging_ = false;
