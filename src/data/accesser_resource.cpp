@@ -71,6 +71,7 @@ int AccesserResource::createFile(const std::string& path) const {
 
 int AccesserResource::commit() {
     if (!opened_) return 0;
+    if (isChangedOnDisk() && !(mayOverwrite_ && mayOverwrite_(path()))) return 0;
     // The file's own indentation would be written again beside the writer's.
     for (DOMNode* child = select(rootName)->getFirstChild(); child; child = child->getNextSibling())
         if (child->getNodeType() == DOMNode::TEXT_NODE) child->setNodeValue(u"");

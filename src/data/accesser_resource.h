@@ -2,9 +2,11 @@
 // The music catalogue, ResourceData.xml. The document stays parsed for the whole run; changes are made in
 // memory and reach the disk with commit().
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "data/data_resource.h"
@@ -18,9 +20,14 @@ public:
     // tells why, and nothing will be written to that file.
     int open(const std::string& path);
     bool isOpened() const { return opened_; }
-    // 1, or 0 when nothing is open or the file could not be replaced; the old file is then whole and the
-    // changes are still in memory.
+    // 1, or 0 when nothing is open, the file could not be replaced, or somebody else's changes in it are to
+    // be kept; the file is then as it was and the changes are still in memory.
     int commit();
+    // Asked before commit() takes the place of what somebody else has written into the file since it was read
+    // or written here. Without a question, and when the answer is false, that stays.
+    void setOverwriteQuestion(std::function<bool(const std::string& path)> question) {
+        mayOverwrite_ = std::move(question);
+    }
     int createFile(const std::string& path) const;
 
     // 1, or 0 with a cleared record when there is no such entry. Does not walk the file.
@@ -51,6 +58,7 @@ private:
 
     bool opened_ = false;
     std::string stylesheet_;
+    std::function<bool(const std::string& path)> mayOverwrite_;
     std::int32_t maxId_ = 0; // the highest number given, or found in an entry; never below 0
     std::map<std::int32_t, xercesc::DOMElement*> entries_; // the first of each number
 };

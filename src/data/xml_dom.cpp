@@ -55,6 +55,8 @@ bool XmlDom::read(const std::string& path) {
 
 int XmlDom::load(const std::string& path) {
     filePath_ = path;
+    // Before the reading: a change that comes in between is found as one later.
+    stamp_ = platform::fileStamp(path);
     return read(path) ? 1 : 0;
 }
 
@@ -68,7 +70,14 @@ void XmlDom::refuse(std::string why) {
 }
 
 int XmlDom::save(const char* encoding) {
-    return writeTo(filePath_, encoding);
+    if (!writeTo(filePath_, encoding)) return 0;
+    stamp_ = platform::fileStamp(filePath_);
+    return 1;
+}
+
+bool XmlDom::isChangedOnDisk() const {
+    const auto now = platform::fileStamp(filePath_);
+    return now && now != stamp_;
 }
 
 int XmlDom::writeTo(const std::string& path, const char* encoding) {

@@ -5,10 +5,13 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include <xercesc/util/XercesDefs.hpp>
+
+#include "platform/files.h"
 
 XERCES_CPP_NAMESPACE_BEGIN
 class DOMDocument;
@@ -39,6 +42,8 @@ public:
     // not be replaced. The old file is then whole.
     int save(const char* encoding);
     int writeTo(const std::string& path, const char* encoding);
+    // Somebody else has written the file since load() or save(). One that is gone was not changed.
+    bool isChangedOnDisk() const;
 
     xercesc::DOMNode* getCurrentNode() const { return currentNode_; }
 
@@ -77,6 +82,7 @@ protected:
     static std::map<std::int32_t, xercesc::DOMElement*> childrenById(const xercesc::DOMElement* parent,
                                                                      std::string_view name);
     xercesc::DOMDocument* document() const { return document_; }
+    const std::string& path() const { return filePath_; } // as given to load()
     // For a file that parses but is not what it should be.
     void refuse(std::string why);
 
@@ -84,6 +90,7 @@ private:
     bool read(const std::string& path);
 
     std::string filePath_;
+    std::optional<platform::FileStamp> stamp_; // of the file as it was read or written here
     std::string loadError_;
     std::unique_ptr<xercesc::XercesDOMParser> parser_;
     xercesc::DOMDocument* document_ = nullptr;

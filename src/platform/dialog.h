@@ -23,6 +23,9 @@ int runDialog(WindowHandle owner, const std::string& name, const DialogProc& pro
 // Hides the dialog, which then gets nothing but WM_DESTROY; the first result holds.
 void endDialog(WindowHandle dialog, int result);
 
+// The innermost of the open ones that runDialog runs, for a box that does not know where it is asked from.
+WindowHandle openDialog(); // none when there is none
+
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 // The system's plain box. Yes/No has neither close box nor Esc.

@@ -144,6 +144,13 @@ std::string fullPath(std::string_view path) {
         .value_or(utf8ToSjis(fs::path(withSlashes(path)).lexically_normal().native()));
 }
 
+std::optional<FileStamp> fileStamp(std::string_view path) {
+    struct stat found {};
+    if (path.empty() || ::stat(nativePath(path).c_str(), &found) != 0) return std::nullopt;
+    return FileStamp{found.st_dev, found.st_ino, static_cast<std::uint64_t>(found.st_size),
+                     found.st_mtim.tv_sec * std::int64_t{1000000000} + found.st_mtim.tv_nsec};
+}
+
 std::optional<std::string> readFile(std::string_view path) {
     if (!isFile(path)) return std::nullopt;
     std::ifstream file(nativePath(path), std::ios::binary);

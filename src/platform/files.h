@@ -32,6 +32,14 @@ std::optional<std::string> readFile(std::string_view path);
 bool replaceFile(std::string_view path, std::string_view bytes);
 bool makeFolder(std::string_view path); // with its parents; true when it is there afterwards
 
+// Tells one state of a file from the next without reading it.
+struct FileStamp {
+    std::uint64_t device = 0, number = 0, size = 0;
+    std::int64_t changed = 0; // nanoseconds
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+std::optional<FileStamp> fileStamp(std::string_view path); // none when there is no such file
+
 struct FolderEntry {
     std::string name; // Shift-JIS
     bool folder = false;

@@ -1,6 +1,7 @@
 #include "data/accesser_resource.h"
 
 #include <climits>
+#include <filesystem>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -228,6 +229,44 @@ TEST_F(CatalogueFile, KeepsTheChangesWhenTheDiskRefuses) {
 }
 
 // An element that people wrote holds more than a text node.
+TEST_F(CatalogueFile, AsksBeforeItReplacesSomebodyElsesChanges) {
+    AccesserResource catalogue;
+    fill(catalogue, 1);
+    ASSERT_EQ(catalogue.commit(), 1);
+    EXPECT_EQ(catalogue.commit(), 1) << "its own changes are no surprise";
+
+    AccesserResource other;
+    ASSERT_EQ(other.open(path), 1);
+    other.add(song("他人の曲"));
+    ASSERT_EQ(other.commit(), 1);
+    const auto theirs = platform::readFile(path);
+
+    catalogue.add(song("自分の曲"));
+    EXPECT_EQ(catalogue.commit(), 0) << "nobody to ask";
+    EXPECT_EQ(platform::readFile(path), theirs);
+    std::vector<std::string> asked;
+    bool answer = false;
+    catalogue.setOverwriteQuestion([&](const std::string& file) {
+        asked.push_back(file);
+        return answer;
+    });
+    EXPECT_EQ(catalogue.commit(), 0);
+    EXPECT_EQ(platform::readFile(path), theirs);
+    answer = true;
+    EXPECT_EQ(catalogue.commit(), 1);
+    EXPECT_THAT(asked, ElementsAre(path, path));
+    ASSERT_EQ(other.open(path), 1);
+    DataResource out;
+    EXPECT_EQ(other.get(2, out), 1);
+    EXPECT_EQ(out.getTitle(), "自分の曲");
+
+    // Once answered the file is its own again, and a file that is gone holds nothing to lose.
+    EXPECT_EQ(catalogue.commit(), 1);
+    std::filesystem::remove(path);
+    EXPECT_EQ(catalogue.commit(), 1);
+    EXPECT_EQ(asked.size(), 2u);
+}
+
 TEST(XmlDom, ReadsTheTextThatWasSetWhateverStoodThere) {
     const TemporaryFolder folder;
     const std::string path = folder.file("x.xml");

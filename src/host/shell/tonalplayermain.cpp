@@ -109,9 +109,20 @@ void Start::handTitlesToBoxes() {
     zelkova::setHelpUrl([] { return host().dataApplication.getHelpUrl(); });
 }
 
+bool mayOverwrite(const std::string& file) {
+    const platform::WindowHandle dialog = platform::openDialog();
+    zelkova::DataPairsList pairs;
+    pairs.add("FILE", file);
+    writeLog(3000014, pairs);
+    return zelkova::showMessage_pairs(dialog ? dialog : host().mainWindow, 3000014,
+                                      zelkova::MessageButtons::YesNo, 1,
+                                      pairs) == static_cast<int>(platform::Answer::Yes);
+}
+
 void Start::openCatalogue() {
     HostState& state = host();
     state.accesserResource.setStylesheet("ResourceData.xsl");
+    state.accesserResource.setOverwriteQuestion(mayOverwrite);
     const std::string wanted = state.dataApplication.getResourceFileName();
     if (wanted.empty() || !zelkova::fileExists(wanted))
         state.dataApplication.setResourceFileName(path("../cnf/ResourceData.xml"));

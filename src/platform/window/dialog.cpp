@@ -109,4 +109,10 @@ void endDialog(WindowHandle dialog, int result) {
     if (record->widget) record->widget->hide();
 }
 
+WindowHandle openDialog() {
+    for (auto modal = openModals().rbegin(); modal != openModals().rend(); ++modal)
+        if ((*modal)->window) return (*modal)->window;
+    return {};
+}
+
 } // namespace platform
