@@ -8,8 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QString>
-
+#include "platform/detail/folder_names.h"
 #include "platform/detail/program_folder.h"
 #include "platform/detail/qt_text.h"
 #include "platform/text.h"
@@ -27,27 +26,23 @@ std::string withSlashes(std::string_view path) {
     return text;
 }
 
+// From the root, without detours.
+bool isPlain(std::string_view path) {
+    return path.starts_with('/') && path.find("//") == path.npos && path.find("/.") == path.npos;
+}
+
 fs::path absolute(std::string_view path) {
     const fs::path text = withSlashes(path);
     return (text.is_absolute() ? text : detail::programFolder() / text).lexically_normal();
 }
 
-QString toQString(const fs::path& name) {
-    return QString::fromUtf8(name.native().data(), static_cast<qsizetype>(name.native().size()));
-}
-
-// The first entry of the folder that equals the name but for case; empty when there is none.
-fs::path entryIgnoringCase(const fs::path& folder, const fs::path& name) {
-    const QString wanted = toQString(name);
-    std::string best;
+// The path with each name in the case in which it stands on the disk.
+fs::path inCaseOfDisk(const fs::path& exact) {
     std::error_code failure;
-    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end;
-         entry.increment(failure)) {
-        const std::string found = entry->path().filename().native();
-        if (toQString(found).compare(wanted, Qt::CaseInsensitive) != 0) continue;
-        if (best.empty() || found < best) best = found;
-    }
-    return best;
+    if (fs::exists(exact, failure) || !exact.has_relative_path()) return exact;
+    const fs::path folder = inCaseOfDisk(exact.parent_path());
+    const fs::path other = detail::entryIgnoringCase(folder, exact.filename());
+    return folder / (other.empty() ? exact.filename() : other);
 }
 
 // Writes everything and flushes it to the disk.
@@ -102,21 +97,7 @@ void setProgramFolder(const fs::path& folder) {
 
 fs::path nativePath(std::string_view path) {
     if (path.empty()) return {};
-    const fs::path exact = absolute(path);
-    std::error_code failure;
-    if (fs::exists(exact, failure)) return exact;
-    fs::path found = exact.root_path();
-    bool known = true;
-    for (const fs::path& name : exact.relative_path()) {
-        if (known && !name.empty() && !fs::exists(found / name, failure)) {
-            const fs::path other = entryIgnoringCase(found, name);
-            known = !other.empty();
-            found /= known ? other : name;
-        } else {
-            found /= name;
-        }
-    }
-    return found;
+    return inCaseOfDisk(absolute(path));
 }
 
 std::optional<std::string> programPath(const fs::path& path) {
@@ -127,8 +108,12 @@ std::optional<std::string> programPath(const fs::path& path) {
 }
 
 bool pathExists(std::string_view path) {
+    if (path.empty()) return false;
+    // Asked of every song of a catalogue: most are there under the very name.
+    if (const std::string text = withSlashes(path); isPlain(text) && ::access(text.c_str(), F_OK) == 0)
+        return true;
     std::error_code failure;
-    return !path.empty() && fs::exists(nativePath(path), failure);
+    return fs::exists(nativePath(path), failure);
 }
 
 bool isFile(std::string_view path) {

@@ -71,6 +71,22 @@ TEST(Files, AreFoundWithoutRegardToCase) {
     EXPECT_EQ(platform::listFolder(folder.file("music")).size(), 2u);
 }
 
+TEST(Files, AreFoundInAFolderThatChangedSinceTheLastQuestion) {
+    const TemporaryFolder folder;
+    namespace fs = std::filesystem;
+    const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    fs::last_write_time(folder.path(), longAgo); // nobody doubts what is read of it now
+    EXPECT_FALSE(platform::pathExists(folder.file("SONG.MP3")));
+    EXPECT_FALSE(platform::pathExists(folder.file("other.mp3")));
+    std::ofstream(folder.path() / "Song.mp3") << "x";
+    EXPECT_TRUE(platform::pathExists(folder.file("SONG.MP3")));
+    std::ofstream(folder.path() / "Other.mp3") << "x";
+    fs::last_write_time(folder.path(), longAgo);
+    EXPECT_TRUE(platform::pathExists(folder.file("other.mp3")));
+    fs::remove(folder.path() / "Other.mp3");
+    EXPECT_FALSE(platform::pathExists(folder.file("other.mp3")));
+}
+
 TEST(Files, CountFromTheProgramsFolder) {
     const std::string program = platform::moduleFileName();
     const std::string above = program.substr(0, program.rfind('/', program.rfind('/') - 1));
