@@ -18,6 +18,7 @@
 #include "host/state/quest.h"
 #include "host/state/scoring.h"
 #include "platform/shell.h"
+#include "settings/settings_sheet.h"
 
 namespace {
 
@@ -48,6 +49,11 @@ void exploreHistoryFolder() {
 
 void openHelp() {
     open(zelkova::replaceAll(host().dataApplication.getHelpUrl(), codePlaceholder, ""));
+}
+
+void changeSettings() {
+    dlgSettings(host().mainWindow, host().dataApplication,
+                zelkova::normalizePath(host().modulePath + "../cnf/Config.xml"));
 }
 
 void closeWindow() {
@@ -114,7 +120,7 @@ constexpr std::array commands{
     Command{11004, notYet}, // 出題ファイルの作成
     Command{11005, closeSession},
     Command{11008, playMusic<&DataApplication::getEfcApplause>},
-    Command{11009, notYet}, // 基本設定
+    Command{11009, changeSettings},
     Command{11010, notYet}, // バージョン情報
     Command{11012, clearScores},
     Command{11013, clearUsers},
