@@ -6,11 +6,11 @@
 
 #include "data/accesser_application.h"
 #include "data/log_message.h"
+#include "foundation/dialog.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "platform/controls.h"
-#include "platform/property_sheet.h"
 #include "settings/setting_rows.h"
 
 namespace {
@@ -56,28 +56,13 @@ struct Opening {
     bool applied = false;
 };
 
-class SettingsPage {
+class SettingsPage : public zelkova::SheetPage {
 public:
-    SettingsPage(const PageRows& rows, Opening& opening) : rows_(rows), opening_(opening) {}
-
-    bool handle(platform::WindowHandle page, const platform::Message& message) {
-        switch (message.id) {
-        case platform::WM_INITDIALOG:
-            page_ = page;
-            show();
-            filled_ = true;
-            return true;
-        case platform::WM_COMMAND:
-            return filled_ && onCommand(static_cast<int>(platform::lowWord(message.wParam)));
-        case platform::WM_NOTIFY:
-            return onSheet(static_cast<int>(message.lParam));
-        default:
-            return false;
-        }
-    }
+    SettingsPage(const PageRows& rows, Opening& opening)
+        : SheetPage(rows.name), rows_(rows), opening_(opening) {}
 
 private:
-    void show() const {
+    void open() override {
         const DataApplication& settings = opening_.settings;
         for (const TextRow& row : rows_.texts)
             platform::setText(control(row.id), (settings.*row.get)());
@@ -103,7 +88,7 @@ private:
                           zelkova::formatSize(zelkova::stringToInt(platform::getText(control(idLogSize)))));
     }
 
-    bool onCommand(int id) {
+    bool onCommand(int id) override {
         if (id == idWordFromDesktop) {
             takeProgramOfDesktop();
             return true;
@@ -113,34 +98,26 @@ private:
         });
         if (button != rows_.texts.end()) {
             const platform::Control edit = control(button->id);
-            if (const auto chosen = browse(page_, button->browse, platform::getText(edit)))
+            if (const auto chosen = browse(window(), button->browse, platform::getText(edit)))
                 platform::setText(edit, *chosen);
             return true;
         }
         follow();
-        platform::sheetChanged(page_);
+        platform::sheetChanged(window());
         return false;
     }
 
     void takeProgramOfDesktop() const {
         const std::string program = opening_.programFor(wordExtension);
         if (program.empty())
-            zelkova::showMessage(page_, noProgramForDocuments);
+            zelkova::showMessage(window(), noProgramForDocuments);
         else
             platform::setText(control(idWordProgram), program);
     }
 
-    bool onSheet(int code) {
-        switch (code) {
-        case platform::PSN_KILLACTIVE:
-            if (!check()) platform::answerSheet(page_, -1);
-            return true;
-        case platform::PSN_APPLY:
-            store();
-            return true;
-        default:
-            return false;
-        }
+    bool onSheet(platform::SheetCode code) override {
+        if (code == platform::PSN_APPLY) store();
+        return code != platform::PSN_KILLACTIVE || check();
     }
 
     // A page is left, and applied, only with numbers that the program can use.
@@ -153,7 +130,7 @@ private:
             pairs.add("SUBJECT", row.label);
             pairs.add("LOW", row.low);
             pairs.add("HIGH", row.high);
-            zelkova::showMessage_pairs(page_, badNumber, zelkova::MessageButtons::Ok, 0, pairs);
+            zelkova::showMessage_pairs(window(), badNumber, zelkova::MessageButtons::Ok, 0, pairs);
             platform::setFocus(control(row.id));
             return false;
         }
@@ -173,12 +150,8 @@ private:
         opening_.applied = true;
     }
 
-    platform::Control control(int id) const { return {page_, id}; }
-
     const PageRows& rows_;
     Opening& opening_;
-    platform::WindowHandle page_;
-    bool filled_ = false;
 };
 
 // False, with the host told, when the file could not be written.
@@ -206,13 +179,8 @@ void dlgSettings(platform::WindowHandle owner, DataApplication& settings, const 
     platform::PropertySheet sheet;
     sheet.name = "IDD_KDL0501_CONFIG";
     sheet.title = settings.getNameJpn() + " -基本設定-";
-    for (const PageRows& rows : settingPages) {
-        SettingsPage& page = pages.emplace_back(rows, opening);
-        sheet.pages.push_back(
-            {rows.name, [&page](platform::WindowHandle window, const platform::Message& message) {
-                 return page.handle(window, message);
-             }});
-    }
+    for (const PageRows& rows : settingPages)
+        sheet.pages.push_back(pages.emplace_back(rows, opening).entry());
     const int result = platform::runPropertySheet(owner, sheet);
     if (opening.applied && save(owner, settings, file) && result == platform::IDOK) tellSaved(owner);
 }
