@@ -94,6 +94,7 @@ int AccesserResource::get(std::int32_t number, DataResource& resource) const {
         if (const auto* field = finder.find(child->getNodeName(), next))
             record::setText(resource, *field, getChildValue(child));
     }
+    resource.setNo(number); // what people wrote may lack it or say otherwise
     return 1;
 }
 

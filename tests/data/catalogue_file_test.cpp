@@ -157,6 +157,7 @@ TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
     EXPECT_EQ(out.getIntroEnd(), INT_MAX);
     ASSERT_EQ(catalogue.get(5, out), 1);
     EXPECT_EQ(out.getTitle(), "by its first attribute");
+    EXPECT_EQ(out.getNo(), 5) << "what the catalogue knows it by";
     EXPECT_EQ(catalogue.all().size(), 2u) << "without two thousand million look-ups";
     EXPECT_EQ(catalogue.add(song("no number left")), 0);
 }
