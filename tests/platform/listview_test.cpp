@@ -72,12 +72,15 @@ TEST_F(ListView, KeepsColumnsRowsAndCells) {
     EXPECT_EQ(column(1), names);
 }
 
-TEST_F(ListView, ANarrowColumnShowsNumbersOfFourDigits) {
+TEST_F(ListView, NarrowColumnsShowNumbersOfFourDigitsAndDates) {
     listInsertColumn(list, 0, "NO.", 35, Align::Right);
     listSetCell(list, 0, 0, "9999");
     listSetCell(list, 1, 0, "99999999");
     EXPECT_FALSE(driver::isCellCut(list, 0, 0));
     EXPECT_TRUE(driver::isCellCut(list, 1, 0));
+    listInsertColumn(list, 1, "リリース日", 75);
+    listSetCell(list, 0, 1, "2000/10/28");
+    EXPECT_FALSE(driver::isCellCut(list, 0, 1));
 }
 
 TEST_F(ListView, AnswersNothingForWhatIsNotThere) {

@@ -13,6 +13,8 @@
 //    are drawn inside its right end; range and step come from setSpinRange.
 //  - A QLabel with the dynamic property `elide` (bool, true) cuts its text with "…" and then shows the whole
 //    in a tool tip, instead of asking for more room. For texts whose length nobody knows, such as titles.
+//  - A QLineEdit with the dynamic property `showsEnd` (bool, true) shows the end of a text that is too long
+//    for it, and not the beginning.
 //  - The top widget's dynamic property `menu` names the dialog's menu bar.
 //  - The QPushButton with `default` set answers Enter; without one, the button numbered 1 does.
 //  - A label that names a field is its buddy; a button without text has an accessibleName.

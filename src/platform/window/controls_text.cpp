@@ -28,7 +28,8 @@ void setEditText(QLineEdit* edit, const QString& text) {
     if (edit->text() != text) {
         const QPointer<QLineEdit> alive = edit; // what is told of the text may end the dialog
         edit->setText(text);
-        if (alive && !alive->hasFocus()) alive->setCursorPosition(0); // a long text shows its beginning
+        if (alive && !alive->hasFocus()) // of a long text its beginning shows
+            alive->setCursorPosition(alive->property("showsEnd").toBool() ? alive->text().size() : 0);
         return;
     }
     static QLineEdit* telling = nullptr;
