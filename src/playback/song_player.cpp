@@ -7,12 +7,6 @@
 #include "host/state/host_state.h"
 #include "platform/clock.h"
 
-namespace {
-
-constexpr int slowest = 5; // percent
-
-} // namespace
-
 SongPlayer::SongPlayer(platform::WindowHandle window, std::vector<int> numbers) : order_(std::move(numbers)) {
     media_.create(window);
 }

@@ -17,6 +17,7 @@ enum class PlayState : int { Stopped = 0, Playing = 1, Paused = 2 };
 class SongPlayer {
 public:
     static constexpr int noLimit = -1;
+    static constexpr int slowest = 5, normalSpeed = 100, fastest = 200; // percent
 
     // The catalogue number of each row. Takes a player of the sound device and gives it back at the end.
     SongPlayer(platform::WindowHandle window, std::vector<int> numbers);
@@ -30,7 +31,7 @@ public:
 
     void setVolume(int percent);
     void mute(bool muted);
-    // Percent of normal; below 5 counts as 5.
+    // Percent of normal; below the slowest it counts as that.
     void setSpeed(int percent);
 
     void playRow(int row);

@@ -69,8 +69,22 @@ TEST_F(Start, TheMenuOpensTheDialogsOfDocuments) {
 
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
-    for (const int command : {11003, 11004, 11009, 11010, 11150, 11151}) {
+    for (const int command : {11003, 11004, 11009, 11010, 11151}) {
         desk.script.expectMessageBox(platform::Answer::Ok);
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+    }
+}
+
+TEST_F(Start, CommandsOpenTheirDialogs) {
+    const struct {
+        int command;
+        const char* dialog;
+    } rows[] = {
+        {11150, "IDD_KDL0801_TONAL_PLAYER"},
+    };
+    desk.start();
+    for (const auto& [command, dialog] : rows) {
+        desk.script.expectDialog(dialog, [](platform::WindowHandle window) { driver::closeBox(window); });
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }
 }

@@ -2,8 +2,8 @@
 
 #include "foundation/text.h"
 
-void VolumeBar::setUp(int level) const {
-    platform::setRange(bar, 0, 100);
+void VolumeBar::setUp(int level, int low, int high) const {
+    platform::setRange(bar, low, high);
     platform::setTickStep(bar, 10);
     platform::setPosition(bar, level);
     follow();

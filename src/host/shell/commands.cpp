@@ -18,6 +18,7 @@
 #include "host/state/quest.h"
 #include "host/state/scoring.h"
 #include "platform/shell.h"
+#include "playback/tonal_player.h"
 #include "settings/settings_sheet.h"
 
 namespace {
@@ -98,6 +99,10 @@ void rebuildPlayers() {
         initResource();
 }
 
+void runPlayer() {
+    dlgTonalPlayer(host().mainWindow);
+}
+
 template <const std::string& (DataApplication::*Sound)() const>
 void playMusic() {
     playEffect(host().bgmMedia, (host().dataApplication.*Sound)());
@@ -138,7 +143,7 @@ constexpr std::array commands{
     Command{11098, playMusic<&DataApplication::getEfcApplause2>},
     Command{11099, exploreHistoryFolder},
     Command{11102, makeDocument<dlgApplicationForm>},
-    Command{11150, notYet}, // トーナルプレイヤーの起動
+    Command{11150, runPlayer},
     Command{11151, notYet}, // 特訓モード
 };
 
