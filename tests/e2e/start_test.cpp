@@ -69,7 +69,7 @@ TEST_F(Start, TheMenuOpensTheDialogsOfDocuments) {
 
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
-    for (const int command : {11003, 11004, 11009, 11010, 11151}) {
+    for (const int command : {11003, 11004, 11010, 11151}) {
         desk.script.expectMessageBox(platform::Answer::Ok);
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }
@@ -80,6 +80,7 @@ TEST_F(Start, CommandsOpenTheirDialogs) {
         int command;
         const char* dialog;
     } rows[] = {
+        {11009, "IDD_KDL0501_CONFIG"},
         {11150, "IDD_KDL0801_TONAL_PLAYER"},
     };
     desk.start();
