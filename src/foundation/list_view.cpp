@@ -61,6 +61,12 @@ bool ListView::deleteItem(int index) {
     return true;
 }
 
+bool ListView::deleteItems(const std::vector<int>& rows) {
+    if (!platform::listDeleteRows(hwnd, rows)) return false;
+    itemCount -= static_cast<int>(rows.size());
+    return true;
+}
+
 bool ListView::deleteAllItems() {
     if (!platform::listDeleteAllRows(hwnd)) return false;
     itemCount = 0;

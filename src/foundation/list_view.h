@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "foundation/component.h"
 #include "platform/listview.h"
@@ -46,6 +47,8 @@ public:
     std::int32_t getNumber(int index, int subitem) const; // 0 for a cell without a number
     int getItemCount() const { return itemCount; }
     bool deleteItem(int index);
+    // Ascending; in one go, which a long list needs. False, with nothing changed, when one is not there.
+    bool deleteItems(const std::vector<int>& rows);
     bool deleteAllItems();
     int getSelectedItem() const { return platform::listSelectedRow(hwnd); } // -1 when none
 

@@ -1,7 +1,8 @@
 #pragma once
 // List views in report form: columns, rows of text cells, one number kept with each row, a colour for each
 // row. Rows and columns count from 0. Operations on a row or column that is not there answer false, "" or -1.
-// Cost: inserting at the end, reading and writing a cell are O(1); a list of 10,000 rows stays fluent.
+// Cost: inserting at the end, reading and writing a cell are O(1), deleting many rows in one go and reading
+// the selection grow with the rows; a list of 10,000 rows stays fluent.
 
 #include <functional>
 #include <optional>
@@ -24,6 +25,9 @@ int listColumnWidth(Control list, int column);
 
 bool listInsertRow(Control list, int row, std::string_view text); // row from 0 to the row count
 bool listDeleteRow(Control list, int row);
+// Ascending rows, in one go; afterwards no row is selected. False, with nothing changed, when one of them is
+// not there.
+bool listDeleteRows(Control list, const std::vector<int>& rows);
 bool listDeleteAllRows(Control list);
 int listRowCount(Control list);
 bool listSetCell(Control list, int row, int column, std::string_view text);

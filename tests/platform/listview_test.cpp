@@ -112,6 +112,19 @@ TEST_F(ListView, DeletingMovesTheRowsBelowUpWithTheirNumbers) {
     EXPECT_THAT(main.messages, IsEmpty());
 }
 
+TEST_F(ListView, ManyRowsGoInOneGoAndLeaveTheOthersWhereTheyAre) {
+    listSetMultiSelect(list, true);
+    driver::select(list, 0);
+    driver::pressKey(main, "Ctrl+A");
+    EXPECT_FALSE(listDeleteRows(list, {0, 4}));
+    EXPECT_TRUE(listDeleteRows(list, {}));
+    EXPECT_THAT(listSelectedRows(list), ElementsAre(0, 1, 2, 3));
+    EXPECT_TRUE(listDeleteRows(list, {0, 2}));
+    EXPECT_THAT(column(1), ElementsAre("夏", "冬"));
+    EXPECT_EQ(listRowData(list, 1), 103);
+    EXPECT_THAT(listSelectedRows(list), IsEmpty());
+}
+
 TEST_F(ListView, SortingIsStableAndTakesNumbersAndSelectionAlong) {
     listSelectRow(list, 3);
     const bool even[] = {false, true, false, true};

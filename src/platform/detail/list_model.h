@@ -32,6 +32,7 @@ public:
     void deleteColumn(int column);
     void insertRowAt(int row, const QString& text);
     void deleteRow(int row);
+    void deleteRows(const std::vector<int>& ascending);
     void deleteAllRows();
     void setCell(int row, int column, const QString& text);
     QString cell(int row, int column) const;

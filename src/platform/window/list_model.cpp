@@ -127,6 +127,20 @@ void ListModel::deleteRow(int row) {
     endRemoveRows();
 }
 
+// Row by row, and even range by range, the time would grow with the square of the rows.
+void ListModel::deleteRows(const std::vector<int>& ascending) {
+    beginResetModel();
+    std::vector<Row> kept;
+    auto next = ascending.begin();
+    for (int row = 0; row < rowCount(); ++row)
+        if (next != ascending.end() && *next == row)
+            ++next;
+        else
+            kept.push_back(std::move(rows_[static_cast<std::size_t>(row)]));
+    rows_ = std::move(kept);
+    endResetModel();
+}
+
 void ListModel::deleteAllRows() {
     beginResetModel();
     rows_.clear();

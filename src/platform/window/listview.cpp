@@ -87,6 +87,13 @@ bool listDeleteRow(Control control, int row) {
     return true;
 }
 
+bool listDeleteRows(Control control, const std::vector<int>& rows) {
+    const List list(control);
+    if (!list.model || !std::ranges::all_of(rows, [&](int row) { return list.hasRow(row); })) return false;
+    if (!rows.empty()) list.model->deleteRows(rows);
+    return true;
+}
+
 bool listDeleteAllRows(Control control) {
     const List list(control);
     if (!list.model) return false;
@@ -140,9 +147,12 @@ std::vector<int> listSelectedRows(Control control) {
     const List list(control);
     std::vector<int> rows;
     if (!list.model) return rows;
-    for (const QModelIndex& index : list.view->selectionModel()->selectedRows())
-        rows.push_back(index.row());
+    // Whole rows are selected, one range or many; asking the toolkit row by row would be quadratic.
+    for (const QItemSelectionRange& range : list.view->selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
     std::ranges::sort(rows);
+    rows.erase(std::ranges::unique(rows).begin(), rows.end());
     return rows;
 }
 
