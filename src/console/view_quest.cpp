@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "foundation/path.h"
+#include "foundation/views/song_files.h"
 #include "host/state/host_state.h"
 #include "host/state/quest.h"
 
 namespace {
 
 constexpr platform::Color currentYellow{240, 240, 70};
-constexpr platform::Color missingRed{250, 115, 115};
-
-// What a row's own number says of its song's file.
-enum : std::intptr_t { fileUnknown, filePresent, fileGone };
 
 } // namespace
 
@@ -55,21 +51,11 @@ void ViewQuest::addRows(int number, const DataSession& stage, int firstQuest) {
 
 void ViewQuest::forgetFiles() {
     for (int row = 0; row < getItemCount(); ++row)
-        platform::listSetRowData(hwnd, row, fileUnknown);
-}
-
-bool ViewQuest::fileIsGone(int row) const {
-    if (platform::listRowData(hwnd, row) == fileUnknown) {
-        DataResource record;
-        const bool gone = songAt(row) != 0 && host().accesserResource.get(songAt(row), record) &&
-                          !zelkova::fileExists(record.getFileName());
-        platform::listSetRowData(hwnd, row, gone ? fileGone : filePresent);
-    }
-    return platform::listRowData(hwnd, row) == fileGone;
+        forgetFile(hwnd, row);
 }
 
 platform::RowColors ViewQuest::rowColors(int row) const {
     if (questAt(row) == host().curQuestNumber && questAt(row) != 0) return {std::nullopt, currentYellow};
-    if (fileIsGone(row)) return {std::nullopt, missingRed};
+    if (fileIsGone(hwnd, row, songAt(row), host().accesserResource)) return {std::nullopt, missingFileRed};
     return {};
 }

@@ -27,7 +27,4 @@ public:
     // looks for its file and remembers it, until it is told to look again.
     platform::RowColors rowColors(int row) const;
     void forgetFiles();
-
-private:
-    bool fileIsGone(int row) const;
 };
