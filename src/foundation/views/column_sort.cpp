@@ -1,5 +1,6 @@
 #include "foundation/views/column_sort.h"
 
+#include <algorithm>
 #include <string>
 
 #include "foundation/text.h"
@@ -39,6 +40,11 @@ bool ColumnSort::click(const ListView& list, int column) {
     directions_[index] = descending ? SortDirection::Descending : SortDirection::Ascending;
     platform::listSetSortMark(list.getHwnd(), column, descending);
     return true;
+}
+
+void ColumnSort::forget(const ListView& list) {
+    std::ranges::fill(directions_, SortDirection::Descending);
+    platform::listSetSortMark(list.getHwnd(), -1, false);
 }
 
 } // namespace zelkova

@@ -19,6 +19,10 @@ public:
     // compare equal keep their order. False, with nothing changed, when the list refuses.
     bool click(const ListView& list, int column);
 
+    // The rows of the list were put in another order: no column bears the mark, each ascends at its next
+    // click.
+    void forget(const ListView& list);
+
     SortDirection direction(int column) const { return directions_.at(static_cast<std::size_t>(column)); }
 
 private:

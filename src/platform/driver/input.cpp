@@ -91,6 +91,7 @@ bool select(Control control, int index) {
 
 bool type(Control control, std::string_view text) {
     QWidget* widget = reach(control);
+    if (const auto* combo = qobject_cast<QComboBox*>(widget)) widget = combo->lineEdit();
     if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && !edit->isReadOnly()) {
         edit->setFocus(Qt::MouseFocusReason);
         edit->selectAll();
