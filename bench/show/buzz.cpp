@@ -6,11 +6,11 @@
 #include <random>
 #include <thread>
 
+#include "figures.h"
 #include "host/state/console_ids.h"
 #include "host/state/host_state.h"
 #include "platform/driver.h"
 #include "platform/messages.h"
-#include "show/figures.h"
 #include "show/measurements.h"
 #include "show/quiet_songs.h"
 #include "show/terminal.h"

@@ -7,10 +7,10 @@
 
 #include <malloc.h>
 
+#include "figures.h"
 #include "host/state/console_ids.h"
 #include "host/state/host_state.h"
 #include "platform/driver.h"
-#include "show/figures.h"
 #include "show/measurements.h"
 #include "show/quiet_songs.h"
 #include "show/terminal.h"

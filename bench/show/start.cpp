@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdio>
 
+#include "figures.h"
 #include "host/shell/tonalplayermain.h"
 #include "host/state/host_state.h"
 #include "platform/application.h"
@@ -12,7 +13,6 @@
 #include "platform/shell.h"
 #include "platform/sound.h"
 #include "platform/window.h"
-#include "show/figures.h"
 #include "show/measurements.h"
 #include "show/quiet_songs.h"
 

@@ -1,4 +1,4 @@
-#include "show/figures.h"
+#include "figures.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,0 +1,168 @@
+// The editors' own dialogs over a catalogue of 10,000 songs, on a screen that nobody sees. Every time is from
+// the user's act to the last pixel that it changes. What other programs do on the machine adds to it.
+#include <chrono>
+#include <fstream>
+#include <functional>
+
+#include <stdlib.h>
+
+#include "data/labels.h"
+#include "editors/search_list.h"
+#include "figures.h"
+#include "foundation/text.h"
+#include "host/state/host_state.h"
+#include "platform/application.h"
+#include "platform/controls.h"
+#include "platform/driver.h"
+#include "platform/listview.h"
+#include "platform/window.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+namespace driver = platform::driver;
+using platform::WindowHandle;
+
+constexpr int songs = 10'000;
+
+// Numbered 1 to `songs` in an order of titles that is not theirs; every second one has lost its file.
+class Catalogue {
+public:
+    Catalogue() {
+        resetHost();
+        AccesserResource& catalogue = host().accesserResource;
+        catalogue.open(folder_.file("ResourceData.xml"));
+        for (int i = 1; i <= songs; ++i)
+            catalogue.add(song(i));
+        catalogue.commit();
+    }
+    ~Catalogue() { resetHost(); }
+    Catalogue(const Catalogue&) = delete;
+    Catalogue& operator=(const Catalogue&) = delete;
+
+private:
+    DataResource song(int number) const {
+        const std::string mixed = zelkova::numberToText(static_cast<int>(number * 7919L % songs));
+        DataResource out;
+        out.setFileName(folder_.file("song" + zelkova::numberToText(number) + ".mp3"));
+        if (number % 2 == 0) std::ofstream(out.getFileName());
+        out.setFileType(fileTypeMp3);
+        out.setTitle("荒城の月・第" + mixed + "番");
+        out.setType(number % songTypeLabels.size());
+        out.setReleaseDate({static_cast<std::uint16_t>(1900 + number % 100), 2, 0, 3, 0, 0, 0, 0});
+        out.setGenre(genres[static_cast<std::size_t>(number) % genres.size()].name);
+        out.setArtist("滝廉太郎" + zelkova::numberToText(number % 500));
+        out.setArtistKana("タキレンタロウ");
+        out.setLength(1530);
+        out.setIntroStart(0);
+        out.setIntroEnd(153);
+        out.setAnsStart(600);
+        out.setAnsEnd(750);
+        out.setFamous(number % 10);
+        out.setDeficalt(number % 7);
+        return out;
+    }
+
+    test_support::TemporaryFolder folder_;
+};
+
+class Watch {
+public:
+    double ms() const {
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start_).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+double timeOf(const std::function<void()>& act) {
+    const Watch watch;
+    act();
+    driver::settle();
+    return watch.ms();
+}
+
+enum : int {
+    idTitle = 3317,
+    idSearch = 3333,
+    idSongs = 3336,
+    idOk = 3338,
+    idRemove = 3342,
+    idYes = 111,
+};
+
+// Opens the list and lets `act` do what it measures there; the answer is what the opening took.
+double inSearchList(SearchListMode mode, const std::function<void(WindowHandle)>& act,
+                    bool question = false) {
+    driver::Script script;
+    const Watch watch;
+    double opened = 0;
+    script.expectDialog("IDD_KDL0303_SERCHLIST", [&](WindowHandle dialog) {
+        driver::settle();
+        opened = watch.ms();
+        act(dialog);
+        driver::click({dialog, idOk});
+    });
+    if (question)
+        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](WindowHandle box) { driver::click({box, idYes}); });
+    std::string numbers;
+    dlgSearchList({}, mode, numbers);
+    return opened;
+}
+
+bool measureSearchList() {
+    bench::printTitle("Search list over 10,000 songs");
+    constexpr double openingMs = 500, sortMs = 300, searchMs = 200;
+    const Catalogue catalogue;
+    constexpr struct {
+        int column;
+        const char* what;
+    } sorts[] = {{0, "NO."}, {1, "タイトル名"}, {2, "アーティスト名"}, {5, "リリース日"}, {11, "ポイント"}};
+    const double opened = inSearchList(SearchListMode::All, [&](WindowHandle dialog) {
+        const platform::Control list(dialog, idSongs);
+        for (const auto& [column, what] : sorts)
+            for (const char* way : {"up", "down"})
+                bench::printFigure("sorting column " + std::to_string(column) + ", " + way,
+                                   timeOf([&] { driver::clickColumn(list, column); }), "ms", sortMs);
+        driver::select(list, 0);
+        bench::printFigure("a page further, files looked for",
+                           timeOf([&] { driver::pressKey(dialog, "PgDown"); }), "ms");
+        bench::printFigure("all rows selected", timeOf([&] { driver::pressKey(dialog, "Ctrl+A"); }), "ms");
+        bench::printFigure("sorting with them", timeOf([&] { driver::clickColumn(list, 1); }), "ms", sortMs);
+    });
+    bench::printFigure("opening with every song", opened, "ms", openingMs);
+    inSearchList(SearchListMode::Search, [&](WindowHandle dialog) {
+        for (const char* pattern : {"", "*5*", "荒城*9番", "?"}) {
+            driver::type({dialog, idTitle}, pattern);
+            const double took = timeOf([&] { driver::click({dialog, idSearch}); });
+            bench::printFigure("search that finds " +
+                                   std::to_string(platform::listRowCount({dialog, idSongs})),
+                               took, "ms", searchMs);
+        }
+    });
+    inSearchList(
+        SearchListMode::All,
+        [&](WindowHandle dialog) {
+            const platform::Control list(dialog, idSongs);
+            driver::select(list, songs / 2);
+            driver::pressKey(dialog, "Shift+End");
+            bench::printFigure("sorting with 5,000 selected, which scatters them",
+                               timeOf([&] { driver::clickColumn(list, 1); }), "ms", sortMs);
+            bench::printFigure("removing these 5,000, and writing the catalogue", timeOf([&] {
+                                   driver::click({dialog, idRemove});
+                               }),
+                               "ms");
+            bench::printFigure("songs left", platform::listRowCount(list), "");
+        },
+        true);
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    const platform::Application application(argc, argv);
+    return measureSearchList() ? 0 : 1;
+}
