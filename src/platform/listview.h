@@ -39,7 +39,7 @@ std::intptr_t listRowData(Control list, int row);
 
 // Lets the user drag rows of the list onto the other (which may be the same). `dropped` runs when the mouse
 // is released over it: the row that was taken, and the row below the mouse, -1 below the last one. Taking and
-// putting is its business.
+// putting is its business. Meanwhile the row below the mouse is selected, if it is another list's.
 void listSetDrag(Control from, Control to, std::function<void(int row, int toRow)> dropped);
 
 // Full-row selection with grid lines is what every list has; several rows only where asked for.

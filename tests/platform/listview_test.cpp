@@ -227,6 +227,21 @@ TEST_F(ListView, RowsAreDraggedWhereTheyAreMeantToGo) {
     EXPECT_EQ(drops.size(), 2u);
 }
 
+TEST_F(ListView, TheRowThatWouldBeDroppedOnIsSelected) {
+    const TestWindow second(WS_VISIBLE);
+    ASSERT_TRUE(loadTemplate(second, "IDD_TEST_LIST"));
+    const Control other(second, listId);
+    listInsertColumn(other, 0, "番号", 60);
+    for (int row = 0; row < 3; ++row)
+        listInsertRow(other, row, "");
+    int selected = -1;
+    listSetDrag(list, other, [&](int, int) { selected = listSelectedRow(other); });
+    EXPECT_TRUE(driver::dragRow(list, 0, other, 2));
+    EXPECT_EQ(selected, 2);
+    EXPECT_TRUE(driver::dragRow(list, 0, other, -1));
+    EXPECT_EQ(selected, 2) << "below the rows there is none";
+}
+
 TEST_F(ListView, FillsTenThousandRowsInTimeThatGrowsWithTheirNumber) {
     const auto fill = [this](int rows) {
         listDeleteAllRows(list);

@@ -57,10 +57,18 @@ private:
         if (row_ < 0 || !(event.buttons() & Qt::LeftButton)) return false;
         const QPoint way = event.position().toPoint() - start_;
         dragging_ = dragging_ || way.manhattanLength() >= QApplication::startDragDistance();
-        if (dragging_)
-            from_->viewport()->setCursor(placeBelow(event) ? carrying_ : QCursor(Qt::ForbiddenCursor));
+        if (dragging_) show(placeBelow(event));
         // The list would take the move for a wish to select more rows.
         return dragging_;
+    }
+
+    // The row that would be dropped on is the selected one; a list dragged inside keeps its own.
+    void show(const std::optional<QPoint>& place) {
+        from_->viewport()->setCursor(place ? carrying_ : QCursor(Qt::ForbiddenCursor));
+        if (!place || to_ == from_) return;
+        if (const QModelIndex row = to_->indexAt(*place); row.isValid())
+            to_->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
+                                                            QItemSelectionModel::Rows);
     }
 
     void release(const QMouseEvent& event) {
