@@ -6,7 +6,7 @@
 #include "e2e/desk.h"
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
-#include "platform/listview.h"
+#include "support/list_rows.h"
 
 namespace {
 
@@ -34,13 +34,8 @@ protected:
         desk.connect();
         desk.announce("青木,馬場", 2);
     }
-    std::vector<std::string> rows() const {
-        const platform::Control list{host().dataPane, ids::questList};
-        std::vector<std::string> all;
-        for (int row = 0; row < platform::listRowCount(list); ++row)
-            for (int column = 0; column < platform::listColumnCount(list); ++column)
-                all.push_back(platform::listCell(list, row, column).value_or("?"));
-        return all;
+    static std::vector<std::string> rows() {
+        return test_support::listRows({host().dataPane, ids::questList});
     }
 
     e2e::Desk desk;

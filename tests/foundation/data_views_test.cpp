@@ -10,6 +10,7 @@
 #include "foundation/views/view_source_resource_detail.h"
 #include "foundation/views/view_training_mode_history.h"
 #include "platform/driver.h"
+#include "support/list_rows.h"
 
 namespace {
 
@@ -42,15 +43,7 @@ protected:
                     std::to_string(platform::listColumnWidth(list, column)) + ",";
         return text;
     }
-    Rows rows() const {
-        Rows all;
-        for (int row = 0; row < platform::listRowCount(list); ++row) {
-            all.emplace_back();
-            for (int column = 0; column < platform::listColumnCount(list); ++column)
-                all.back() += (column ? "|" : "") + platform::listCell(list, row, column).value_or("?");
-        }
-        return all;
-    }
+    Rows rows() const { return test_support::listRows(list); }
 
     platform::WindowHandle window, list;
 };
