@@ -1,6 +1,8 @@
 #include "console/quest_editing.h"
 
 #include "console/console_pane.h"
+#include "console/data_pane.h"
+#include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
 #include "host/state/not_yet.h"
 #include "host/state/play_control.h"
@@ -12,6 +14,15 @@ namespace {
 // Stands for an editor that is still to come.
 void announce() {
     if (mayEditQuest()) notYet();
+}
+
+void showStages() {
+    HostState& state = host();
+    fillQuestList();
+    redrawQuestList();
+    state.allQuestNumber = 0;
+    for (const DataSession& stage : state.sessionList)
+        state.allQuestNumber += stage.getQuestNum();
 }
 
 // The current quest as its stage now says. A quest that is being played or judged plays on as it began, and
@@ -38,8 +49,25 @@ void editStageOfQuest(int quest) {
     refreshQuest();
 }
 
-void editSongsOfQuest(int) {
-    announce();
+void editSongsOfQuest(int quest) {
+    HostState& state = host();
+    if (!mayEditQuest() || quest < 1 || !state.questEditors.songs) return;
+    const auto place = findQuest(state.sessionList, quest);
+    if (!place) return;
+    std::vector<DataSession> stages = state.sessionList;
+    const int result = state.questEditors.songs(state.mainWindow, stages, place->stage);
+    if (result == songsMissing || result == songsUnfit) {
+        zelkova::DataPairsList pairs;
+        pairs.add("STAGE", stages[place->stage].getName());
+        pairs.add("RESULT", result);
+        zelkova::reportMessage(state.mainWindow, 4000007, pairs);
+        return;
+    }
+    const bool taken = result == songsComplete || result == songsRepeated || result == songsShared;
+    if (!taken || place->stage >= state.sessionList.size()) return;
+    state.sessionList[place->stage] = stages[place->stage];
+    showStages();
+    refreshQuest();
 }
 
 void editSong(int) {

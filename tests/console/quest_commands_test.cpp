@@ -185,17 +185,4 @@ TEST_F(QuestCommands, TheFocusStaysWhereSomethingCanBePressed) {
     EXPECT_TRUE(platform::hasFocus(console(ids::replay)));
 }
 
-TEST_F(QuestCommands, EditorsOpenOnlyWhereTheQuestMayBeChanged) {
-    {
-        driver::Script script;
-        script.expectMessageBox(platform::Answer::Ok);
-        ASSERT_TRUE(driver::click(console(ids::changeSongs)));
-        EXPECT_THAT(script, RanAsWritten());
-    }
-    raiseEvents({EV_QUEST_START});
-    driver::Script silent;
-    platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeSongs);
-    EXPECT_THAT(silent, RanAsWritten());
-}
-
 } // namespace

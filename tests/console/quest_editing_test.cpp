@@ -2,13 +2,16 @@
 #include "data/labels.h"
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
+#include "platform/listview.h"
+#include "support/list_rows.h"
 
 namespace {
 
 using namespace console_tests;
+using Rows = std::vector<std::string>;
 namespace driver = platform::driver;
 
-// The editor that the shell would have lent.
+// The editors that the shell would have lent.
 std::vector<std::string> edited;
 int answer;
 std::function<void()> meanwhile;
@@ -23,22 +26,36 @@ int edit(platform::WindowHandle, DataSession& stage) {
     return answer;
 }
 
+std::string chosen; // what the songs' editor gives its stage
+
+int choose(platform::WindowHandle, std::vector<DataSession>& stages, std::size_t index) {
+    for (const DataSession& stage : stages)
+        edited.push_back(stage.getName());
+    stages[index].setResourceId(chosen);
+    stages[0].setName("書き換え");
+    if (meanwhile) meanwhile();
+    return answer;
+}
+
 class QuestEditing : public Desk {
 protected:
     void SetUp() override {
         const std::string song = std::to_string(addSong("曲", "歌手"));
+        addSong("次の曲", "歌手");
         openSession({stageOf("一", 2, song + "," + song), stageOf("二", 1, song), stageOf("不足", 1, "")});
         host().questEditors.stage = edit;
+        host().questEditors.songs = choose;
         edited.clear();
         answer = 1;
         meanwhile = {};
     }
-    void pressInList(int row) {
+    void pressInList(int row, int command = ids::listChangeStage) {
         driver::Script script;
-        script.expectMenu("IDM_KDL0101_QUESTMENUE", ids::listChangeStage);
+        script.expectMenu("IDM_KDL0101_QUESTMENUE", command);
         ASSERT_TRUE(driver::rightClickRow(data(ids::questList), row));
         EXPECT_THAT(script, RanAsWritten());
     }
+    Rows list() const { return test_support::listRows(data(ids::questList)); }
     static int score(std::size_t stage) { return host().sessionList[stage].getScore(); }
 };
 
@@ -94,6 +111,69 @@ TEST_F(QuestEditing, WhatHappensUnderTheEditorStands) {
     meanwhile = [] { host().sessionList.clear(); };
     ASSERT_TRUE(driver::click(console(ids::changeStage)));
     EXPECT_TRUE(host().sessionList.empty());
+}
+
+TEST_F(QuestEditing, SongsThatCanBePlayedAreTakenOver) {
+    for (const int result : {songsComplete, songsRepeated, songsShared}) {
+        answer = result;
+        chosen = result == songsComplete ? "2,1" : "1,2";
+        const std::string first = result == songsComplete ? "次の曲" : "曲";
+        const std::string second = result == songsComplete ? "曲" : "次の曲";
+        edited.clear();
+        driver::Script silent;
+        ASSERT_TRUE(driver::click(console(ids::changeSongs)));
+        EXPECT_THAT(silent, RanAsWritten());
+        EXPECT_EQ(edited, (Rows{"一", "二", "不足"})) << "all stages, for what the others use";
+        EXPECT_EQ(host().sessionList[0].getResourceId(), chosen);
+        EXPECT_EQ(list()[0], "1|書き換え|1|1|" + chosen.substr(0, 1) + "|" + first + "|歌手");
+        EXPECT_EQ(list()[1], "||2|2|" + chosen.substr(2) + "|" + second + "|歌手");
+        EXPECT_EQ(list().size(), 4u);
+        EXPECT_EQ(consoleText(ids::title), first);
+        EXPECT_EQ(host().dataResourceList[0].getTitle(), first);
+        EXPECT_EQ(host().allQuestNumber, 4);
+        host().sessionList[0].setName("一");
+    }
+}
+
+TEST_F(QuestEditing, SongsThatCannotBePlayedAreRefused) {
+    const Rows before = list();
+    for (const int result : std::initializer_list<int>{songsMissing, songsUnfit, -1}) {
+        answer = result;
+        chosen = "0,2";
+        driver::Script script;
+        if (result != -1)
+            script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](platform::WindowHandle box) {
+                EXPECT_EQ(platform::getText({box, 102}), "C4000007");
+                driver::pressKey(box, "Escape");
+            });
+        ASSERT_TRUE(driver::click(console(ids::changeSongs)));
+        EXPECT_THAT(script, RanAsWritten());
+        EXPECT_EQ(host().sessionList[0].getName(), "一");
+        EXPECT_EQ(host().sessionList[0].getResourceId(), "1,1");
+        EXPECT_EQ(consoleText(ids::title), "曲");
+    }
+    EXPECT_EQ(list(), before);
+}
+
+TEST_F(QuestEditing, TheListChangesTheSongsOfItsRowsStage) {
+    answer = songsComplete;
+    chosen = "2";
+    pressInList(2, ids::listChangeSongs);
+    EXPECT_EQ(host().sessionList[1].getResourceId(), "2");
+    EXPECT_EQ(host().sessionList[0].getName(), "一") << "other stages stay as they are";
+    EXPECT_EQ(list()[2], "2|二|1|3|2|次の曲|歌手");
+    EXPECT_EQ(consoleText(ids::title), "曲");
+    edited.clear();
+    pressInList(3, ids::listChangeSongs); // a row without a quest
+    EXPECT_TRUE(edited.empty());
+
+    meanwhile = [] { host().sessionList.clear(); };
+    ASSERT_TRUE(driver::click(console(ids::changeSongs)));
+    EXPECT_TRUE(host().sessionList.empty()) << "the session ended under the editor";
+    raiseEvents({EV_QUEST_START});
+    edited.clear();
+    platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeSongs);
+    EXPECT_TRUE(edited.empty()) << "nothing while a quest is under way";
 }
 
 } // namespace

@@ -30,6 +30,9 @@ constexpr int maxSongs = 5; // songs that a quest can play at once
 struct QuestEditors {
     // Gives the stage of a running session other settings; 1 when it did, 0 when the stage stays as it was.
     int (*stage)(platform::WindowHandle owner, DataSession& stage) = nullptr;
+    // Gives stages[index] other songs, also some that cannot be played: copies, to be thrown away then. A
+    // SongCheck, or -1 when the stage stays as it was.
+    int (*songs)(platform::WindowHandle owner, std::vector<DataSession>& stages, std::size_t index) = nullptr;
 };
 
 struct HostState {
