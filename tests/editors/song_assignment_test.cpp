@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <map>
 #include <set>
 
@@ -11,7 +12,6 @@
 #include "data/labels.h"
 #include "foundation/random.h"
 #include "foundation/text.h"
-#include "platform/files.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -29,7 +29,7 @@ class Assignment : public testing::Test {
 protected:
     Assignment() {
         const std::string file = folder.file("song.mp3");
-        platform::replaceFile(file, "sound");
+        std::ofstream{file};
         catalogue.open(folder.file("ResourceData.xml"));
         for (int number = 1; number <= 26; ++number) {
             DataResource song;
@@ -134,7 +134,7 @@ TEST_F(Assignment, ResultOfTheCheck) {
 TEST_F(Assignment, LooksAgainWhenCatalogueOrFilesChange) {
     SongAssignment assignment = choose({1, 21, 3}, {}, 3);
     EXPECT_EQ(assignment.check(), songsUnfit);
-    platform::replaceFile(folder.file("gone.mp3"), "back");
+    std::ofstream{folder.file("gone.mp3")};
     EXPECT_FALSE(assignment.fits(21));
     assignment.lookAgain();
     EXPECT_TRUE(assignment.fits(21));
