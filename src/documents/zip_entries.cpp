@@ -53,7 +53,8 @@ void collect(const std::string& path, const fs::path& leftOut, std::vector<ZipHe
             if (!fs::is_symlink(nativeInside, failure) || !fs::is_directory(nativeInside, failure))
                 collect(inside, leftOut, entries);
         }
-        if (!folder.names().empty()) return;
+        // Not by the names: one that the code page cannot write is left out, but its folder is not empty.
+        if (!fs::is_empty(native, failure) || failure) return;
         takeTime(native, entry);
         entry.name += "/";
         entry.uncompressedSize = ZipHeader::directory;

@@ -104,6 +104,8 @@ private:
 
     static FileEncBuffer deflate(std::string_view content, std::uint32_t& crc) {
         FileEncBuffer buffer(content.size());
+        crc = 0;
+        if (content.empty()) return buffer;
         BitStream::BStrmOut<FileEncBuffer, 32> bits(buffer);
         BufferBlock::BBlkOut<decltype(bits)> block(bits, blockLimit);
         MemoryInput input(content);

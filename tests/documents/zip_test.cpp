@@ -141,6 +141,15 @@ TEST_F(Zip, LeavesOutItselfAndWhatIsNoFile) {
     }
 }
 
+// Their names have no place in the archive, which does not make their folder an empty one.
+TEST_F(Zip, LeavesOutNamesBeyondTheCodePage) {
+    put("a.txt", "a");
+    const fs::path folder = fs::path(work()) / "only";
+    fs::create_directories(folder / "\xF0\x9F\x8E\xB5");
+    std::ofstream(folder / "\xE2\x99\xAB.txt") << "b";
+    EXPECT_THAT(names(packed()), ElementsAre("a.txt"));
+}
+
 TEST_F(Zip, KeepsTheEarlierArchiveWhenItCannotWrite) {
     put("a.txt", "a");
     // A folder in the way, and a folder that is not there.
