@@ -1,11 +1,9 @@
 #include "documents/application_form_dialog.h"
 
 #include "documents/application_form.h"
-#include "foundation/dialog.h"
-#include "foundation/path.h"
+#include "documents/document_dialog.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
-#include "foundation/views/open_with_desktop.h"
 #include "platform/clock.h"
 #include "platform/window.h"
 
@@ -26,10 +24,10 @@ enum : int {
     idEndNotKnown = 9313,
 };
 
-class ApplicationForm : public zelkova::Dialog {
+class ApplicationForm : public DocumentDialog {
 public:
     ApplicationForm(const DataApplication& settings, const std::string& modulePath)
-        : Dialog("IDD_KDL0904_CREATE_WRITE_APPLICATION"), settings_(settings), modulePath_(modulePath) {}
+        : DocumentDialog("IDD_KDL0904_CREATE_WRITE_APPLICATION", settings, modulePath) {}
 
 private:
     bool onCommand(int id) override {
@@ -53,10 +51,10 @@ private:
         const platform::SystemTime now = platform::getLocalTime();
         for (const int id : {idDate, idStartTime, idEndTime, idIssueDate})
             platform::setDateTime(control(id), now);
-        platform::setText(control(idSessionName), settings_.getApplicationSessionName());
-        platform::setText(control(idOrganizer), settings_.getApplicationOrganizer());
-        platform::setText(control(idDelegate), settings_.getApplicationDelegate());
-        platform::setText(control(idPictures), settings_.getApplicationDsp());
+        setTexts({{idSessionName, settings().getApplicationSessionName()},
+                  {idOrganizer, settings().getApplicationOrganizer()},
+                  {idDelegate, settings().getApplicationDelegate()},
+                  {idPictures, settings().getApplicationDsp()}});
         platform::setFocus(control(idSessionName));
     }
 
@@ -78,23 +76,15 @@ private:
         return regist;
     }
 
-    void make() {
-        const std::string document = path("../cnf/writeApplication.odt");
-        ApplicationFormWriter writer;
-        writer.setSourcePath(path("../tmp/writeApplication.xml"));
-        writer.setWorkDirectory(path("../tmp/writeApplicationWork"));
-        if (reportFault(window(), writer.write(document, read()), document))
-            zelkova::openWithDesktop(window(), document);
+    void make() const {
+        makeOdf<ApplicationFormWriter>(
+            {"../tmp/writeApplication.xml", "../tmp/writeApplicationWork", "../cnf/writeApplication.odt"},
+            read());
     }
 
-    std::string text(int id) const { return platform::getText(control(id)); }
     zelkova::DateTime time(int id) const {
         return zelkova::DateTime(platform::getDateTime(control(id)).value_or(platform::SystemTime{}));
     }
-    std::string path(const char* relative) const { return zelkova::normalizePath(modulePath_ + relative); }
-
-    const DataApplication& settings_;
-    const std::string& modulePath_;
 };
 
 } // namespace

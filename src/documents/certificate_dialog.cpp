@@ -1,13 +1,12 @@
 #include "documents/certificate_dialog.h"
 
 #include "documents/certificate.h"
+#include "documents/document_dialog.h"
 #include "documents/kanji_number.h"
 #include "documents/template_text.h"
-#include "foundation/dialog.h"
-#include "foundation/path.h"
 #include "foundation/views/message_box.h"
-#include "foundation/views/open_with_desktop.h"
 #include "platform/clock.h"
+#include "platform/shell.h"
 #include "platform/window.h"
 
 namespace {
@@ -50,10 +49,10 @@ constexpr Placeholder placeholders[] = {
     {"PublisherName", idPublisher},
 };
 
-class Certificate : public zelkova::Dialog {
+class Certificate : public DocumentDialog {
 public:
     Certificate(const DataApplication& settings, const std::string& modulePath)
-        : Dialog("IDD_KDL0602_CERTIFICATE"), settings_(settings), modulePath_(modulePath) {}
+        : DocumentDialog("IDD_KDL0602_CERTIFICATE", settings, modulePath) {}
 
 private:
     bool onCommand(int id) override {
@@ -75,62 +74,52 @@ private:
     void open() override {
         zelkova::setDialogTitle(window(), "賞状発行");
         const platform::SystemTime today = platform::getLocalTime();
-        const std::pair<int, std::string> start[] = {
-            {idUserName, "○○○○○○○"},
-            {idOrder, "優勝"},
-            {idCompetition, settings_.getCertificateSessionName()},
-            {idYear, "平成" + toKanjiNumber(today.year - lastYearBeforeEra)},
-            {idMonth, toKanjiNumber(today.month)},
-            {idDay, toKanjiNumber(today.day)},
-            {idCompany, settings_.getCertificateCompany()},
-            {idPost, settings_.getCertificatePost()},
-            {idPublisher, settings_.getCertificatePublisher()},
-        };
-        for (const auto& [id, text] : start)
-            platform::setText(control(id), text);
+        setTexts({{idUserName, "○○○○○○○"},
+                  {idOrder, "優勝"},
+                  {idCompetition, settings().getCertificateSessionName()},
+                  {idYear, "平成" + toKanjiNumber(today.year - lastYearBeforeEra)},
+                  {idMonth, toKanjiNumber(today.month)},
+                  {idDay, toKanjiNumber(today.day)},
+                  {idCompany, settings().getCertificateCompany()},
+                  {idPost, settings().getCertificatePost()},
+                  {idPublisher, settings().getCertificatePublisher()}});
         for (int id = idFirstHint; id <= idLastHint; ++id)
             platform::setTextColor(control(id), hintColor);
         platform::setFocus(control(idUserName));
     }
 
-    void makeForWriter() {
+    void makeForWriter() const {
         DataCertificate certificate;
-        certificate.setOrder(field(idOrder));
-        certificate.setUserName(field(idUserName) + "殿");
-        certificate.setSentence("あなたは" + field(idCompetition) +
+        certificate.setOrder(text(idOrder));
+        certificate.setUserName(text(idUserName) + "殿");
+        certificate.setSentence("あなたは" + text(idCompetition) +
                                 "において 頭書の成績を収められましたのでこれを賞します");
-        certificate.setDate(field(idYear) + "年 " + field(idMonth) + "月 " + field(idDay) + "日");
-        certificate.setSponsor("主催　" + field(idCompany));
-        certificate.setPost(field(idPost));
-        certificate.setPublisher(field(idPublisher));
-
-        const std::string document = path("../cnf/certificateWork.odt");
-        CertificateWriter writer;
-        writer.setSourcePath(path("../tmp/certificate.xml"));
-        writer.setWorkDirectory(path("../tmp/certificateWork"));
-        if (reportFault(window(), writer.write(document, certificate), document))
-            zelkova::openWithDesktop(window(), document);
+        certificate.setDate(text(idYear) + "年 " + text(idMonth) + "月 " + text(idDay) + "日");
+        certificate.setSponsor("主催　" + text(idCompany));
+        certificate.setPost(text(idPost));
+        certificate.setPublisher(text(idPublisher));
+        makeOdf<CertificateWriter>(
+            {"../tmp/certificate.xml", "../tmp/certificateWork", "../cnf/certificateWork.odt"}, certificate);
     }
 
     // Opened by the program of the settings, whatever the desktop would take.
-    void makeForWord() {
+    void makeForWord() const {
         zelkova::DataPairsList values;
         for (const Placeholder& placeholder : placeholders)
-            values.add(placeholder.key, xmlEscaped(field(placeholder.id)));
+            values.add(placeholder.key, xmlEscaped(text(placeholder.id)));
         const std::string document = path("../cnf/CertificateWork.xml");
-        std::optional<DocumentFault> fault;
-        if (!expandTemplate(path("../tmp/Certificate_master.xml"), document, values))
-            fault = documentNotMade(document);
-        if (reportFault(window(), fault, document) &&
-            !platform::shellRun(settings_.getWordFullPath(), document))
-            zelkova::reportNotOpened(window(), document);
+        if (!report(expandTemplate(path("../tmp/Certificate_master.xml"), document, values), document))
+            return;
+
+        const std::string& program = settings().getWordFullPath();
+        zelkova::DataPairsList pairs;
+        pairs.add("PROGRAM", program.empty() ? "未設定" : program);
+        pairs.add("FILE", document);
+        platform::shellRun(program, document, [owner = window(), pairs] {
+            constexpr int wordNotStarted = 3000023;
+            zelkova::reportMessage(owner, wordNotStarted, pairs);
+        });
     }
-
-    std::string field(int id) const { return platform::getText(control(id)); }
-    std::string path(const char* relative) const { return zelkova::normalizePath(modulePath_ + relative); }
-
-    const DataApplication& settings_;
-    const std::string& modulePath_;
 };
 
 } // namespace

@@ -1,18 +1,42 @@
 #include "documents/document_files.h"
 
 #include "foundation/path.h"
-#include "foundation/views/message_box.h"
 
-DocumentFault documentNotMade(const std::string& path) {
-    constexpr int notMade = 4000015;
-    DocumentFault fault{notMade, {}, true};
-    fault.pairs.add("FILE", path);
-    return fault;
+namespace {
+
+enum : int { openElsewhere = 3000022, lacking = 4000014, notMade = 4000015, unreadable = 4000016 };
+
+DocumentFault fault(int code, const std::string& file) {
+    DocumentFault result{code, {}};
+    result.pairs.add("FILE", file);
+    return result;
 }
 
-bool reportFault(platform::WindowHandle owner, const std::optional<DocumentFault>& fault,
-                 const std::string& document) {
-    if (!fault) return true;
-    zelkova::reportMessage(owner, fault->code, fault->pairs);
-    return fault->earlierShown && zelkova::fileExists(document);
+} // namespace
+
+DocumentFault masterUnreadable(const std::string& path, const std::string& why) {
+    DocumentFault result = fault(unreadable, path);
+    result.pairs.add("MESSAGE", why);
+    return result;
+}
+
+DocumentFault masterLacks(const std::string& path, const std::string& element) {
+    DocumentFault result = fault(lacking, path);
+    result.pairs.add("ELEMENT", element);
+    return result;
+}
+
+DocumentFault documentNotMade(const std::string& path) {
+    DocumentFault result = fault(notMade, path);
+    result.earlierShown = true;
+    return result;
+}
+
+std::optional<DocumentFault> openInEditor(const std::string& path) {
+    const std::string lock = zelkova::getFolder(path) + "/.~lock." + zelkova::getFileName(path) + "#";
+    if (!zelkova::fileExists(lock)) return std::nullopt;
+    DocumentFault result = fault(openElsewhere, path);
+    result.pairs.add("LOCK", lock);
+    result.earlierShown = true;
+    return result;
 }

@@ -1,11 +1,10 @@
 #pragma once
-// What the dialogs that make documents do with files.
+// What stands in the way of making a document.
 
 #include <optional>
 #include <string>
 
 #include "foundation/data_pairs.h"
-#include "platform/types.h"
 
 // Why a document was not made: a numbered message and what fills its text.
 struct DocumentFault {
@@ -14,9 +13,14 @@ struct DocumentFault {
     bool earlierShown = false; // whether what was made before is opened in its place
 };
 
-// The file could not be written; one that was made before still stands, and editors lock what they show.
+// The master, or another file that the document is made of, cannot be read; `why` is the reader's words, or
+// "".
+DocumentFault masterUnreadable(const std::string& path, const std::string& why);
+// It is read, but a part of it that gets a text is not there.
+DocumentFault masterLacks(const std::string& path, const std::string& element);
+// The file could not be written; one that was made before still stands.
 DocumentFault documentNotMade(const std::string& path);
 
-// Tells the host of the fault, if there is one. Whether the document, or an earlier one, is to be opened.
-bool reportFault(platform::WindowHandle owner, const std::optional<DocumentFault>& fault,
-                 const std::string& document);
+// An office program has the document open: it would show the old one on, and put it in the place of the new
+// one when it is saved there. The programs tell so by a file beside it, which a crash leaves behind.
+std::optional<DocumentFault> openInEditor(const std::string& path);

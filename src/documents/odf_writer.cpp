@@ -9,17 +9,8 @@ using namespace xercesc;
 
 namespace {
 
-enum : int { messageUnreadable = 4000012, messageLacking = 4000014 };
-
 // Without these an editor takes the archive for a broken one.
 constexpr const char* requiredMembers[] = {"mimetype", "META-INF/manifest.xml", "styles.xml"};
-
-DocumentFault fault(int code, const std::string& file, const char* key, const std::string& value) {
-    DocumentFault result{code, {}};
-    result.pairs.add("FILE", file);
-    result.pairs.add(key, value);
-    return result;
-}
 
 // An element as a message names it: with the attribute that tells it from its neighbours.
 std::string described(std::string_view name, std::string_view value) {
@@ -82,15 +73,15 @@ DOMElement* OdfWriter::openText() {
 
 std::optional<DocumentFault> OdfWriter::missingMember() const {
     for (const char* member : requiredMembers)
-        if (!platform::pathExists(workDirectory_ + "/" + member))
-            return fault(messageLacking, workDirectory_, "ELEMENT", member);
+        if (!platform::pathExists(workDirectory_ + "/" + member)) return masterLacks(workDirectory_, member);
     return std::nullopt;
 }
 
 std::optional<DocumentFault> OdfWriter::finish(const std::string& outputPath) {
-    if (!loadError().empty()) return fault(messageUnreadable, sourcePath_, "MESSAGE", loadError());
-    if (!lacking_.empty()) return fault(messageLacking, sourcePath_, "ELEMENT", lacking_);
+    if (!loadError().empty()) return masterUnreadable(sourcePath_, loadError());
+    if (!lacking_.empty()) return masterLacks(sourcePath_, lacking_);
     if (auto missing = missingMember()) return missing;
+    if (auto open = openInEditor(outputPath)) return open;
     const std::string content = workDirectory_ + "/content.xml";
     const bool written = writeTo(content, "UTF-8") == 1;
     releaseParser();

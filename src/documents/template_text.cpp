@@ -1,65 +1,67 @@
 #include "documents/template_text.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <string_view>
+#include <set>
 
 #include "foundation/text.h"
 #include "platform/files.h"
 
 namespace {
 
-// Readers agree on what Shift_JIS means but for the rows that makers have added to it.
-bool isAddedRow(unsigned char leadByte) {
-    return leadByte == 0x87 || leadByte >= 0xED;
-}
+constexpr std::string_view marker = "%";
 
-std::string reference(std::string_view character) {
-    char text[16];
-    std::snprintf(text, sizeof text, "&#%d;", static_cast<int>(zelkova::sjisToUtf16(character).front()));
-    return text;
-}
-
-std::string escaped(char byte) {
-    switch (byte) {
-    case '&':
+std::string escaped(char16_t unit) {
+    switch (unit) {
+    case u'&':
         return "&amp;";
-    case '<':
+    case u'<':
         return "&lt;";
-    case '>':
+    case u'>':
         return "&gt;";
-    case '"':
+    case u'"':
         return "&quot;";
     default:
-        return std::string(1, static_cast<unsigned char>(byte) < ' ' ? ' ' : byte);
+        if (unit < u' ' || unit == u'\x7F') return " ";
+        if (unit < u'\x7F' && unit != u'\\' && unit != u'~') return std::string(1, static_cast<char>(unit));
+        return "&#" + zelkova::numberToText(unit) + ";";
     }
+}
+
+// The keys between two markers of the line, by their place in the list.
+void findKeys(std::string_view line, const zelkova::DataPairsList& pairs, std::set<std::int32_t>& found) {
+    const auto pieces = zelkova::split(line, marker);
+    for (std::size_t i = 1; i + 1 < pieces.size(); i += 2)
+        found.insert(pairs.indexOf(pieces[i]));
 }
 
 } // namespace
 
 std::string xmlEscaped(std::string_view text) {
     std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto lead = static_cast<unsigned char>(text[i]);
-        if (!zelkova::isLeadByte(lead) || i + 1 == text.size()) {
-            result += escaped(text[i]);
-            continue;
-        }
-        const std::string_view character = text.substr(i++, 2);
-        result += isAddedRow(lead) ? reference(character) : std::string(character);
-    }
+    for (const char16_t unit : zelkova::sjisToUtf16(text))
+        result += escaped(unit);
     return result;
 }
 
-bool expandTemplate(const std::string& masterPath, const std::string& outputPath,
-                    const zelkova::DataPairsList& pairs) {
+std::optional<DocumentFault> expandTemplate(const std::string& masterPath, const std::string& outputPath,
+                                            const zelkova::DataPairsList& pairs) {
     const auto master = platform::readFile(masterPath);
-    if (!master) return false;
+    if (!master) {
+        DocumentFault fault = masterUnreadable(masterPath, "");
+        fault.earlierShown = true;
+        return fault;
+    }
     std::string text;
+    std::set<std::int32_t> found;
     for (std::string_view rest = *master; !rest.empty();) {
         const std::string_view line = rest.substr(0, rest.find('\n'));
-        text += zelkova::formatWithPairs(line, pairs, "%", false) + "\n";
+        findKeys(line, pairs, found);
+        text += zelkova::formatWithPairs(line, pairs, marker, false) + "\n";
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     }
-    return platform::replaceFile(outputPath, text);
+    for (std::int32_t i = 0; i < pairs.size(); ++i)
+        if (!found.contains(i)) return masterLacks(masterPath, "%" + pairs.get(i).getKey() + "%");
+    if (auto open = openInEditor(outputPath)) return open;
+    if (!platform::replaceFile(outputPath, text)) return documentNotMade(outputPath);
+    return std::nullopt;
 }

@@ -1,12 +1,9 @@
 #include "platform/shell.h"
 
-#include <unistd.h>
-
-#include <QDesktopServices>
-#include <QProcess>
 #include <QUrl>
 
 #include "platform/detail/answers.h"
+#include "platform/detail/started_program.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -14,36 +11,46 @@ namespace platform {
 
 namespace {
 
+// The command by which any desktop opens what its user would double-click. Its code tells whether it could.
+constexpr const char* opener = "xdg-open";
+
 // An address stands as it is; anything else is a path, behind which "#" may name a place in the page.
-QUrl targetUrl(const std::string& target) {
-    if (target.find("://") != std::string::npos) return QUrl(QString::fromLatin1(target.c_str()));
+std::string openersName(const std::string& target) {
+    if (target.find("://") != std::string::npos) return sjisToUtf8(target);
     const std::size_t place = pathExists(target) ? std::string::npos : target.rfind('#');
-    QUrl url = QUrl::fromLocalFile(QString::fromStdString(nativePath(target.substr(0, place)).string()));
-    if (place != std::string::npos) url.setFragment(QString::fromLatin1(target.c_str() + place + 1));
-    return url;
+    const std::string path = nativePath(target.substr(0, place)).string();
+    if (place == std::string::npos) return path;
+    QUrl url = QUrl::fromLocalFile(QString::fromStdString(path));
+    url.setFragment(QString::fromLatin1(target.c_str() + place + 1));
+    return url.toString(QUrl::FullyEncoded).toStdString();
 }
 
-bool open(const std::string& target) {
-    if (detail::Answers* scripted = detail::answers()) return scripted->open(target);
-    return QDesktopServices::openUrl(targetUrl(target));
+void start(const std::vector<std::string>& command, const NotOpened& notOpened) {
+    if (!detail::startProgram(command, notOpened)) notOpened();
+}
+
+void open(const std::string& target, const NotOpened& notOpened) {
+    if (detail::Answers* scripted = detail::answers()) {
+        if (!scripted->open(target)) notOpened();
+    } else {
+        start({opener, openersName(target)}, notOpened);
+    }
 }
 
 } // namespace
 
-bool shellOpen(const std::string& target) {
-    return open(target);
+void shellOpen(const std::string& target, const NotOpened& notOpened) {
+    open(target, notOpened);
 }
 
-bool shellExplore(const std::string& folder) {
-    return open(folder);
+void shellExplore(const std::string& folder, const NotOpened& notOpened) {
+    open(folder, notOpened);
 }
 
-bool shellRun(const std::string& program, const std::string& file) {
-    if (program.empty()) return false;
+void shellRun(const std::string& program, const std::string& file, const NotOpened& notOpened) {
     const bool bareName = program.find_first_of("/\\") == std::string::npos;
-    const std::string name = bareName ? sjisToUtf8(program) : nativePath(program).string();
-    return QProcess::startDetached(QString::fromStdString(name),
-                                   {QString::fromStdString(nativePath(file).string())});
+    start({bareName ? sjisToUtf8(program) : nativePath(program).string(), nativePath(file).string()},
+          notOpened);
 }
 
 std::string moduleFileName() {

@@ -1,16 +1,22 @@
 #pragma once
 // The desktop around the program: opening files with their programs, where the program lies.
 
+#include <functional>
 #include <string>
 
 namespace platform {
 
-// Hands the file, folder or address to the desktop's program for it. False when there is none.
-bool shellOpen(const std::string& target);
-bool shellExplore(const std::string& folder);
+// Tells that nothing was opened. It is called at most once: before the request returns when there is no
+// program to hand the thing to, or later from the message loop, when that program ends with a failure soon
+// after its start.
+using NotOpened = std::function<void()>;
+
+// Hands the file, folder or address to the desktop's program for it, without waiting.
+void shellOpen(const std::string& target, const NotOpened& notOpened);
+void shellExplore(const std::string& folder, const NotOpened& notOpened);
 // Starts that very program on one file and does not wait for it. `program` is a path or a name that the
-// search path knows. False when it cannot be started.
-bool shellRun(const std::string& program, const std::string& file);
+// search path knows.
+void shellRun(const std::string& program, const std::string& file, const NotOpened& notOpened);
 
 // Full path of the running program.
 std::string moduleFileName();

@@ -109,6 +109,8 @@ const std::map<int, std::set<std::string>> keysOfCallers = {
     {3000014, {"FILE"}},
     {3000020, {"QUEST", "REASON"}},
     {3000021, {"FILE"}},
+    {3000022, {"FILE", "LOCK"}},
+    {3000023, {"PROGRAM", "FILE"}},
     {3000030, {"HIGH", "LOW", "SUBJECT"}},
     {4000002, {"MESSAGE", "RETCODE"}},
     {4000003, {"STATUS", "EVENT"}},
@@ -120,8 +122,9 @@ const std::map<int, std::set<std::string>> keysOfCallers = {
     {4000012, {"FILE", "MESSAGE"}},
     {4000013, {"FILE"}},
     {4000014, {"FILE", "ELEMENT"}},
-    {4000020, {"FILE"}},
     {4000015, {"FILE"}},
+    {4000016, {"FILE", "MESSAGE"}},
+    {4000020, {"FILE"}},
 };
 
 TEST(ShippedMessages, AskOnlyForWhatTheirCallersPass) {

@@ -6,14 +6,18 @@
 
 #include <gmock/gmock.h>
 
+#include "data/acs_log_message.h"
+#include "data/app_logger.h"
 #include "data/xml_dom.h"
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
 #include "documents/office.h"
+#include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "platform/driver.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "support/fake_program.h"
 
 namespace {
 
@@ -50,6 +54,11 @@ enum : int {
 class Dialogs : public testing::Test {
 protected:
     void SetUp() override {
+        AcsLogMessage catalogue;
+        ASSERT_EQ(catalogue.open(KDL_SOURCE_DIR "/dist/cnf/LogMessage.xml"), 1);
+        DataLogMessageList list;
+        catalogue.read(list);
+        AppLogger::setMessageList(list);
         zelkova::setTitleParts("", "イントロクイズ");
         settings.setCertificateSessionName("全国大会");
         settings.setCertificateCompany("連盟");
@@ -60,13 +69,18 @@ protected:
         settings.setApplicationDelegate("田中");
         settings.setApplicationDsp("赤,青,,黄,緑");
     }
-    // The next box is that of the numbered message.
-    void expectMessage(const char* code) {
-        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [code](WindowHandle box) {
+    void TearDown() override { AppLogger::setMessageList({}); }
+    // The next box is that of the numbered message, and says that.
+    void expectMessage(const char* code, const std::string& says) {
+        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [this, code, says](WindowHandle box) {
             EXPECT_EQ(platform::getText({box, 102}), code);
+            EXPECT_THAT(platform::getText({box, 103}) + platform::getText({box, 105}), HasSubstr(says));
             driver::pressKey(box, "Escape");
+            ++messages;
         });
     }
+    // There is no desktop to open it: the message tells where it is.
+    void expectNotOpened(const std::string& document) { expectMessage("C3000021", "(" + document + ")"); }
     void runCertificate(const std::function<void(WindowHandle)>& act) {
         script.expectDialog(certificateName, act);
         dlgCertificate({}, settings, office.modulePath());
@@ -82,6 +96,7 @@ protected:
     driver::Script script;
     Office office;
     DataApplication settings;
+    int messages = 0;
 };
 
 TEST_F(Dialogs, TheCertificateStartsWithTheSettingsAndTheDate) {
@@ -105,7 +120,7 @@ TEST_F(Dialogs, TheCertificateStartsWithTheSettingsAndTheDate) {
 TEST_F(Dialogs, TheWritersButtonMakesOneCertificateAfterTheOther) {
     runCertificate([&](WindowHandle dialog) {
         for (const char* name : {"山田", "佐藤"}) {
-            expectMessage("C3000021");
+            expectNotOpened(office.certificate());
             driver::type({dialog, userName}, name);
             driver::type({dialog, order}, "");
             driver::type({dialog, day}, "２２");
@@ -121,54 +136,114 @@ TEST_F(Dialogs, TheWritersButtonMakesOneCertificateAfterTheOther) {
 
 TEST_F(Dialogs, WordGetsItsFile) {
     const std::string program = office.file("word processor"), opened = office.file("opened");
-    std::ofstream(program) << "#!/bin/sh\necho \"$1\" > '" << opened << ".part'; mv '" << opened << ".part' '"
-                           << opened << "'\n";
-    fs::permissions(program, fs::perms::owner_all);
+    test_support::writeProgram(program, "echo \"$1\" > '" + opened + ".part'; mv '" + opened + ".part' '" +
+                                            opened + "'\n");
     settings.setWordFullPath(program);
     const std::string document = office.file("cnf/CertificateWork.xml");
     runCertificate([&](WindowHandle dialog) {
-        driver::type({dialog, userName}, "A&B<表>①");
+        driver::type({dialog, userName}, "A&B<表>①\\");
         driver::type({dialog, order}, "");
         ASSERT_TRUE(driver::click({dialog, word}));
         EXPECT_TRUE(driver::settleUntil([&] { return fs::exists(opened); }));
         driver::pressKey(dialog, "Escape");
     });
     EXPECT_EQ(platform::readFile(opened), document + "\n");
-    EXPECT_THAT(platform::readFile(document).value(),
-                AllOf(HasSubstr("<w:t>A&amp;B&lt;表&gt;&#9312;　殿</w:t>"), HasSubstr("<w:t></w:t>"),
-                      HasSubstr("あなたは全国大会において頭書"), Not(HasSubstr("%"))));
+    const std::string written = platform::readFile(document).value();
+    EXPECT_THAT(written, AllOf(HasSubstr("<w:t></w:t>"), Not(HasSubstr("%"))));
+    const std::string name = "<w:t>A&amp;B&lt;&#34920;&gt;&#9312;&#92;";
+    EXPECT_THAT(written, HasSubstr(name));
+    EXPECT_THAT(written, Not(HasSubstr(name + "殿"))) << "the master brings its own";
     XmlDom reader;
     EXPECT_EQ(reader.parse(document), 0) << reader.loadError();
+}
 
-    settings.setWordFullPath(office.file("nowhere"));
+// The document is there all the same: the host is told of both.
+TEST_F(Dialogs, AWordProcessorThatCannotBeRunIsTold) {
+    const std::string document = office.file("cnf/CertificateWork.xml");
+    const std::string dying = office.file("dying");
+    test_support::writeProgram(dying, "exit 1\n");
+    const std::pair<std::string, std::string> rows[] = {
+        {"", "「WORD実行ファイル」のプログラムを実行できません。(未設定)"},
+        {office.file("nowhere"),
+         "「WORD実行ファイル」のプログラムを実行できません。(" + office.file("nowhere") + ")"},
+        {dying, "(" + dying + ")"},
+        {dying, "賞状は作成してあります。(" + document + ")"},
+    };
+    for (const auto& [program, says] : rows) {
+        SCOPED_TRACE(says);
+        settings.setWordFullPath(program);
+        fs::remove(document);
+        messages = 0;
+        runCertificate([&](WindowHandle dialog) {
+            expectMessage("C3000023", says);
+            ASSERT_TRUE(driver::click({dialog, word}));
+            EXPECT_TRUE(driver::settleUntil([&] { return messages == 1; }));
+            driver::pressKey(dialog, "Escape");
+        });
+        EXPECT_TRUE(platform::pathExists(document));
+    }
+    // Told also when the dialog has been closed meanwhile.
+    messages = 0;
     runCertificate([&](WindowHandle dialog) {
-        expectMessage("C3000021");
         ASSERT_TRUE(driver::click({dialog, word}));
+        driver::pressKey(dialog, "Escape");
+    });
+    expectMessage("C3000023", dying);
+    EXPECT_TRUE(driver::settleUntil([&] { return messages == 1; }));
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
+TEST_F(Dialogs, WhatCannotBeMadeIsToldAndTheEarlierOneOpened) {
+    const std::string master = office.file("tmp/certificate.xml"), away = office.file("away.xml");
+    const std::string content = office.file("tmp/certificateWork/content.xml");
+    const std::string lock = office.file("cnf/.~lock.certificateWork.odt#");
+    runCertificate([&](WindowHandle dialog) {
+        fs::rename(master, away);
+        expectMessage("C4000016", "原本を読み込めません。(" + master + ")");
+        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        EXPECT_FALSE(platform::pathExists(office.certificate()));
+        fs::rename(away, master);
+        expectNotOpened(office.certificate());
+        ASSERT_TRUE(driver::click({dialog, openWriter}));
+
+        std::ofstream(lock) << ",host,desk";
+        expectMessage("C3000022", lock + "を削除");
+        expectNotOpened(office.certificate()); // the earlier one
+        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        fs::remove(lock);
+
+        fs::remove(content);
+        fs::create_directories(content + "/in the way");
+        expectMessage("C4000015", "(" + content + ")");
+        expectNotOpened(office.certificate());
+        ASSERT_TRUE(driver::click({dialog, openWriter}));
         driver::pressKey(dialog, "Escape");
     });
 }
 
-TEST_F(Dialogs, WhatCannotBeMadeIsToldAndTheEarlierOneOpened) {
+TEST_F(Dialogs, WhatTheMasterForWordLacksIsTold) {
+    const std::string master = office.file("tmp/Certificate_master.xml");
+    const std::string document = office.file("cnf/CertificateWork.xml");
+    const std::string shipped = platform::readFile(master).value();
     runCertificate([&](WindowHandle dialog) {
-        fs::rename(office.file("tmp/certificate.xml"), office.file("away.xml"));
-        expectMessage("C4000012");
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
-        EXPECT_FALSE(platform::pathExists(office.certificate()));
-        fs::rename(office.file("away.xml"), office.file("tmp/certificate.xml"));
-        expectMessage("C3000021");
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        platform::replaceFile(master, zelkova::replaceAll(shipped, "%Month%", "十"));
+        expectMessage("C4000014", "(%Month%) " + master);
+        ASSERT_TRUE(driver::click({dialog, word}));
+        EXPECT_FALSE(platform::pathExists(document));
 
-        fs::remove(office.file("tmp/certificateWork/content.xml"));
-        fs::create_directories(office.file("tmp/certificateWork/content.xml/in the way"));
-        expectMessage("C4000015");
-        expectMessage("C3000021"); // the earlier one
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        fs::remove(master);
+        expectMessage("C4000016", "(" + master + ")");
+        ASSERT_TRUE(driver::click({dialog, word}));
+        EXPECT_FALSE(platform::pathExists(document));
 
-        fs::remove(office.file("tmp/Certificate_master.xml"));
-        expectMessage("C4000015");
+        // The one of the last time is what the word processor opens.
+        platform::replaceFile(document, "earlier");
+        expectMessage("C4000016", "(" + master + ")");
+        expectMessage("C3000023", document);
         ASSERT_TRUE(driver::click({dialog, word}));
         driver::pressKey(dialog, "Escape");
     });
+    EXPECT_EQ(platform::readFile(document), "earlier");
 }
 
 TEST_F(Dialogs, TheFormTakesItsFields) {
@@ -190,7 +265,7 @@ TEST_F(Dialogs, TheFormTakesItsFields) {
         ASSERT_TRUE(driver::pick({dialog, date}, {2026, 12, 0, 24, 0, 0, 0, 0}));
         EXPECT_EQ(platform::getText({dialog, date}), "2026/12/24 (木)");
         ASSERT_TRUE(driver::pick({dialog, endTime}, {2026, 11, 0, 22, 21, 30, 0, 0}));
-        expectMessage("C3000021");
+        expectNotOpened(office.form());
         ASSERT_TRUE(driver::click({dialog, show}));
         EXPECT_THAT(textsOf(office.form()),
                     AllOf(Contains("2026/12/24"), Contains("21：30"), Contains("公民館"), Contains("田中")));
@@ -201,7 +276,7 @@ TEST_F(Dialogs, TheFormTakesItsFields) {
         ASSERT_TRUE(driver::click({dialog, endNotKnown}));
         EXPECT_FALSE(platform::isEnabled({dialog, endTime}));
         driver::type({dialog, pictures}, "");
-        expectMessage("C3000021");
+        expectNotOpened(office.form());
         ASSERT_TRUE(driver::click({dialog, show}));
         EXPECT_THAT(textsOf(office.form()), Contains("未定"));
         EXPECT_THAT(memberOf(office.form(), "content.xml"), Not(HasSubstr("form:radio")));

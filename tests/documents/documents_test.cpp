@@ -7,7 +7,6 @@
 
 #include "documents/kanji_number.h"
 #include "documents/office.h"
-#include "documents/template_text.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -211,11 +210,32 @@ TEST_F(Documents, AMasterThatIsNoXmlIsTold) {
         platform::replaceFile(office.file("tmp/certificate.xml"), bytes);
         const auto fault = office.makeCertificate({});
         ASSERT_TRUE(fault);
-        EXPECT_EQ(fault->code, 4000012);
+        EXPECT_EQ(fault->code, 4000016);
         EXPECT_EQ(fault->pairs.getValue("FILE"), office.file("tmp/certificate.xml"));
+        EXPECT_FALSE(fault->pairs.getValue("MESSAGE").empty());
     }
     fs::remove(office.file("tmp/certificate.xml"));
-    EXPECT_EQ(office.makeCertificate({}).value().code, 4000012);
+    EXPECT_EQ(office.makeCertificate({}).value().code, 4000016);
+}
+
+// An editor that has it open would go on showing the old one, and write it over the new one.
+TEST_F(Documents, AnOpenDocumentIsLeftAlone) {
+    ASSERT_FALSE(office.makeCertificate(certificateOf("前")));
+    const std::string earlier = platform::readFile(office.certificate()).value();
+    const std::string content = platform::readFile(office.file("tmp/certificateWork/content.xml")).value();
+    const std::string lock = office.file("cnf/.~lock.certificateWork.odt#");
+    std::ofstream(lock) << ",host,desk,22.11.2026 19:05,file:///home/host/.config/libreoffice/4;";
+    const auto fault = office.makeCertificate(certificateOf("後"));
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->code, 3000022);
+    EXPECT_EQ(fault->pairs.getValue("FILE"), office.certificate());
+    EXPECT_EQ(fault->pairs.getValue("LOCK"), lock);
+    EXPECT_TRUE(fault->earlierShown);
+    EXPECT_EQ(platform::readFile(office.certificate()), earlier);
+    EXPECT_EQ(platform::readFile(office.file("tmp/certificateWork/content.xml")), content);
+    EXPECT_FALSE(office.makeForm(registOf(1))) << "another document";
+    fs::remove(lock);
+    EXPECT_FALSE(office.makeCertificate(certificateOf("後")));
 }
 
 TEST_F(Documents, AWorkFolderThatCannotBeUsedLeavesTheEarlierDocument) {
@@ -260,37 +280,6 @@ TEST_F(Documents, ALargePictureIsPacked) {
     fs::resize_file(picture, 50 << 20);
     ASSERT_FALSE(office.makeCertificate(certificateOf("山田")));
     EXPECT_EQ(memberOf(office.certificate(), "Pictures/p.bmp").size(), std::size_t{50} << 20);
-}
-
-TEST_F(Documents, ATemplateIsFilledLineByLine) {
-    const std::string master = office.file("master"), output = office.file("output");
-    zelkova::DataPairsList pairs;
-    pairs.add("Name", "山田%Year%");
-    pairs.add("Year", "");
-    platform::replaceFile(master, "<%Name%>%Year%\r\n\n100%% %name% %Other%\x83\x5C%Name%");
-    ASSERT_TRUE(expandTemplate(master, output, pairs));
-    EXPECT_EQ(platform::readFile(output), "<山田%Year%>\r\n\n100% 山田%Year% \x83\x5C\n");
-    EXPECT_FALSE(expandTemplate(office.file("none"), output, pairs));
-    EXPECT_EQ(platform::readFile(output)->front(), '<') << "left as it was";
-    EXPECT_FALSE(expandTemplate(master, office.file("no/folder"), pairs));
-}
-
-TEST_F(Documents, TheShippedTemplateHasEachPlaceholderOnce) {
-    const std::string master = platform::readFile(office.file("tmp/Certificate_master.xml")).value();
-    std::size_t markers = 0;
-    for (const char* key : {"UserName", "Order", "Competition", "Year", "Month", "Day", "PublisherCompany",
-                            "PublisherPost", "PublisherName"}) {
-        EXPECT_EQ(countOf(master, "%" + std::string(key) + "%"), 1u) << key;
-        markers += 2;
-    }
-    EXPECT_EQ(countOf(master, "%"), markers) << "no other marker";
-}
-
-TEST(XmlText, IsEscapedForEveryReader) {
-    EXPECT_EQ(xmlEscaped("<A&B>\"\n"), "&lt;A&amp;B&gt;&quot; ");
-    EXPECT_EQ(xmlEscaped("表ｱ"), "表ｱ");
-    EXPECT_EQ(xmlEscaped("①髙"), "&#9312;&#39641;");
-    EXPECT_EQ(xmlEscaped("\x83"), "\x83");
 }
 
 } // namespace

@@ -282,11 +282,17 @@ TEST(Menu, PopsUpInTheLoopUntilSomethingIsChosenOrItIsClosed) {
 TEST(Desktop, OpensWhatAScriptWaitsForAndNothingElse) {
     driver::Script script;
     script.expectOpen("https://example.invalid/").expectOpen("/tmp/a.log", false);
-    EXPECT_TRUE(shellOpen("https://example.invalid/"));
-    EXPECT_FALSE(shellExplore("/tmp/a.log"));
-    EXPECT_FALSE(shellOpen("/tmp/b.log"));
+    int failures = 0;
+    const auto count = [&] { ++failures; };
+    shellOpen("https://example.invalid/", count);
+    EXPECT_EQ(failures, 0);
+    shellExplore("/tmp/a.log", count);
+    EXPECT_EQ(failures, 1);
+    shellOpen("/tmp/b.log", count);
+    EXPECT_EQ(failures, 2);
     EXPECT_THAT(script.faults(), IsEmpty());
     script.expectOpen("/tmp/a.log");
-    EXPECT_FALSE(shellOpen("/tmp/b.log"));
+    shellOpen("/tmp/b.log", count);
+    EXPECT_EQ(failures, 3);
     EXPECT_THAT(script.faults(), ElementsAre(HasSubstr("/tmp/b.log came"), HasSubstr("/tmp/a.log did not")));
 }

@@ -5,15 +5,13 @@
 namespace zelkova {
 
 void openWithDesktop(platform::WindowHandle owner, const std::string& target,
-                     bool (*way)(const std::string&)) {
-    if (!way(target)) reportNotOpened(owner, target);
-}
-
-void reportNotOpened(platform::WindowHandle owner, const std::string& target) {
-    constexpr int notOpened = 3000021;
-    DataPairsList pairs;
-    pairs.add("FILE", target);
-    reportMessage(owner, notOpened, pairs);
+                     void (*way)(const std::string&, const platform::NotOpened&)) {
+    way(target, [owner, target] {
+        constexpr int notOpened = 3000021;
+        DataPairsList pairs;
+        pairs.add("FILE", target);
+        reportMessage(owner, notOpened, pairs);
+    });
 }
 
 } // namespace zelkova

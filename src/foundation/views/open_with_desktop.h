@@ -8,11 +8,9 @@
 
 namespace zelkova {
 
-// Where the desktop has no program for it, the host is told where the thing is.
+// Where the desktop has no program for it, or that program fails, the host is told where the thing is: at
+// once, or when it turns out. The owner may be gone by then.
 void openWithDesktop(platform::WindowHandle owner, const std::string& target,
-                     bool (*way)(const std::string&) = platform::shellOpen);
-
-// The message that tells so.
-void reportNotOpened(platform::WindowHandle owner, const std::string& target);
+                     void (*way)(const std::string&, const platform::NotOpened&) = platform::shellOpen);
 
 } // namespace zelkova

@@ -26,7 +26,7 @@ namespace {
 // What the help address holds where a message's code is wanted.
 constexpr const char* codePlaceholder = "%__SERCH_MESSAGE_CODE__%";
 
-void open(const std::string& target, bool (*way)(const std::string&) = platform::shellOpen) {
+void open(const std::string& target, decltype(&platform::shellOpen) way = platform::shellOpen) {
     zelkova::openWithDesktop(host().mainWindow, target, way);
 }
 
