@@ -1,8 +1,12 @@
 #include "documents/odf_writer.h"
 
+#include <span>
+
 #include <xercesc/dom/DOM.hpp>
 
 #include "documents/encode_zip.h"
+#include "documents/odf_text.h"
+#include "foundation/text.h"
 #include "platform/files.h"
 
 using namespace xercesc;
@@ -55,11 +59,20 @@ DOMElement* OdfWriter::requireChild(const DOMElement* parent, std::string_view n
 
 void OdfWriter::setText(const DOMElement* element, std::string_view text) {
     if (!element) return;
-    DOMNode* first = element->getFirstChild();
-    if (first && first->getNodeType() == DOMNode::TEXT_NODE)
-        setNodeValue(first, text);
-    else
+    DOMNode* const first = element->getFirstChild();
+    if (!first || first->getNodeType() != DOMNode::TEXT_NODE) {
         lacks(element, "text()");
+        return;
+    }
+    const std::vector<TextPiece> pieces = textPieces(text);
+    DOMNode* const behind = first->getNextSibling();
+    setNodeValue(first, pieces.front().text);
+    for (const TextPiece& piece : std::span(pieces).subspan(1)) {
+        DOMElement* const gap = createElement(piece.element);
+        if (piece.count > 1) setAttribute(gap, "text:c", zelkova::numberToText(piece.count));
+        first->getParentNode()->insertBefore(gap, behind);
+        if (!piece.text.empty()) first->getParentNode()->insertBefore(createTextNode(piece.text), behind);
+    }
 }
 
 DOMElement* OdfWriter::openText() {

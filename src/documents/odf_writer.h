@@ -28,7 +28,8 @@ protected:
     // The first child element of that name whose attribute has the value.
     xercesc::DOMElement* requireChild(const xercesc::DOMElement* parent, std::string_view name,
                                       std::string_view attribute, std::string_view value);
-    // Overwrites the text node that the element begins with.
+    // Overwrites the text node that the element begins with. Runs of blanks, tabs and line ends get the
+    // elements that keep them on the page.
     void setText(const xercesc::DOMElement* element, std::string_view text);
     // For what is not found by these.
     void lacks(const xercesc::DOMNode* parent, std::string_view what);

@@ -127,7 +127,9 @@ TEST_F(Documents, TakeAnyText) {
     } cases[] = {
         {"", ""},
         {"<b>&amp;\"%Order%'</b>]]>", "<b>&amp;\"%Order%'</b>]]>"},
-        {"上\n下", "上\n下"},
+        {"上\n下\r\n", "上\n下\n"},
+        {"  J.   Doe 一", "  J.   Doe 一"}, // half-width blanks, which the format would take for one or none
+        {"上\t 下\n  中", "上\t 下\n  中"},
         {"鐘\x01\x1b音", "鐘  音"},
         {"①～－㈱髙表ソｶﾅ\\", "①～－㈱髙表ソｶﾅ\\"},
         {"\x81", "〓"}, // half a character

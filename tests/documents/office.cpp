@@ -1,5 +1,6 @@
 #include "documents/office.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include <xercesc/dom/DOM.hpp>
@@ -8,7 +9,6 @@
 #include "documents/application_form.h"
 #include "documents/certificate.h"
 #include "documents/zip_reader.h"
-#include "foundation/text.h"
 #include "platform/files.h"
 
 namespace documents_tests {
@@ -17,12 +17,51 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void collectTexts(const xercesc::DOMNode* node, std::vector<std::string>& texts) {
-    for (; node; node = node->getNextSibling()) {
-        const std::string value = zelkova::trim(XmlDom::getNodeValue(node));
-        if (node->getNodeType() == xercesc::DOMNode::TEXT_NODE && !value.empty()) texts.push_back(value);
-        collectTexts(node->getFirstChild(), texts);
+// A blank that the format has written as an element: it never counts as one with its neighbours.
+constexpr char keptBlank = '\x01';
+
+std::string gapOf(const xercesc::DOMNode* node) {
+    const std::string name = XmlDom::getNodeName(node);
+    if (name == "text:tab") return "\t";
+    if (name == "text:line-break") return "\n";
+    if (name != "text:s") return "";
+    const std::string count = XmlDom::getNodeValue(XmlDom::findAttribute(node, "text:c"));
+    return std::string(count.empty() ? 1 : std::stoul(count), keptBlank);
+}
+
+// White space in the file counts as one blank, and as none at both ends. Before a line end none is seen.
+std::string onThePage(const std::string& written) {
+    std::string result;
+    for (const char byte : written) {
+        if (byte == ' ' && (result.empty() || result.back() == ' ')) continue;
+        if ((byte == '\n' || byte == '\t') && result.ends_with(' ')) result.pop_back();
+        result += byte;
     }
+    if (result.ends_with(' ')) result.pop_back();
+    std::ranges::replace(result, keptBlank, ' ');
+    return result;
+}
+
+// The runs of text between elements of other kinds than those for white space.
+void collectTexts(const xercesc::DOMNode* parent, std::vector<std::string>& texts) {
+    std::string run;
+    const auto endRun = [&] {
+        if (const std::string text = onThePage(run); !text.empty()) texts.push_back(text);
+        run.clear();
+    };
+    for (const auto* node = parent ? parent->getFirstChild() : nullptr; node; node = node->getNextSibling()) {
+        if (node->getNodeType() == xercesc::DOMNode::TEXT_NODE) {
+            std::string text = XmlDom::getNodeValue(node);
+            std::ranges::replace(text, '\n', ' ');
+            run += text;
+        } else if (const std::string gap = gapOf(node); !gap.empty()) {
+            run += gap;
+        } else {
+            endRun();
+            collectTexts(node, texts);
+        }
+    }
+    endRun();
 }
 
 } // namespace
