@@ -74,7 +74,8 @@ void ApplicationFormWriter::addRadioButton(DOMElement* form, int index, const st
                        {"form:label", name},
                        {"form:tab-index", zelkova::numberToText(index)},
                        {"form:visual-effect", "flat"},
-                       {"form:image-position", "center"}}),
+                       {"form:image-position", "center"},
+                       {"xml:id", controlId(index)}}), // what form:id is called since OpenDocument 1.2
                "form:properties", {});
     const std::pair<const char*, std::string> values[] = {
         {"DefaultControl", "com.sun.star.form.control.RadioButton"}, {"SecondaryRefValue", name}};
@@ -89,7 +90,7 @@ void ApplicationFormWriter::addRadioButton(DOMElement* form, int index, const st
 void ApplicationFormWriter::addSideCell(DOMElement* row, int rows, const SideCell& side) const {
     DOMElement* cell = append(row, "table:table-cell", {{"table:style-name", side.cellStyle}});
     if (rows > 1) setAttribute(cell, "table:number-rows-spanned", zelkova::numberToText(rows));
-    setAttribute(cell, "office:value-type", "string");
+    if (side.typed) setAttribute(cell, "office:value-type", "string");
     DOMElement* paragraph = append(cell, "text:p", {{"text:style-name", side.paragraphStyle}});
     appendNode(paragraph, createTextNode(side.text));
 }
@@ -114,7 +115,7 @@ void ApplicationFormWriter::addPlace(DOMElement* row, int index, bool hasPicture
 }
 
 void ApplicationFormWriter::addPictureRows(DOMElement* table, DOMElement* before, int pictures) const {
-    constexpr SideCell left{"表2.A10", "P14", "表示画像"}, right{"表2.H5", "P10", "どれか１つ"};
+    constexpr SideCell left{"表2.A10", true, "P14", "表示画像"}, right{"表2.H5", false, "P10", "どれか１つ"};
     const int rows = (pictures + picturesInRow - 1) / picturesInRow;
     for (int row = 0; row < rows; ++row) {
         DOMElement* element = createElement("table:table-row");

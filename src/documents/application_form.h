@@ -16,6 +16,7 @@ public:
 private:
     struct SideCell {
         const char* cellStyle;
+        bool typed; // its value has a type
         const char* paragraphStyle;
         const char* text;
     };

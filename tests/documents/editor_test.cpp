@@ -1,7 +1,9 @@
-// The documents as an office program shows them, where one is installed: every text stands on the page.
+// The documents as others see them, where they are installed: an office program shows every text on the page,
+// a validator finds nothing that the format does not know.
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 #include <gmock/gmock.h>
 
@@ -13,6 +15,7 @@
 
 namespace {
 
+namespace fs = std::filesystem;
 using namespace documents_tests;
 
 bool installed(const std::string& program) {
@@ -80,6 +83,40 @@ TEST_F(Editor, ShowsEveryTextOnOnePage) {
         formTexts.push_back("画像" + std::to_string(i));
     expectOnOnePage(office.file("cnf/writeApplication.pdf"), formTexts);
     expectOnOnePage(office.file("cnf/CertificateWork.pdf"), wordTexts);
+}
+
+// The grammar of OpenDocument as Debian brings it, in emacs-common.
+std::string grammar(const std::string& name) {
+    std::error_code failure;
+    for (const auto& version : fs::directory_iterator("/usr/share/emacs", failure))
+        if (const fs::path file = version.path() / "etc/schema" / name; fs::exists(file)) return file;
+    return "";
+}
+
+TEST(Grammar, HoldsForEveryMember) {
+    const std::string document = grammar("OpenDocument-schema-v1.3.rnc");
+    const std::string manifest = grammar("od-manifest-schema-v1.2-os.rnc");
+    if (!installed("jing") || document.empty() || manifest.empty())
+        GTEST_SKIP() << "jing or emacs-common is not installed";
+    Office office;
+    // It allows no version but its own; what is made here is all in the one before.
+    const std::string earlier = office.file("grammar.rnc");
+    platform::replaceFile(earlier,
+                          zelkova::replaceAll(platform::readFile(document).value(),
+                                              "office:version { \"1.3\" }", "office:version { \"1.2\" }"));
+    const auto expectValid = [&](const std::string& archive, const std::string& schema, const char* member) {
+        platform::replaceFile(office.file("member.xml"), memberOf(archive, member));
+        EXPECT_EQ(std::system(("jing -i -c " + schema + " " + office.file("member.xml")).c_str()), 0)
+            << archive << " " << member;
+    };
+    DataCertificate certificate = certificateOf("  J.   Doe\n");
+    ASSERT_FALSE(office.makeCertificate(certificate));
+    ASSERT_FALSE(office.makeForm(registOf(5)));
+    for (const std::string& archive : {office.certificate(), office.form()}) {
+        for (const char* member : {"content.xml", "styles.xml", "meta.xml"})
+            expectValid(archive, earlier, member);
+        expectValid(archive, manifest, "META-INF/manifest.xml");
+    }
 }
 
 } // namespace
