@@ -121,6 +121,11 @@ TEST_F(FileDialogs, OpenGivesFullPathsInProgramText) {
         script.expectFileDialog(folderPath() + "two.xml");
         EXPECT_THAT(openFileDialog(main, options(start)), ElementsAre(folderPath() + "two.xml"));
     }
+    std::ofstream(path("one.xml")) << "x";
+    script.expectFileDialog(folderPath() + "one.xml");
+    EXPECT_THAT(openFileDialog(main, options(folderPath() + "two.xml")),
+                ElementsAre(folderPath() + "one.xml"))
+        << "not the one that was proposed";
     script.expectFileDialog("");
     EXPECT_THAT(openFileDialog(main, options(folderPath())), IsEmpty());
     script.expectFileDialog(folderPath() + "missing.xml").expectMessageBox(Answer::Ok);

@@ -119,6 +119,9 @@ bool choose(Picker& picker, const std::vector<std::string>& paths) {
         names << toQtPath(nativePath(path));
     const QString text =
         names.size() == 1 ? names.front() : u'"' + names.join(QStringLiteral("\" \"")) + u'"';
+    // What was proposed gives way only to a line that has the focus.
+    for (QAbstractItemView* view : picker.findChildren<QAbstractItemView*>())
+        view->clearSelection();
     picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(text);
     picker.accept();
     return picker.result() == QDialog::Accepted;
