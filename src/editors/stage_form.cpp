@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/labels.h"
+#include "editors/typed_number.h"
 #include "foundation/text.h"
 #include "host/state/host_state.h"
 #include "host/state/rule_text.h"
@@ -14,10 +15,6 @@ enum : int { mostQuests = 100, mostPoints = 30000, noDeduction = 1, unset = -1 }
 
 int entryOf(int value, const Labels& labels) {
     return value >= 0 && value < labels.size() ? value : 0;
-}
-
-std::string numberOrEmpty(int number) {
-    return number == unset ? "" : zelkova::numberToText(number);
 }
 
 int typed(const std::string& text) {

@@ -79,6 +79,7 @@ struct HostState {
     int questsLeftInPart = 0;  // still to play in the stage that is being recorded
     int masterVolume = 50;     // 0 to 100
     int answerVolume = 50;     // of the answer display, kept from one opening to the next
+    int editorVolume = 50;     // of the song editor, likewise; percent
     int playerVolume = 50;     // of the player window, likewise; percent
     int playerSpeed = 100;     // of the player window, likewise; percent of normal
     int requestUserId = -1;    // index of the user who last buzzed in

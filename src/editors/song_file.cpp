@@ -1,0 +1,57 @@
+#include "editors/song_file.h"
+
+#include <algorithm>
+
+#include "foundation/path.h"
+#include "foundation/text.h"
+
+namespace {
+
+struct Extension {
+    const char* text;
+    int type;
+};
+constexpr Extension extensions[] = {
+    {".mp3", fileTypeMp3}, {".wma", fileTypeWma}, {".wav", fileTypeWav},
+    {"", fileTypeNwav},    {".mid", fileTypeMid},
+};
+
+// With its dot.
+std::string extensionOf(const std::string& fileName) {
+    const std::size_t dot = zelkova::findTextReverse(fileName, ".");
+    const std::string extension = dot == zelkova::npos ? "" : fileName.substr(dot);
+    return zelkova::findText(extension, " ") == zelkova::npos ? extension : "";
+}
+
+} // namespace
+
+int fileTypeOfName(std::string_view path) {
+    const std::string extension = zelkova::toLowerSjis(extensionOf(zelkova::getFileName(path)));
+    const auto* found =
+        std::ranges::find_if(extensions, [&](const Extension& known) { return extension == known.text; });
+    return found == std::end(extensions) ? +fileTypeUnknown : found->type;
+}
+
+std::string stemOf(std::string_view path) {
+    const std::string name = zelkova::getFileName(path);
+    return name.substr(0, name.size() - extensionOf(name).size());
+}
+
+platform::FileDialog songFileDialog() {
+    platform::FileDialog options;
+    options.filterName = "音楽(*.mp3,*.wma,*.wav,*.mid)";
+    options.pattern = "*.mp3;*.wma;*.wav;*.mid";
+    return options;
+}
+
+SongFile openSongFile(zelkova::Media& media, const std::string& path) {
+    media.stop();
+    media.close();
+    SongFile file;
+    file.name = path;
+    file.opened = zelkova::fileExists(path) && media.open(path);
+    if (!file.opened) return file;
+    file.type = fileTypeOfName(path);
+    if (file.isPlayable()) file.length = media.getEnd() / positionFactor(file.type);
+    return file;
+}
