@@ -1,0 +1,126 @@
+// What is heard of the player: the right part of the song, at the right speed, for the right time, and
+// nothing while it is muted. In real time, through the window.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/labels.h"
+#include "host/state/host_state.h"
+#include "platform/driver.h"
+#include "playback/tonal_player.h"
+#include "support/audience.h"
+#include "support/temporary_folder.h"
+#include "support/test_sounds.h"
+
+namespace {
+
+namespace driver = platform::driver;
+
+// Each second of the song has a tone of its own.
+const std::vector<double> melody = {440, 520, 620, 740, 850, 970};
+
+enum : int {
+    idFromAnswer = 8110,
+    idOneSecond = 8112,
+    idPlay = 8120,
+    idMute = 8125,
+    idSpeed = 8127,
+    idTitle = 8129,
+};
+
+class HeardPlayer : public testing::Test {
+protected:
+    HeardPlayer() {
+        platform::setSoundDevice(platform::makeGstreamerDevice(
+            platform::SoundOutput::Captured,
+            [this](const platform::CapturedBlock& block) { audience.hear(block); }));
+        resetHost();
+        zelkova::setMasterVolume(100);
+        host().accesserResource.open(folder.file("ResourceData.xml"));
+        DataResource song;
+        song.setTitle("聞こえる曲");
+        song.setFileName(folder.file("song.mp3"));
+        song.setFileType(fileTypeMp3);
+        song.setLength(60);
+        song.setAnsStart(20);
+        song.setAnsEnd(40);
+        EXPECT_TRUE(test_support::encode(song.getFileName(), test_support::tones(melody),
+                                         "lamemp3enc target=quality quality=4"));
+        host().accesserResource.add(song);
+        song.setTitle("無い曲"); // what follows is silence
+        song.setFileName(folder.file("gone.mp3"));
+        host().accesserResource.add(song);
+    }
+    ~HeardPlayer() override {
+        resetHost();
+        platform::setSoundDevice(nullptr);
+    }
+
+    void run(const std::function<void(platform::WindowHandle)>& act) {
+        driver::Script script;
+        script.expectDialog("IDD_KDL0801_TONAL_PLAYER", [&](platform::WindowHandle dialog) {
+            act(dialog);
+            driver::closeBox(dialog);
+        });
+        dlgTonalPlayer({});
+        EXPECT_THAT(script.faults(), testing::IsEmpty());
+    }
+    static void pass(int milliseconds) {
+        driver::settleUntil([] { return false; }, milliseconds);
+    }
+    // The time until the song has given way to the one that is gone.
+    static std::uint32_t playSong(platform::WindowHandle dialog) {
+        const std::uint32_t started = platform::getTickCount();
+        driver::click({dialog, idPlay});
+        EXPECT_TRUE(driver::settleUntil(
+            [&] {
+                return platform::getText({dialog, idTitle}) == "無い曲";
+            },
+            8000));
+        return platform::getTickCount() - started;
+    }
+
+    test_support::TemporaryFolder folder;
+    test_support::Audience audience;
+};
+
+TEST_F(HeardPlayer, TheChosenPartSoundsAndThenNothing) {
+    run([&](platform::WindowHandle dialog) {
+        driver::click({dialog, idFromAnswer});
+        EXPECT_NEAR(playSong(dialog), 2000, 300);
+        const std::uint32_t over = platform::getTickCount();
+        pass(300);
+        EXPECT_LT(static_cast<int>(audience.lastSound() - over), 150);
+        EXPECT_NEAR(audience.toneAt(0), melody[2], 15); // not a moment of the song's beginning
+        EXPECT_NEAR(audience.toneAt(400), melody[2], 15);
+        EXPECT_NEAR(audience.toneAt(1400), melody[3], 15);
+    });
+}
+
+TEST_F(HeardPlayer, OneSecondIsOneSecondAtEverySpeed) {
+    run([&](platform::WindowHandle dialog) {
+        driver::click({dialog, idOneSecond});
+        driver::slide({dialog, idSpeed}, 200);
+        EXPECT_NEAR(playSong(dialog), 1000, 300);
+        pass(300);
+        EXPECT_NEAR(audience.lastSound() - audience.firstSound(), 1000, 300);
+        EXPECT_NEAR(audience.toneAt(200), 2 * melody[0], 30);
+        EXPECT_NEAR(audience.toneAt(650), 2 * melody[1], 30);
+    });
+}
+
+TEST_F(HeardPlayer, MutedIsSilent) {
+    run([&](platform::WindowHandle dialog) {
+        driver::click({dialog, idMute});
+        driver::click({dialog, idPlay});
+        pass(500);
+        EXPECT_EQ(audience.firstSound(), 0u);
+        driver::click({dialog, idMute});
+        pass(1100);
+        EXPECT_NE(audience.firstSound(), 0u);
+        EXPECT_NEAR(audience.toneAt(100), melody[0], 15); // the song has gone on meanwhile
+        EXPECT_NEAR(audience.toneAt(750), melody[1], 15);
+    });
+}
+
+} // namespace
