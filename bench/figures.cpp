@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 
 namespace bench {
@@ -43,6 +44,23 @@ void printSpread(const std::string& what, std::vector<double> milliseconds, doub
     printFigure(what + ", p50", at(50), "ms");
     printFigure(what + ", p99", at(99), "ms", atMost);
     printFigure(what + ", largest", at(100), "ms");
+}
+
+double processorMs() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+double medianMs(int runs, const std::function<void()>& work) {
+    std::vector<double> times;
+    for (int i = 0; i < runs; ++i) {
+        const double start = processorMs();
+        work();
+        times.push_back(processorMs() - start);
+    }
+    std::ranges::sort(times);
+    return times[times.size() / 2];
 }
 
 double residentNow() {

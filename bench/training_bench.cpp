@@ -1,17 +1,12 @@
 // The training mode over a large catalogue: what the draws cost, with the songs' files there and gone.
-#include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <vector>
 
-#include <time.h>
-
 #include "data/labels.h"
+#include "figures.h"
 #include "foundation/text.h"
 #include "platform/application.h"
-#include "show/figures.h"
 #include "support/temporary_folder.h"
 #include "training/training_quests.h"
 
@@ -19,24 +14,6 @@ namespace {
 
 constexpr int songs = 10000, runs = 7;
 constexpr double longestDrawMs = 100;
-
-// Processor time: what others do on the machine does not count.
-double nowMs() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
-
-double median(const std::function<void()>& work) {
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        const double start = nowMs();
-        work();
-        times.push_back(nowMs() - start);
-    }
-    std::ranges::sort(times);
-    return times[times.size() / 2];
-}
 
 // Songs in two folders. Without `present` only every second file is there.
 void fill(AccesserResource& catalogue, const test_support::TemporaryFolder& folder, bool present) {
@@ -72,9 +49,9 @@ bool measure(const char* title, const AccesserResource& catalogue, DataSession t
     bool made = true;
     bench::printTitle(title);
     std::vector<int> fitting;
-    const double looks = median([&] { fitting = fittingSongs(catalogue, training); });
-    const double quests = median([&] { made = makeQuests(fitting, training) && made; });
-    const double choices = median([&] { makeChoices(fitting, questSongs(training, 1), 9); });
+    const double looks = bench::medianMs(runs, [&] { fitting = fittingSongs(catalogue, training); });
+    const double quests = bench::medianMs(runs, [&] { made = makeQuests(fitting, training) && made; });
+    const double choices = bench::medianMs(runs, [&] { makeChoices(fitting, questSongs(training, 1), 9); });
     bench::printFigure("finding the songs that fit", looks, "ms");
     bench::printFigure("makeQuests", quests, "ms");
     bench::printFigure("makeChoices", choices, "ms");

@@ -1,7 +1,6 @@
 // A session of 1,000 quests, twice, on the manual clock and the silent device, behind a short one that lets
 // the program make what it keeps (forms, glyphs).
 #include <algorithm>
-#include <ctime>
 #include <filesystem>
 #include <optional>
 
@@ -26,12 +25,6 @@ constexpr int stages = 20, questsInStage = 50;
 constexpr std::size_t sample = 100; // quests at each end of the session that are compared
 constexpr int radioRight = 1204, judgeOk = 1211, answersOk = 1315;
 constexpr std::uint32_t leadInLimitMs = 10'000, listeningMs = 1000, applauseMs = 20'000;
-
-double processorMs() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
 
 // What others do on the machine only ever adds, so the quick tenth tells most.
 double quickest(std::vector<double> values) {
