@@ -24,6 +24,7 @@ bool spin(Control edit, int steps);                // presses the up-down's arro
 bool doubleClickRow(Control list, int row);
 bool rightClickRow(Control list, int row);
 bool clickColumn(Control list, int column);
+bool dragColumn(Control list, int column, int width); // by its right edge, to so many pixels
 bool turnTo(WindowHandle sheet, int page);                  // clicks the tab of a property sheet
 bool dragRow(Control from, int row, Control to, int toRow); // see listSetDrag; toRow -1: below the last row
 // On what has the focus in the window; without a window, in the open pop-up menu or the innermost box.

@@ -16,12 +16,14 @@ namespace platform {
 
 enum class Align { Left, Right, Center };
 
+// Where the list is too narrow for the widths of all its columns, those above 80 pixels are shown narrower,
+// until the user drags one.
 bool listInsertColumn(Control list, int column, std::string_view title, int widthPixels,
                       Align align = Align::Left);
 bool listDeleteColumn(Control list, int column);
 int listColumnCount(Control list);
 std::string listColumnTitle(Control list, int column);
-int listColumnWidth(Control list, int column);
+int listColumnWidth(Control list, int column); // as it is shown
 
 bool listInsertRow(Control list, int row, std::string_view text); // row from 0 to the row count
 bool listDeleteRow(Control list, int row);

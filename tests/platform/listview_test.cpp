@@ -72,15 +72,44 @@ TEST_F(ListView, KeepsColumnsRowsAndCells) {
     EXPECT_EQ(column(1), names);
 }
 
-TEST_F(ListView, NarrowColumnsShowNumbersOfFourDigitsAndDates) {
+TEST_F(ListView, NarrowColumnsShowNumbersOfFiveDigitsAndDates) {
     listInsertColumn(list, 0, "NO.", 35, Align::Right);
-    listSetCell(list, 0, 0, "9999");
+    listSetCell(list, 0, 0, "10000");
     listSetCell(list, 1, 0, "99999999");
     EXPECT_FALSE(driver::isCellCut(list, 0, 0));
     EXPECT_TRUE(driver::isCellCut(list, 1, 0));
     listInsertColumn(list, 1, "リリース日", 75);
     listSetCell(list, 0, 1, "2000/10/28");
     EXPECT_FALSE(driver::isCellCut(list, 0, 1));
+}
+
+TEST_F(ListView, WideColumnsGiveWayToANarrowListUntilTheUserDragsOne) {
+    listInsertColumn(list, 2, "歌手", 120);
+    listInsertColumn(list, 3, "点", 80, Align::Right);
+    const auto widths = [&] {
+        std::vector<int> all;
+        for (int column = 0; column < 4; ++column)
+            all.push_back(listColumnWidth(list, column));
+        return all;
+    };
+    const auto resizeTo = [&](int width) {
+        driver::resize(main, width, 400);
+        driver::settle();
+    };
+    resizeTo(800);
+    EXPECT_THAT(widths(), ElementsAre(60, 200, 120, 80)) << "as told";
+    const int room = 430,
+              frame = getRect(WindowHandle(main)).width - getRect(getItem(main, listId)).width + 2;
+    resizeTo(room + frame); // 30 too few, of the 160 that are to spare
+    EXPECT_THAT(widths(), ElementsAre(60, 200 - 23, 120 - 8, 80));
+    resizeTo(200);
+    EXPECT_THAT(widths(), ElementsAre(60, 80, 80, 80)) << "no narrower";
+    resizeTo(800);
+    EXPECT_THAT(widths(), ElementsAre(60, 200, 120, 80));
+    EXPECT_TRUE(driver::dragColumn(list, 1, 300));
+    resizeTo(200);
+    EXPECT_THAT(widths(), ElementsAre(60, 300, 120, 80));
+    EXPECT_FALSE(driver::dragColumn(list, 4, 10));
 }
 
 TEST_F(ListView, AnswersNothingForWhatIsNotThere) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/detail/column_fit.h"
 #include "platform/listview.h"
 
 namespace platform::detail {
@@ -28,7 +29,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    void insertColumnAt(int column, const QString& title, Align align);
+    void insertColumnAt(int column, const QString& title, int width, Align align);
     void deleteColumn(int column);
     void insertRowAt(int row, const QString& text);
     void deleteRow(int row);
@@ -36,6 +37,7 @@ public:
     void deleteAllRows();
     void setCell(int row, int column, const QString& text);
     QString cell(int row, int column) const;
+    int toldWidth(int column) const { return columns_[static_cast<std::size_t>(column)].width; }
     bool hasRow(int row) const { return row >= 0 && row < rowCount(); }
     bool hasColumn(int column) const { return column >= 0 && column < columnCount(); }
     Row& row(int index) { return rows_[static_cast<std::size_t>(index)]; }
@@ -50,13 +52,16 @@ public:
     bool programAtWork = false; // a selection that changes now is not the user's
 
 private:
-    explicit ListModel(QTreeView* view) : QAbstractTableModel(view), view_(view) {}
+    explicit ListModel(QTreeView* view)
+        : QAbstractTableModel(view), view_(view), fit_(new ColumnFit(view, this)) {}
 
     struct Column {
         QString title;
+        int width;
         Align align;
     };
     QTreeView* view_;
+    ColumnFit* fit_;
     std::vector<Column> columns_;
     std::vector<Row> rows_;
     mutable std::optional<std::pair<int, RowColors>> asked_;

@@ -65,6 +65,14 @@ bool clickColumn(Control control, int column) {
     return true;
 }
 
+bool dragColumn(Control control, int column, int width) {
+    auto* list = reachAs<QTreeView>(control);
+    const ListModel* model = list ? ListModel::of(list) : nullptr;
+    if (!model || !model->hasColumn(column)) return false;
+    list->header()->resizeSection(column, width);
+    return true;
+}
+
 bool dragRow(Control from, int row, Control to, int toRow) {
     auto* source = reachAs<QTreeView>(from);
     auto* target = reachAs<QTreeView>(to);

@@ -94,13 +94,14 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     return {};
 }
 
-void ListModel::insertColumnAt(int column, const QString& title, Align align) {
+void ListModel::insertColumnAt(int column, const QString& title, int width, Align align) {
     beginInsertColumns({}, column, column);
-    columns_.insert(columns_.begin() + column, {title, align});
+    columns_.insert(columns_.begin() + column, {title, width, align});
     for (Row& row : rows_)
         if (row.cells.size() > static_cast<std::size_t>(column))
             row.cells.insert(row.cells.begin() + column, QString());
     endInsertColumns();
+    fit_->fit();
 }
 
 void ListModel::deleteColumn(int column) {
@@ -109,6 +110,7 @@ void ListModel::deleteColumn(int column) {
     for (Row& row : rows_)
         if (row.cells.size() > static_cast<std::size_t>(column)) row.cells.erase(row.cells.begin() + column);
     endRemoveColumns();
+    fit_->fit();
 }
 
 void ListModel::insertRowAt(int row, const QString& text) {

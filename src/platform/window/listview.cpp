@@ -45,8 +45,7 @@ private:
 bool listInsertColumn(Control control, int column, std::string_view title, int widthPixels, Align align) {
     const List list(control);
     if (!list.model || column < 0 || column > list.model->columnCount()) return false;
-    list.model->insertColumnAt(column, toQt(title), align);
-    list.view->header()->resizeSection(column, widthPixels);
+    list.model->insertColumnAt(column, toQt(title), widthPixels, align);
     return true;
 }
 
@@ -212,7 +211,8 @@ void listSetSortMark(Control control, int column, bool descending) {
     if (!list.view) return;
     QHeaderView* header = list.view->header();
     header->setSortIndicatorShown(list.hasColumn(column));
-    header->setSortIndicator(column, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    // The toolkit's own mark of an ascending column points down.
+    header->setSortIndicator(column, descending ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
 } // namespace platform
