@@ -2,6 +2,7 @@
 
 #include <QIconEngine>
 #include <QPainter>
+#include <QStyleOptionHeader>
 
 namespace platform::detail {
 
@@ -66,6 +67,20 @@ private:
 } // namespace
 
 DeskStyle::DeskStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    painter->save();
+    if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+        header && element == CE_HeaderLabel) {
+        const int needed = header->fontMetrics.horizontalAdvance(header->text);
+        QFont font = painter->font();
+        if (needed > header->rect.width()) font.setStretch(100 * header->rect.width() / needed);
+        painter->setFont(font);
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+    painter->restore();
+}
 
 QIcon DeskStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
     for (const Sign& sign : signs)

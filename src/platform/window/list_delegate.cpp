@@ -13,21 +13,26 @@ namespace platform::detail {
 namespace {
 
 constexpr int leastMargin = 2;     // pixels at each side of a text
-constexpr double narrowest = 0.78; // of a text's own width
+constexpr double narrowest = 0.68; // of a text's own width
 
-// What a narrow column takes from the margins of its texts.
-int spareMargin(const QWidget* view) {
-    return QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1 - leastMargin;
+int usualMargin(const QWidget* view) {
+    return QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+}
+
+// How narrow the letters of a text must be drawn to stand whole in a cell once its margins have given way.
+// The text's own width comes with the usual margins.
+double ratioIn(int cellWidth, int needed, const QWidget* view) {
+    return static_cast<double>(cellWidth - 2 * leastMargin) / (needed - 2 * usualMargin(view));
 }
 
 // Before a text is cut, the margins at its sides give way, then its letters are drawn narrower: a number of
-// four digits can be read in 35 pixels, a date in 75.
+// five digits can be read in 35 pixels, a date in 75.
 void squeeze(QStyleOptionViewItem& option, int needed) {
     const int width = option.rect.width();
     if (needed <= width) return;
-    const int spare = spareMargin(option.widget);
+    const int spare = usualMargin(option.widget) - leastMargin;
     option.rect.adjust(-spare, 0, spare, 0);
-    const double ratio = static_cast<double>(option.rect.width()) / needed;
+    const double ratio = ratioIn(width, needed, option.widget);
     if (ratio >= 1 || ratio < narrowest) return;
     option.font.setStretch(static_cast<int>(100 * ratio));
     option.fontMetrics = QFontMetrics(option.font);
@@ -63,8 +68,7 @@ QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
 }
 
 bool ListDelegate::isCut(const QAbstractItemView& view, const QModelIndex& index) {
-    const int has = view.visualRect(index).width() + 2 * spareMargin(&view);
-    return view.sizeHintForIndex(index).width() * narrowest > has;
+    return ratioIn(view.visualRect(index).width(), view.sizeHintForIndex(index).width(), &view) < narrowest;
 }
 
 bool ListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem&,
