@@ -55,10 +55,13 @@ TEST_F(Start, PreparesTheDesk) {
     EXPECT_NE(log->find("C2000001"), std::string::npos);
 }
 
-TEST_F(Start, TheMenuOpensTheDialogsOfDocuments) {
+TEST_F(Start, TheMenuOpensItsDialogs) {
     desk.start();
-    const std::pair<int, const char*> dialogs[] = {{11097, "IDD_KDL0602_CERTIFICATE"},
-                                                   {11102, "IDD_KDL0904_CREATE_WRITE_APPLICATION"}};
+    const std::pair<int, const char*> dialogs[] = {
+        {11009, "IDD_KDL0501_CONFIG"},       {11010, "IDD_KDL0106_VERSION"},
+        {11097, "IDD_KDL0602_CERTIFICATE"},  {11102, "IDD_KDL0904_CREATE_WRITE_APPLICATION"},
+        {11150, "IDD_KDL0801_TONAL_PLAYER"},
+    };
     for (const auto& [command, name] : dialogs) {
         desk.script.expectDialog(name,
                                  [](platform::WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
@@ -69,25 +72,37 @@ TEST_F(Start, TheMenuOpensTheDialogsOfDocuments) {
 
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
-    for (const int command : {11003, 11004, 11010, 11151}) {
+    for (const int command : {11003, 11004, 11151}) {
         desk.script.expectMessageBox(platform::Answer::Ok);
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }
 }
 
-TEST_F(Start, CommandsOpenTheirDialogs) {
-    const struct {
-        int command;
-        const char* dialog;
-    } rows[] = {
-        {11009, "IDD_KDL0501_CONFIG"},
-        {11150, "IDD_KDL0801_TONAL_PLAYER"},
-    };
+TEST_F(Start, TheVersionIsTold) {
+    DataApplication& settings = desk.folder.settings;
+    settings.setVersion({1, 2, 3});
+    settings.setProductJpn("");
+    settings.setNameJpn("イントロクイズ");
+    settings.setProductCpyLght("(C) 2026 イントロ製作所 & Co.");
+    settings.setManufactureJpn("");
+    settings.setProductUrl("https://example.jp/");
     desk.start();
-    for (const auto& [command, dialog] : rows) {
-        desk.script.expectDialog(dialog, [](platform::WindowHandle window) { driver::closeBox(window); });
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
-    }
+    const auto look = [&](const std::string& name) {
+        desk.script.expectDialog("IDD_KDL0106_VERSION", [&](platform::WindowHandle dialog) {
+            driver::settle();
+            EXPECT_EQ(platform::getText(dialog), "イントロクイズ -バージョン情報-");
+            EXPECT_EQ(platform::getText({dialog, 1602}), name);
+            EXPECT_EQ(platform::getText({dialog, 1603}), "1.02.03");
+            EXPECT_EQ(platform::getText({dialog, 1604}), "(C) 2026 イントロ製作所 & Co.");
+            EXPECT_FALSE(platform::isVisible({dialog, 1605}));
+            EXPECT_EQ(platform::getText({dialog, 1606}), "https://example.jp/");
+            driver::pressKey(dialog, "Return");
+        });
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, 11010));
+    };
+    look("イントロクイズ");
+    host().dataApplication.setProductJpn("製品名");
+    look("製品名");
 }
 
 TEST_F(Start, NarrowWindowsFallBackToHalves) {

@@ -11,6 +11,7 @@
 #include "foundation/views/open_with_desktop.h"
 #include "host/shell/players.h"
 #include "host/shell/session_commands.h"
+#include "host/shell/version_dialog.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/not_yet.h"
@@ -99,6 +100,10 @@ void rebuildPlayers() {
         initResource();
 }
 
+void showVersion() {
+    dlgVersion(host().mainWindow, host().dataApplication);
+}
+
 void runPlayer() {
     dlgTonalPlayer(host().mainWindow);
 }
@@ -126,7 +131,7 @@ constexpr std::array commands{
     Command{11005, closeSession},
     Command{11008, playMusic<&DataApplication::getEfcApplause>},
     Command{11009, changeSettings},
-    Command{11010, notYet}, // バージョン情報
+    Command{11010, showVersion},
     Command{11012, clearScores},
     Command{11013, clearUsers},
     Command{11015, rebuildPlayers},
