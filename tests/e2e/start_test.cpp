@@ -78,6 +78,26 @@ TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     }
 }
 
+TEST_F(Start, TheMenuOpensHelpLogAndFolders) {
+    desk.folder.settings.setHelpUrl("../hlp/index.html#C%__SERCH_MESSAGE_CODE__%");
+    desk.start();
+    const std::pair<int, std::string> targets[] = {
+        {11023, "../hlp/index.html#C"},
+        {11024, desk.folder.file("log/kdl_server.log")},
+        {11025, desk.folder.file("log")},
+        {11099, desk.folder.file("hst/")},
+    };
+    for (const auto& [command, target] : targets) {
+        desk.script.expectOpen(target);
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+        desk.script.expectOpen(target, false); // no program for it
+        desk.expectMessage(3000021);
+        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+        driver::settle();
+    }
+    EXPECT_TRUE(desk.script.done());
+}
+
 TEST_F(Start, TheVersionIsTold) {
     DataApplication& settings = desk.folder.settings;
     settings.setVersion({1, 2, 3});
