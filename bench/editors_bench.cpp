@@ -1,6 +1,8 @@
-// The editors' own dialogs over a catalogue of 10,000 songs, on a screen that nobody sees. Every time is from
-// the user's act to the last pixel that it changes. What other programs do on the machine adds to it.
-#include <chrono>
+// The editors' own dialogs over a catalogue of 10,000 songs, on a screen that nobody sees. Every figure is
+// the processor's time, the system's work included, from the user's act to the last pixel that it changes.
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 
@@ -25,16 +27,20 @@ using platform::WindowHandle;
 
 constexpr int songs = 10'000;
 
-// Numbered 1 to `songs` in an order of titles that is not theirs; every second one has lost its file.
+// Numbered 1 to `songs` in an order of titles that is not theirs; every second one has lost its file. The
+// files stand in one folder, which has not been touched for a while.
 class Catalogue {
 public:
     Catalogue() {
         resetHost();
+        std::filesystem::create_directory(folder_.file("music"));
         AccesserResource& catalogue = host().accesserResource;
         catalogue.open(folder_.file("ResourceData.xml"));
         for (int i = 1; i <= songs; ++i)
             catalogue.add(song(i));
         catalogue.commit();
+        std::filesystem::last_write_time(
+            folder_.file("music"), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
     }
     ~Catalogue() { resetHost(); }
     Catalogue(const Catalogue&) = delete;
@@ -44,7 +50,7 @@ private:
     DataResource song(int number) const {
         const std::string mixed = zelkova::numberToText(static_cast<int>(number * 7919L % songs));
         DataResource out;
-        out.setFileName(folder_.file("song" + zelkova::numberToText(number) + ".mp3"));
+        out.setFileName(folder_.file("music/" + zelkova::numberToText(number) + ".mp3"));
         if (number % 2 == 0) std::ofstream(out.getFileName());
         out.setFileType(fileTypeMp3);
         out.setTitle("荒城の月・第" + mixed + "番");
@@ -68,12 +74,16 @@ private:
 
 class Watch {
 public:
-    double ms() const {
-        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start_).count();
-    }
+    double ms() const { return nowMs() - start_; }
 
 private:
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+    static double nowMs() {
+        timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    }
+
+    double start_ = nowMs();
 };
 
 double timeOf(const std::function<void()>& act) {
@@ -126,8 +136,10 @@ bool measureSearchList() {
                 bench::printFigure("sorting column " + std::to_string(column) + ", " + way,
                                    timeOf([&] { driver::clickColumn(list, column); }), "ms", sortMs);
         driver::select(list, 0);
-        bench::printFigure("a page further, files looked for",
-                           timeOf([&] { driver::pressKey(dialog, "PgDown"); }), "ms");
+        double slowest = 0;
+        for (int page = 0; page < 100; ++page)
+            slowest = std::max(slowest, timeOf([&] { driver::pressKey(dialog, "PgDown"); }));
+        bench::printFigure("a page further, the slowest of 100", slowest, "ms");
         bench::printFigure("all rows selected", timeOf([&] { driver::pressKey(dialog, "Ctrl+A"); }), "ms");
         bench::printFigure("sorting with them", timeOf([&] { driver::clickColumn(list, 1); }), "ms", sortMs);
     });
