@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/labels.h"
+#include "editors/resource_edit.h"
 #include "foundation/dialog.h"
 #include "foundation/text.h"
 #include "foundation/views/column_sort.h"
@@ -10,7 +11,6 @@
 #include "foundation/views/song_files.h"
 #include "foundation/views/view_resource.h"
 #include "host/state/host_state.h"
-#include "host/state/not_yet.h"
 #include "platform/window.h"
 
 namespace {
@@ -58,7 +58,7 @@ private:
         platform::setTextColor(control(idLegendMark), missingFileRed);
         if (mode_ == SearchListMode::All) {
             platform::show(control(idFilters), false);
-            fill(catalogue().search(0, 0, "", -1, {}, {}, "", "", "", -1));
+            fill(catalogue().all());
         } else {
             openFilters();
         }
@@ -197,7 +197,15 @@ private:
     }
 
     void editSelected() {
-        if (list().getSelectedItem() >= 0) notYet();
+        ViewResource view = list();
+        const int row = view.getSelectedItem();
+        if (row < 0) return;
+        const int number = view.getNumber(row, ViewResource::number);
+        dlgResourceEdit(window(), number);
+        // Stored or not, its file may be another, or there again.
+        DataResource song;
+        if (catalogue().get(number, song)) view.updateRow(row, song);
+        forgetFile(view.getHwnd(), row);
     }
 
     // The rows whose songs could be removed leave the list, those behind the first that could not stay.

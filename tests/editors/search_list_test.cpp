@@ -2,23 +2,15 @@
 
 #include <fstream>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "data/labels.h"
-#include "foundation/text.h"
+#include "editors/catalogue_desk.h"
 #include "foundation/views/view_resource.h"
-#include "host/state/host_state.h"
-#include "platform/controls.h"
-#include "platform/driver.h"
 #include "platform/listview.h"
 #include "platform/window.h"
-#include "support/temporary_folder.h"
 
 namespace {
 
-namespace driver = platform::driver;
-using platform::WindowHandle;
+using namespace editors_tests;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -62,12 +54,10 @@ constexpr Song songs[] = {
     {"ふるさと", "岡野貞一", "オカノテイイチ", "JPop", fileTypeMid, 0, 1914, 2},
 };
 
-class SearchList : public testing::Test {
+class SearchList : public CatalogueDesk {
 protected:
     SearchList() {
-        resetHost();
         AccesserResource& catalogue = host().accesserResource;
-        catalogue.open(folder.file("ResourceData.xml"));
         for (const Song& song : songs) {
             DataResource record;
             record.setTitle(song.title);
@@ -86,24 +76,21 @@ protected:
         makeFile(1);
         makeFile(3);
     }
-    ~SearchList() override { resetHost(); }
-
     void makeFile(int number) const { std::ofstream(folder.file(std::to_string(number) + ".mp3")); }
 
-    // Runs the dialog and does `act` in it; then come the messages, each answered with the button of that
-    // number.
-    int run(SearchListMode mode, const std::function<void(WindowHandle)>& act,
-            const std::vector<std::pair<int, int>>& messages = {}) {
-        driver::Script script;
+    // Opens the list and does `act` in it, which closes it.
+    int run(SearchListMode mode, const std::function<void(WindowHandle)>& act) {
         script.expectDialog("IDD_KDL0303_SERCHLIST", act);
-        for (const auto& [code, button] : messages)
-            script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [code = code, button = button](WindowHandle box) {
-                EXPECT_EQ(platform::getText({box, 102}), "C" + std::to_string(code));
-                driver::click({box, button});
-            });
         const int result = dlgSearchList({}, mode, numbers);
         EXPECT_THAT(script.faults(), IsEmpty());
         return result;
+    }
+    void expectRemovalQuestion(bool answer) {
+        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [answer](WindowHandle box) {
+            EXPECT_EQ(platform::getText({box, 102}), "C2000013");
+            EXPECT_TRUE(platform::hasFocus({box, 112})) << "nothing is removed by a careless Enter";
+            driver::click({box, answer ? 111 : 112});
+        });
     }
 
     static std::vector<std::string> column(WindowHandle dialog, int index) {
@@ -123,12 +110,9 @@ protected:
         return shown(dialog);
     }
 
-    const test_support::TemporaryFolder folder;
-    const platform::ManualClock clock{{2026, 3, 0, 14, 19, 0, 0, 0}};
+    driver::Script script;
     std::string numbers = "untouched";
 };
-
-constexpr int firstButton = 111, secondButton = 112;
 
 TEST_F(SearchList, ModeAllShowsEverySongAndNoFilter) {
     host().accesserResource.remove(2);
@@ -173,7 +157,7 @@ TEST_F(SearchList, StartsWithEmptyFiltersOverAnEmptyList) {
                           EXPECT_EQ(platform::getText({dialog, idNoFrom}), "1");
                           EXPECT_EQ(platform::getText({dialog, idNoTo}), "1");
                           EXPECT_EQ(platform::getText({dialog, idDateFrom}), "2021/01/01");
-                          EXPECT_EQ(platform::getText({dialog, idDateTo}), "2026/03/14");
+                          EXPECT_EQ(platform::getText({dialog, idDateTo}), "2026/03/01");
                           EXPECT_TRUE(platform::isChecked({dialog, idAnyType}));
                           std::string formats;
                           for (int i = 0; i < platform::itemCount({dialog, idFormat}); ++i)
@@ -352,71 +336,83 @@ TEST_F(SearchList, HeadersSortByValueOrText) {
 }
 
 TEST_F(SearchList, AListThatRefusesToBeSortedIsTold) {
-    run(SearchListMode::All,
-        [](WindowHandle dialog) {
-            platform::destroyWindow(platform::getItem(dialog, idList));
-            platform::sendMessage(dialog, platform::WM_NOTIFY, idList, platform::LVN_COLUMNCLICK);
-            driver::click({dialog, idOk});
-        },
-        {{4000009, firstButton}});
+    run(SearchListMode::All, [&](WindowHandle dialog) {
+        platform::destroyWindow(platform::getItem(dialog, idList));
+        expectMessage(script, 4000009);
+        platform::sendMessage(dialog, platform::WM_NOTIFY, idList, platform::LVN_COLUMNCLICK);
+        driver::click({dialog, idOk});
+    });
+}
+
+TEST_F(SearchList, EditingShowsTheRowAnew) {
+    const auto changed = [&](int number, const std::string& title) {
+        script.expectDialog("IDD_KDL0302_EDIT", [=, this](WindowHandle editor) {
+            EXPECT_EQ(platform::getText({editor, 3202}), std::to_string(number));
+            makeFile(number); // it was not there before
+            driver::type({editor, 3205}, title);
+            driver::click({editor, 3255});
+            driver::closeBox(editor); // what was applied is stored all the same
+        });
+    };
+    run(SearchListMode::All, [&](WindowHandle dialog) {
+        const platform::Control list(dialog, idList);
+        EXPECT_FALSE(driver::click({dialog, idEdit})) << "nothing is selected";
+        driver::clickColumn(list, ViewResource::releaseDate); // 3, 2, 1, 4
+        EXPECT_EQ(platform::listRowColors(list, 1).background, missingRed);
+        changed(2, "花・改");
+        driver::select(list, 1);
+        driver::click({dialog, idEdit});
+        EXPECT_EQ(platform::listRowColors(list, 1), platform::RowColors{});
+        changed(4, "ふるさと・改");
+        driver::doubleClickRow(list, 3);
+        EXPECT_THAT(column(dialog, ViewResource::title),
+                    ElementsAre("夏は来ぬ", "花・改", "荒城の月", "ふるさと・改"));
+        driver::click({dialog, idOk});
+    });
 }
 
 TEST_F(SearchList, RemovesTheSelectedSongsFromListAndFile) {
-    const auto removeTwoAndThree = [](WindowHandle dialog) {
+    const auto removeTwoAndThree = [&](WindowHandle dialog, bool answer) {
         driver::select({dialog, idList}, 1);
         driver::pressKey(dialog, "Shift+Down");
+        expectRemovalQuestion(answer);
         driver::click({dialog, idRemove});
     };
-    const auto inFile = [&] {
-        AccesserResource file;
-        file.open(folder.file("ResourceData.xml"));
-        return file.search(0, 0, "", -1, {}, {}, "", "", "", -1).size();
-    };
-    run(SearchListMode::All,
-        [&](WindowHandle dialog) {
-            EXPECT_FALSE(driver::click({dialog, idRemove})) << "nothing is selected";
-            removeTwoAndThree(dialog);
-            EXPECT_EQ(shown(dialog), "1,2,3,4");
-            driver::click({dialog, idOk});
-        },
-        {{2000013, secondButton}});
-    EXPECT_EQ(inFile(), 4u);
-    run(SearchListMode::All,
-        [&](WindowHandle dialog) {
-            removeTwoAndThree(dialog);
-            EXPECT_EQ(shown(dialog), "1,4");
-            EXPECT_FALSE(platform::isEnabled({dialog, idRemove}));
-            driver::closeBox(dialog);
-        },
-        {{2000013, firstButton}});
-    EXPECT_EQ(inFile(), 2u);
+    run(SearchListMode::All, [&](WindowHandle dialog) {
+        EXPECT_FALSE(driver::click({dialog, idRemove})) << "nothing is selected";
+        removeTwoAndThree(dialog, false);
+        EXPECT_EQ(shown(dialog), "1,2,3,4");
+        EXPECT_EQ(titlesOnDisk().size(), 4u);
+        removeTwoAndThree(dialog, true);
+        EXPECT_EQ(shown(dialog), "1,4");
+        EXPECT_FALSE(platform::isEnabled({dialog, idRemove}));
+        driver::closeBox(dialog);
+    });
+    EXPECT_THAT(titlesOnDisk(), ElementsAre("荒城の月", "ふるさと"));
 }
 
 TEST_F(SearchList, RemovingStopsAtTheFirstSongThatIsNotThere) {
-    run(SearchListMode::All,
-        [](WindowHandle dialog) {
-            host().accesserResource.remove(2);
-            driver::select({dialog, idList}, 0);
-            driver::pressKey(dialog, "Ctrl+A");
-            driver::click({dialog, idRemove});
-            EXPECT_EQ(shown(dialog), "2,3,4");
-            driver::click({dialog, idOk});
-        },
-        {{2000013, firstButton}});
-    DataResource record;
-    EXPECT_EQ(host().accesserResource.get(1, record), 0);
-    EXPECT_EQ(host().accesserResource.get(3, record), 1);
+    run(SearchListMode::All, [&](WindowHandle dialog) {
+        host().accesserResource.remove(2);
+        driver::select({dialog, idList}, 0);
+        driver::pressKey(dialog, "Ctrl+A");
+        expectRemovalQuestion(true);
+        driver::click({dialog, idRemove});
+        EXPECT_EQ(shown(dialog), "2,3,4");
+        driver::click({dialog, idOk});
+    });
+    EXPECT_THAT(titlesOnDisk(), ElementsAre("夏は来ぬ", "ふるさと"));
 }
 
 TEST_F(SearchList, TellsWhenTheDiskRefuses) {
-    run(SearchListMode::All,
-        [&](WindowHandle dialog) {
-            std::filesystem::remove_all(folder.path());
-            driver::select({dialog, idList}, 0);
-            driver::click({dialog, idRemove});
-            driver::click({dialog, idOk});
-        },
-        {{2000013, firstButton}, {3000004, firstButton}});
+    run(SearchListMode::All, [&](WindowHandle dialog) {
+        std::filesystem::remove_all(folder.path());
+        driver::select({dialog, idList}, 0);
+        expectRemovalQuestion(true);
+        expectMessage(script, 3000004);
+        driver::click({dialog, idRemove});
+        driver::click({dialog, idOk});
+    });
 }
 
 TEST_F(SearchList, PickingGivesEveryRowInTheOrderShown) {
