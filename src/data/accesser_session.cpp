@@ -26,23 +26,31 @@ constexpr const char* headerElements[][2] = {
     {"maxPart", "0"}, {"conceptType", "0"}, {"sessionName", " "}, {"sessionVoice", " "},
     {"mcVoice", " "}, {"day", " "},         {"total", "0"}};
 
+std::string emptySession() {
+    const xml::NewDocument document = xml::createDocument(rootName, stylesheet());
+    for (const auto& [name, text] : headerElements)
+        document->getDocumentElement()->appendChild(XmlDom::createTextElement(*document, name, text));
+    return xml::serialise(document.get(), xml::encodingOfNew);
+}
+
 } // namespace
 
 void AccesserSession::setStylesheet(const std::string& name) {
     stylesheet() = name;
 }
 
-int AccesserSession::createFile(const std::string& path) {
-    const xml::NewDocument document = xml::createDocument(rootName, stylesheet());
-    for (const auto& [name, text] : headerElements)
-        appendNode(document->getDocumentElement(), createTextElement(*document, name, text));
-    return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
-}
-
 int AccesserSession::open(const std::string& path) {
     close();
-    if (!platform::pathExists(path)) createFile(path);
-    if (load(path) == 0) return 0;
+    if (!platform::pathExists(path)) platform::replaceFile(path, emptySession());
+    return load(path) == 0 ? 0 : begin();
+}
+
+int AccesserSession::create(const std::string& path) {
+    close();
+    return load(path, emptySession()) == 0 ? 0 : begin();
+}
+
+int AccesserSession::begin() {
     const DOMElement* root = rootNamed(rootName);
     if (!root) {
         refuse("出題ファイルではありません");
@@ -83,6 +91,13 @@ bool AccesserSession::getPart(std::int32_t id, DataSession& part) const {
         if (getNodeName(song) == "resource") songs.push_back(zelkova::stringToInt(getChildValue(song)));
     if (!songs.empty()) part.setResources(songs);
     return true;
+}
+
+std::vector<std::int32_t> AccesserSession::partNumbers() const {
+    std::vector<std::int32_t> numbers;
+    for (const auto& [number, part] : parts_)
+        numbers.push_back(number);
+    return numbers;
 }
 
 std::int32_t AccesserSession::addPart(const DataSession& part) {

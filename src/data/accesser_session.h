@@ -15,6 +15,8 @@ public:
     // Makes an empty session where there is no file. 1, or 0 when there is no usable session: loadError()
     // tells why, and nothing will be written to that file.
     int open(const std::string& path);
+    // Begins an empty session in memory, which replaces the file, if there is one, with save(). 1, or 0.
+    int create(const std::string& path);
     void close();
     bool isOpened() const { return opened_; }
     // 1, or 0 when nothing is open or the file could not be replaced.
@@ -22,6 +24,7 @@ public:
 
     // False, with a cleared record and no songs, when there is no such stage. Stages count from 1.
     bool getPart(std::int32_t id, DataSession& part) const;
+    std::vector<std::int32_t> partNumbers() const; // ascending
     // Appends the stage under the next number and answers that number; 0 when nothing is open or no number is
     // left.
     std::int32_t addPart(const DataSession& part);
@@ -42,7 +45,7 @@ public:
     void setDay(const platform::SystemTime& date);
 
 private:
-    static int createFile(const std::string& path);
+    int begin();
     std::string header(std::string_view name) const;
     std::int32_t headerNumber(std::string_view name) const;
     void setHeader(std::string_view name, const std::string& text);

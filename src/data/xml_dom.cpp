@@ -46,7 +46,13 @@ bool XmlDom::read(const std::string& path) {
         loadError_ = "ファイルを読み込めません";
         return false;
     }
-    parser_ = xml::parse(*bytes, loadError_);
+    return readBytes(*bytes);
+}
+
+bool XmlDom::readBytes(const std::string& bytes) {
+    releaseParser();
+    loadError_.clear();
+    parser_ = xml::parse(bytes, loadError_);
     if (!parser_) return false;
     document_ = parser_->getDocument();
     currentNode_ = document_;
@@ -58,6 +64,11 @@ int XmlDom::load(const std::string& path) {
     // Before the reading: a change that comes in between is found as one later.
     stamp_ = platform::fileStamp(path);
     return read(path) ? 1 : 0;
+}
+
+int XmlDom::load(const std::string& path, const std::string& bytes) {
+    filePath_ = path;
+    return readBytes(bytes) ? 1 : 0;
 }
 
 int XmlDom::parse(const std::string& path) {

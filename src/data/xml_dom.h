@@ -74,6 +74,8 @@ public:
     static void setAttribute(xercesc::DOMElement* element, std::string_view name, std::string_view value);
 
 protected:
+    // The same with these bytes in the file's place, which is not looked at before save().
+    int load(const std::string& path, const std::string& bytes);
     // The element that a file of the program starts with: the document's only child, or the second of two,
     // when it has that name.
     xercesc::DOMElement* rootNamed(std::string_view name) const;
@@ -88,6 +90,7 @@ protected:
 
 private:
     bool read(const std::string& path);
+    bool readBytes(const std::string& bytes);
 
     std::string filePath_;
     std::optional<platform::FileStamp> stamp_; // of the file as it was read or written here

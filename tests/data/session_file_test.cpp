@@ -1,4 +1,4 @@
-#include "data/accesser_session.h"
+#include "data/session_plan.h"
 
 #include <ctime>
 
@@ -92,6 +92,39 @@ TEST_F(SessionFile, KeepsStagesAndHeader) {
     session.close();
     EXPECT_FALSE(session.isOpened());
     EXPECT_FALSE(session.getPart(1, out));
+}
+
+TEST_F(SessionFile, BegunAnewTouchesTheFileOnlyWhenItIsSaved) {
+    write("<session><maxPart>1</maxPart><part id=\"1\"><name>old</name></part></session>");
+    const auto before = platform::readFile(path);
+    AccesserSession session;
+    ASSERT_EQ(session.create(path), 1);
+    EXPECT_THAT(session.partNumbers(), IsEmpty());
+    EXPECT_EQ(session.addPart({}), 1);
+    EXPECT_EQ(platform::readFile(path), before);
+    ASSERT_EQ(session.save(), 1);
+    ASSERT_EQ(session.open(path), 1);
+    EXPECT_THAT(session.partNumbers(), ElementsAre(1));
+    DataSession part;
+    session.getPart(1, part);
+    EXPECT_EQ(part.getName(), "");
+}
+
+TEST_F(SessionFile, APlanHasTheStagesUpToTheFilesCount) {
+    AccesserSession session;
+    write(
+        "<session><maxPart>7</maxPart><total>4</total><part id=\"9\"/><part id=\"6\"><name>six</name></part>"
+        "<part id=\"0\"/><part id=\"2\"><name>two</name></part></session>");
+    const auto plan = readPlan(session, path);
+    ASSERT_TRUE(plan);
+    EXPECT_EQ(plan->total, 4);
+    ASSERT_EQ(plan->stages.size(), 2u);
+    EXPECT_EQ(plan->stages[0].getName(), "two");
+    EXPECT_EQ(plan->stages[1].getName(), "six");
+    EXPECT_FALSE(session.isOpened());
+    write("<other/>");
+    EXPECT_FALSE(readPlan(session, path));
+    EXPECT_NE(session.loadError(), "");
 }
 
 TEST_F(SessionFile, TakesSongsFromElementsElseFromTheText) {

@@ -7,6 +7,7 @@
 #include "console/console_pane.h"
 #include "console/data_pane.h"
 #include "console/player_board.h"
+#include "data/session_plan.h"
 #include "foundation/datetime.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
@@ -20,6 +21,7 @@
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
+#include "host/state/session_folder.h"
 #include "host/state/status_bar.h"
 #include "platform/dialog.h"
 #include "platform/menu.h"
@@ -27,50 +29,29 @@
 
 namespace {
 
-// A file from elsewhere may claim any numbers; the editors allow 100 quests in a stage.
-constexpr int mostStages = 1000;
+// A file from elsewhere may claim any number; the editors allow 100 quests in a stage.
 constexpr int mostQuests = 9999;
 
-struct SessionPlan {
-    std::string name, sessionVoice, mcVoice;
-    int total = 0, maxPart = 0, questCount = 0;
-    std::vector<DataSession> stages;
-};
-
 std::optional<std::string> askSessionFile() {
-    const HostState& state = host();
-    std::string folder = state.dataApplication.getSessionFileName();
-    if (folder.empty()) folder = state.modulePath + "../cnf";
     platform::FileDialog options;
-    options.startPath = folder + "\\*";
+    options.startPath = sessionFolder() + "\\*";
     options.filterName = "XML";
     options.pattern = "*.xml";
-    const std::vector<std::string> chosen = platform::openFileDialog(state.mainWindow, options);
+    const std::vector<std::string> chosen = platform::openFileDialog(host().mainWindow, options);
     if (chosen.empty() || !zelkova::fileExists(chosen[0])) return std::nullopt;
     return chosen[0];
 }
 
-// None when the file holds no stage that can be read.
+// None when the file holds no stage that can be played.
 std::optional<SessionPlan> readSession(const std::string& file) {
-    AccesserSession& accesser = host().accesserSession;
-    accesser.close();
-    accesser.open(file);
-    SessionPlan plan;
-    plan.maxPart = std::min(accesser.getMaxPart(), mostStages);
-    for (int id = 1; id <= plan.maxPart; ++id) {
-        DataSession stage;
-        if (!accesser.getPart(id, stage)) continue;
-        stage.setQuestNum(std::clamp(stage.getQuestNum(), 0, mostQuests - plan.questCount));
-        plan.questCount += stage.getQuestNum();
-        plan.stages.push_back(stage);
+    auto plan = readPlan(host().accesserSession, file);
+    if (!plan) return std::nullopt;
+    int left = mostQuests;
+    for (DataSession& stage : plan->stages) {
+        stage.setQuestNum(std::clamp(stage.getQuestNum(), 0, left));
+        left -= stage.getQuestNum();
     }
-    plan.name = accesser.getSessionName();
-    plan.sessionVoice = accesser.getSessionVoice();
-    plan.mcVoice = accesser.getMcVoice();
-    plan.total = accesser.getTotal();
-    accesser.close();
-    if (plan.stages.empty() || plan.questCount == 0) return std::nullopt;
-    return plan;
+    return left < mostQuests ? plan : std::nullopt;
 }
 
 void takeOver(const SessionPlan& plan, const std::string& file) {
@@ -82,7 +63,7 @@ void takeOver(const SessionPlan& plan, const std::string& file) {
     state.sessionVoice = plan.sessionVoice;
     state.mcVoice = plan.mcVoice;
     state.sessionList = plan.stages;
-    state.allQuestNumber = plan.questCount;
+    state.allQuestNumber = questCount(plan.stages);
     state.curQuestNumber = 1;
     showSessionName(plan.name);
     fillQuestList();

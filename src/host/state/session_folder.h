@@ -1,0 +1,5 @@
+#pragma once
+#include <string>
+
+// Where the settings say that the session files are, else the folder of the settings themselves.
+std::string sessionFolder();
