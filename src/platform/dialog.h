@@ -36,6 +36,7 @@ Answer messageBox(WindowHandle owner, std::string_view text, std::string_view ti
 void messageBeep(SystemIcon icon);
 
 struct FileDialog {
+    std::string title;            // empty: the system's own
     std::string startPath;        // a folder with a final separator, a folder + "*", or a proposed file
     std::string filterName;       // shown, for instance "XML"; the pattern is added unless it ends with ")"
     std::string pattern;          // "*.xml", several separated by ";"

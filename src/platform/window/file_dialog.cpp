@@ -141,8 +141,9 @@ std::vector<std::string> run(Picker* picker, WindowHandle owner, const std::stri
     return toProgram(*open);
 }
 
-Picker* makePicker(WindowHandle owner, const std::string& startPath) {
+Picker* makePicker(WindowHandle owner, const std::string& startPath, const std::string& title = {}) {
     auto* picker = new Picker(ownerWidget(owner), owner);
+    if (!title.empty()) picker->setWindowTitle(toQt(title));
     const Start start = splitStart(startPath);
     if (!start.folder.isEmpty()) picker->setDirectory(start.folder);
     if (!start.file.isEmpty()) picker->selectFile(start.file);
@@ -152,7 +153,7 @@ Picker* makePicker(WindowHandle owner, const std::string& startPath) {
 } // namespace
 
 std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& options) {
-    Picker* picker = makePicker(owner, options.startPath);
+    Picker* picker = makePicker(owner, options.startPath, options.title);
     picker->setAcceptMode(QFileDialog::AcceptOpen);
     picker->setFileMode(options.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     picker->setNameFilter(nameFilter(options));
@@ -161,7 +162,7 @@ std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& op
 }
 
 std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& options) {
-    Picker* picker = makePicker(owner, options.startPath);
+    Picker* picker = makePicker(owner, options.startPath, options.title);
     picker->setAcceptMode(QFileDialog::AcceptSave);
     picker->setFileMode(QFileDialog::AnyFile);
     picker->setNameFilter(nameFilter(options));

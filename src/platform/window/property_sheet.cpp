@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStackedWidget>
-#include <QStyle>
 #include <QTabBar>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -23,7 +22,7 @@ namespace {
 using namespace detail;
 
 constexpr int headingPixels = 18;
-constexpr int headingMargin = 12;
+constexpr int wizardMargin = 16; // as the pages have it
 
 struct ButtonText {
     int id;
@@ -49,7 +48,7 @@ public:
         if (pages_.size() != sheet_.pages.size() || pages_.empty()) return false;
         addHead(frame, *column);
         column->addWidget(stack_, 1);
-        column->addSpacing(column->contentsMargins().bottom());
+        column->addSpacing(isWizard() ? 0 : column->contentsMargins().bottom());
         addButtons(frame, *column);
         const int border = 2 * stack_->frameWidth();
         const QSize room = stack_->sizeHint();
@@ -97,13 +96,13 @@ private:
 
     void addHead(QWidget& frame, QVBoxLayout& column) {
         if (isWizard()) {
-            column.setContentsMargins(0, 0, 0, column.contentsMargins().bottom());
+            column.setContentsMargins(0, 0, 0, wizardMargin);
             heading_ = new QLabel(&frame);
             QFont font = heading_->font();
             font.setPixelSize(headingPixels);
             font.setBold(true);
             heading_->setFont(font);
-            heading_->setMargin(headingMargin);
+            heading_->setMargin(wizardMargin);
             heading_->setBackgroundRole(QPalette::Base);
             heading_->setAutoFillBackground(true);
             column.addWidget(heading_);
@@ -126,8 +125,7 @@ private:
     void addButtons(QWidget& frame, QVBoxLayout& column) {
         auto* row = new QHBoxLayout;
         row->setSpacing(8);
-        const int side = frame.style()->pixelMetric(QStyle::PM_LayoutRightMargin);
-        if (isWizard()) row->setContentsMargins(side, 0, side, 0);
+        if (isWizard()) row->setContentsMargins(wizardMargin, 0, wizardMargin, 0);
         row->addStretch();
         const auto add = [&](const ButtonText& kind) {
             auto* button = new QPushButton(QString::fromUtf16(kind.text), &frame);
