@@ -58,9 +58,20 @@ protected:
 };
 
 TEST_F(Editor, ShowsEveryTextOnOnePage) {
-    const DataCertificate certificate = certificateOf("山田<花子>");
+    // What does not fit its frame is cut; it pushes nothing to another page.
+    DataCertificate certificate = certificateOf("山田<花子>");
+    std::string sentence;
+    while (sentence.size() < 20000)
+        sentence += "長い文";
+    certificate.setSentence(sentence);
+    const std::string longOne = office.file("cnf/long.odt");
     ASSERT_FALSE(office.makeCertificate(certificate));
-    ASSERT_FALSE(office.makeForm(registOf(20)));
+    fs::rename(office.certificate(), longOne);
+    certificate.setSentence("あなたは<b>&amp;\"%Order%'</b>]]>において 頭書の成績");
+    ASSERT_FALSE(office.makeCertificate(certificate));
+    DataUserRegist regist = registOf(20);
+    regist.setPlace("<公民館>&\"%Place%'\n　２階\t  奥");
+    ASSERT_FALSE(office.makeForm(regist));
     zelkova::DataPairsList values;
     std::vector<std::string> wordTexts;
     for (const char* key : {"UserName", "Order", "Competition", "Year", "Month", "Day", "PublisherCompany",
@@ -71,14 +82,16 @@ TEST_F(Editor, ShowsEveryTextOnOnePage) {
     wordTexts.push_back("①"); // of another font, and so somewhere else in the page's text
     const std::string word = office.file("cnf/CertificateWork.xml");
     ASSERT_FALSE(expandTemplate(office.file("tmp/Certificate_master.xml"), word, values));
-    print({office.certificate(), office.form(), word});
+    print({office.certificate(), office.form(), longOne, word});
 
     expectOnOnePage(office.file("cnf/certificateWork.pdf"),
                     {certificate.getOrder(), certificate.getUserName(), certificate.getSentence(),
                      certificate.getDate(), certificate.getSponsor(), certificate.getPost(),
                      certificate.getPublisher()});
-    std::vector<std::string> formTexts = {"春の大会", "2026/04/05", "09：05",     "未定",      "公民館",
-                                          "町内会",   "田中",       "2026/03/01", "どれか１つ"};
+    expectOnOnePage(office.file("cnf/long.pdf"), {"長い文長い文長い文", certificate.getPublisher()});
+    std::vector<std::string> formTexts = {
+        "春の大会", "2026/04/05", "09：05", "未定",       "<公民館>&\"%Place%'２階",
+        "奥",       "町内会",     "田中",   "2026/03/01", "どれか１つ"};
     for (int i = 1; i <= 20; ++i)
         formTexts.push_back("画像" + std::to_string(i));
     expectOnOnePage(office.file("cnf/writeApplication.pdf"), formTexts);
