@@ -28,6 +28,7 @@ std::optional<Color> getTextColor(Control control);
 void setBackColor(Control control, std::optional<Color> color);
 void setFontSize(Control control, int pixels);
 void setToolTip(Control control, std::string_view text);
+std::string getToolTip(Control control); // as it is read on the screen
 void setReadOnly(Control control, bool readOnly);
 // At most this many bytes can be typed into an edit.
 void limitText(Control control, int bytes);

@@ -256,6 +256,13 @@ TEST_F(Controls, TrackBarsMoveByTheirLineAndTheirPage) {
     EXPECT_EQ(getPosition(bar), 700);
 }
 
+TEST_F(Controls, ToolTipsShowTheVeryText) {
+    for (const std::string text : {"Rock & Roll", "<b>太い</b>", "&amp;", "一行目\n  二行目", ""}) {
+        setToolTip({main, Edit}, text);
+        EXPECT_EQ(getToolTip({main, Edit}), text);
+    }
+}
+
 TEST_F(Controls, CarryTheIconsTheyWereGiven) {
     const test_support::TemporaryFolder folder;
     for (const int id : {Label, Button}) {

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextDocumentFragment>
 
 #include "platform/controls.h"
 #include "platform/detail/delivery.h"
@@ -186,6 +187,11 @@ void setFontSize(Control control, int pixels) {
 void setToolTip(Control control, std::string_view text) {
     const Record* record = findRecord(control);
     if (record && record->widget) record->widget->setToolTip(toTip(toQt(text)));
+}
+
+std::string getToolTip(Control control) {
+    const auto* widget = widgetOf<QWidget>(control);
+    return widget ? fromQt(QTextDocumentFragment::fromHtml(widget->toolTip()).toPlainText()) : std::string();
 }
 
 void setReadOnly(Control control, bool readOnly) {
