@@ -253,6 +253,20 @@ TEST_F(SearchList, FindsByTheFiltersInForce) {
     EXPECT_EQ(numbers, "untouched");
 }
 
+TEST_F(SearchList, EnterSearchesFromTheFields) {
+    run(SearchListMode::Search, [](WindowHandle dialog) {
+        for (const int id : {idTitle, idArtist, idGenre, idFormat, idSingle}) {
+            driver::type({dialog, idTitle}, "x");
+            EXPECT_EQ(found(dialog), "");
+            driver::type({dialog, idTitle}, "花");
+            platform::setFocus({dialog, id});
+            driver::pressKey(dialog, "Return");
+            EXPECT_EQ(shown(dialog), "2") << id;
+        }
+        driver::pressKey(dialog, "Escape");
+    });
+}
+
 TEST_F(SearchList, ClipsTheNumbersAndWritesThemBack) {
     run(SearchListMode::Search, [](WindowHandle dialog) {
         driver::click({dialog, idByNumber});
@@ -323,6 +337,7 @@ TEST_F(SearchList, HeadersSortByValueOrText) {
         driver::click({dialog, idSearch});
         EXPECT_EQ(clicked(ViewResource::number), "1,2,3,4,5,6,7,8,9,10,11,12");
         EXPECT_EQ(clicked(ViewResource::number), "12,11,10,9,8,7,6,5,4,3,2,1");
+        EXPECT_EQ(clicked(ViewResource::number), "1,2,3,4,5,6,7,8,9,10,11,12");
         driver::type({dialog, idNoTo}, "4");
         EXPECT_EQ(found(dialog), "1,2,3,4");
         EXPECT_EQ(clicked(ViewResource::number), "1,2,3,4") << "what is found anew stands as at first";
