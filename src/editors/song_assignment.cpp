@@ -18,11 +18,12 @@ std::size_t rowCount(const DataSession& stage, int songsPerQuest) {
     return static_cast<std::size_t>(std::min(quests * songsPerQuest, mostRows));
 }
 
-// A random one of the numbers, which leaves them.
+// A random one of the numbers, which leaves them; the last one takes its place.
 int draw(std::vector<int>& numbers) {
-    const auto drawn = numbers.begin() + zelkova::randomBetween(0, static_cast<int>(numbers.size()) - 1);
-    const int number = *drawn;
-    numbers.erase(drawn);
+    const int position = zelkova::randomBetween(0, static_cast<int>(numbers.size()) - 1);
+    std::swap(numbers[static_cast<std::size_t>(position)], numbers.back());
+    const int number = numbers.back();
+    numbers.pop_back();
     return number;
 }
 
@@ -73,13 +74,20 @@ void SongAssignment::shuffle() {
         song = draw(remaining);
 }
 
+// A song that does not fit is passed over when it is drawn, which leaves the others as likely as before: so
+// the disk is asked for a few files and not for those of a whole catalogue.
 bool SongAssignment::fillAtRandom(const std::vector<int>& source) {
     std::vector<int> pool;
     std::ranges::copy_if(source, std::back_inserter(pool),
-                         [this](int song) { return usedState(song, 0) == SongUse::Free && fits(song); });
-    if (std::cmp_greater(rowsOf_[0], pool.size())) return false;
+                         [this](int song) { return usedState(song, 0) == SongUse::Free; });
+    std::vector<int> chosen;
+    while (std::cmp_less(chosen.size(), rowsOf_[0])) {
+        if (pool.empty()) return false;
+        if (const int song = draw(pool); fits(song)) chosen.push_back(song);
+    }
+    auto next = chosen.begin();
     for (int row = 0; hasRow(row); ++row)
-        if (songs_[static_cast<std::size_t>(row)] == 0) set(row, draw(pool));
+        if (songs_[static_cast<std::size_t>(row)] == 0) set(row, *next++);
     return true;
 }
 
