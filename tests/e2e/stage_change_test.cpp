@@ -1,4 +1,5 @@
-// The host changes the stage of a running session from the desk, and the show goes on by the new rules.
+// The host changes the stage of a running session from the desk, and the show goes on by the new rules and
+// with the new songs.
 
 #include <gtest/gtest.h>
 
@@ -23,12 +24,24 @@ enum : int {
     idOk = 4522
 };
 
+constexpr char songsDialog[] = "IDD_KDL0406_RESOURCEDETAIL";
+enum : int {
+    idTarget = 4602,
+    idSource = 4603,
+    idSongsOk = 4604,
+    idSet = 4606,
+    idShowAll = 4608,
+    idClear = 4612,
+};
+
 class StageChange : public testing::Test {
 protected:
     void SetUp() override {
         desk.folder.addSong("荒城の月", "瀧廉太郎");
         desk.folder.addSong("花", "瀧廉太郎");
-        file = desk.folder.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"})});
+        desk.folder.addSong("箱根八里", "瀧廉太郎");
+        file = desk.folder.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"}),
+                                                     stage({.name = "二回戦", .songs = "3"})});
         desk.start();
         desk.openSession(file);
         desk.connect();
@@ -92,4 +105,40 @@ TEST_F(StageChange, TheNextVerdictGoesByTheNewRules) {
     ASSERT_TRUE(driver::rightClickRow({host().dataPane, ids::questList}, 1));
     EXPECT_EQ(desk.text(ids::points), "80");
     EXPECT_EQ(rows(), before);
+}
+
+TEST_F(StageChange, TheQuestsPlayTheNewSongs) {
+    // A song is taken away, and none put in its place.
+    const std::vector<std::string> before = rows();
+    desk.script.expectDialog(songsDialog, [](platform::WindowHandle dialog) {
+        EXPECT_EQ(test_support::listRows({dialog, idTarget}),
+                  (std::vector<std::string>{"1|1|1|荒城の月|瀧廉太郎", "2|1|2|花|瀧廉太郎"}));
+        driver::click({dialog, idClear});
+        driver::click({dialog, idSongsOk});
+    });
+    desk.expectMessage(4000007);
+    ASSERT_TRUE(desk.click(ids::changeSongs));
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(desk.text(ids::title), "荒城の月");
+
+    // The song of the other stage, which is played twice then.
+    desk.script.expectDialog(songsDialog, [](platform::WindowHandle dialog) {
+        driver::click({dialog, idShowAll});
+        driver::select({dialog, idSource}, 2);
+        driver::click({dialog, idSet});
+        driver::click({dialog, idSongsOk});
+    });
+    ASSERT_TRUE(desk.click(ids::changeSongs));
+    EXPECT_EQ(rows(), (std::vector<std::string>{"1|一回戦|1|1|3|箱根八里|瀧廉太郎", "||2|2|2|花|瀧廉太郎",
+                                                "2|二回戦|1|3|3|箱根八里|瀧廉太郎"}));
+    EXPECT_EQ(desk.text(ids::title), "箱根八里");
+
+    desk.playQuest();
+    desk.judge(e2e::Desk::radioRight);
+    desk.buzz(0);
+    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
+    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.reply("ANSRES", 261);
+    desk.showAnswersAndGoOn();
+    EXPECT_EQ(desk.text(ids::title), "花");
 }

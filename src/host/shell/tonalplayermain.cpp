@@ -10,6 +10,7 @@
 #include "data/app_logger.h"
 #include "data/log_message.h"
 #include "editors/part_detail.h"
+#include "editors/resource_detail.h"
 #include "foundation/path.h"
 #include "foundation/views/message_box.h"
 #include "host/shell/main_window.h"
@@ -143,6 +144,7 @@ void Start::lendEditors() {
     host().questEditors.stage = [](platform::WindowHandle owner, DataSession& stage) {
         return dlgPartDetail(owner, StageMode::RunningSession, stage);
     };
+    host().questEditors.songs = dlgResourceDetail;
 }
 
 void Start::createMainWindow(MainWnd& mainWnd) {
