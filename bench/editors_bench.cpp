@@ -9,6 +9,7 @@
 #include <stdlib.h>
 
 #include "data/labels.h"
+#include "editors/resource_detail.h"
 #include "editors/search_list.h"
 #include "figures.h"
 #include "foundation/text.h"
@@ -171,10 +172,43 @@ bool measureSearchList() {
     return true;
 }
 
+bool measureAssignment() {
+    bench::printTitle("Songs for 100 rows out of 10,000");
+    enum : int { idOk = 4604, idShowAll = 4608, idFill = 4609, idClearAll = 4611, idShuffle = 4613 };
+    constexpr int quests = 100;
+    constexpr double showMs = 500, fillMs = 100;
+    const Catalogue catalogue;
+    std::vector<DataSession> stages(2);
+    for (DataSession& stage : stages) {
+        stage.setQuestNum(quests);
+        stage.setMulti(1);
+        stage.setRange(rangeIntro);
+        stage.setSpeed(0);
+    }
+    std::vector<int> elsewhere;
+    for (int song = 2; song <= 2 * quests; song += 2)
+        elsewhere.push_back(song);
+    stages[1].setResourceId(zelkova::joinNumbers(elsewhere));
+    driver::Script script;
+    script.expectDialog("IDD_KDL0406_RESOURCEDETAIL", [&](WindowHandle dialog) {
+        const auto press = [dialog](int id) { return timeOf([=] { driver::click({dialog, id}); }); };
+        driver::settle();
+        bench::printFigure("every song to choose from", press(idShowAll), "ms", showMs);
+        bench::printFigure("random fill", press(idFill), "ms", fillMs);
+        press(idClearAll);
+        bench::printFigure("random fill once more", press(idFill), "ms", fillMs);
+        bench::printFigure("shuffle", press(idShuffle), "ms");
+        bench::printFigure("every song once more", press(idShowAll), "ms", showMs);
+        bench::printFigure("check and close", press(idOk), "ms");
+    });
+    const int result = dlgResourceDetail({}, stages, 0);
+    return result == songsComplete || bench::fail("the stage has not got its songs");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     const platform::Application application(argc, argv);
-    return measureSearchList() ? 0 : 1;
+    return measureSearchList() && measureAssignment() ? 0 : 1;
 }
