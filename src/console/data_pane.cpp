@@ -76,6 +76,7 @@ void showSessionName(const std::string& name) {
 
 void fillQuestList() {
     ViewQuest list(listOf(host().dataPane));
+    const int selected = list.getSelectedItem();
     platform::listHoldRedraw(list.getHwnd(), true);
     list.deleteAllItems();
     int stageNumber = 1, firstQuest = 1;
@@ -84,6 +85,7 @@ void fillQuestList() {
         firstQuest += stage.getQuestNum();
     }
     platform::listHoldRedraw(list.getHwnd(), false);
+    platform::listSelectRow(list.getHwnd(), selected);
 }
 
 void redrawQuestList() {

@@ -1,20 +1,16 @@
 #include "console/quest_editing.h"
 
+#include <algorithm>
+
 #include "console/console_pane.h"
 #include "console/data_pane.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
-#include "host/state/not_yet.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
 
 namespace {
-
-// Stands for an editor that is still to come.
-void announce() {
-    if (mayEditQuest()) notYet();
-}
 
 void showStages() {
     HostState& state = host();
@@ -33,6 +29,13 @@ void refreshQuest() {
     showQuest(state.sessionList, state.curQuestNumber);
     questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList);
     initResource();
+}
+
+bool haveChanged(const std::vector<DataResource>& songs) {
+    return !std::ranges::equal(songs, host().dataResourceList,
+                               [](const DataResource& one, const DataResource& other) {
+                                   return one.toString(",") == other.toString(",");
+                               });
 }
 
 } // namespace
@@ -70,6 +73,23 @@ void editSongsOfQuest(int quest) {
     refreshQuest();
 }
 
-void editSong(int) {
-    announce();
+void editSong(int number) {
+    HostState& state = host();
+    if (!mayEditQuest() || number < 1 || !state.questEditors.song) return;
+    state.questEditors.song(state.mainWindow, number);
+    showChangedSongs();
+}
+
+void showChangedSongs() {
+    HostState& state = host();
+    if (state.curQuestNumber == 0) return;
+    showStages();
+    DataSession stage;
+    std::vector<DataResource> songs;
+    // A quest whose songs are what they were is left alone: it may be paused.
+    if (!questToSessionInfo(state.curQuestNumber, stage, songs) || !haveChanged(songs)) return;
+    if (mayEditQuest())
+        refreshQuest();
+    else
+        showQuest(state.sessionList, state.curQuestNumber);
 }

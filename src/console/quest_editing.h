@@ -8,5 +8,9 @@ void editStageOfQuest(int quest);
 // Songs of the stage to which the quest belongs.
 void editSongsOfQuest(int quest);
 
-// One song of the catalogue.
+// One song of the catalogue; nothing for numbers below 1.
 void editSong(int number);
+
+// To be called, in any state, when songs of the catalogue may have changed: shows the list of quests anew,
+// and the current quest when its songs are others now. Without a session it does nothing.
+void showChangedSongs();

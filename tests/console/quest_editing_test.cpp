@@ -1,4 +1,5 @@
 #include "console/desk.h"
+#include "console/quest_editing.h"
 #include "data/labels.h"
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
@@ -37,6 +38,16 @@ int choose(platform::WindowHandle, std::vector<DataSession>& stages, std::size_t
     return answer;
 }
 
+std::string newTitle; // what the song editor stores
+
+int editSong(platform::WindowHandle, int number) {
+    DataResource song;
+    host().accesserResource.get(number, song);
+    if (!newTitle.empty()) song.setTitle(newTitle);
+    host().accesserResource.update(number, song);
+    return 0; // stored, and closed another way
+}
+
 class QuestEditing : public Desk {
 protected:
     void SetUp() override {
@@ -45,8 +56,10 @@ protected:
         openSession({stageOf("一", 2, song + "," + song), stageOf("二", 1, song), stageOf("不足", 1, "")});
         host().questEditors.stage = edit;
         host().questEditors.songs = choose;
+        host().questEditors.song = editSong;
         edited.clear();
         answer = 1;
+        newTitle.clear();
         meanwhile = {};
     }
     void pressInList(int row, int command = ids::listChangeStage) {
@@ -174,6 +187,40 @@ TEST_F(QuestEditing, TheListChangesTheSongsOfItsRowsStage) {
     edited.clear();
     platform::sendMessage(host().consolePane, platform::WM_COMMAND, ids::changeSongs);
     EXPECT_TRUE(edited.empty()) << "nothing while a quest is under way";
+}
+
+TEST_F(QuestEditing, AChangedSongIsShownAndPlayed) {
+    driver::select(data(ids::questList), 2);
+    newTitle = "改題";
+    pressInList(0, ids::editSong);
+    EXPECT_EQ(consoleText(ids::title), "改題");
+    EXPECT_EQ(host().dataResourceList[0].getTitle(), "改題");
+    for (const int row : {0, 1, 2})
+        EXPECT_THAT(list()[static_cast<std::size_t>(row)], testing::HasSubstr("改題"));
+    EXPECT_EQ(platform::listSelectedRow(data(ids::questList)), 0) << "the row stays selected";
+}
+
+TEST_F(QuestEditing, AnUnchangedSongLeavesThePausedQuestAlone) {
+    host().playStart[0] = 1234; // as if it stood there
+    pressInList(0, ids::editSong);
+    EXPECT_EQ(host().playStart[0], 1234);
+}
+
+TEST_F(QuestEditing, SongsChangedUnderAQuestThatPlaysAreShownOnly) {
+    raiseEvents({EV_QUEST_START, EV_PLAY});
+    host().playStart[0] = 1234;
+    newTitle = "改題";
+    editSong({}, 1);
+    showChangedSongs();
+    EXPECT_EQ(consoleText(ids::title), "改題");
+    EXPECT_THAT(list()[0], testing::HasSubstr("改題"));
+    EXPECT_EQ(host().dataResourceList[0].getTitle(), "曲");
+    EXPECT_EQ(host().playStart[0], 1234);
+    host().curQuestNumber = 0; // no session
+    newTitle = "また改題";
+    editSong({}, 1);
+    showChangedSongs();
+    EXPECT_EQ(consoleText(ids::title), "改題");
 }
 
 } // namespace

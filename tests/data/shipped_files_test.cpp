@@ -105,6 +105,7 @@ const std::map<int, std::set<std::string>> keysOfCallers = {
     {2000020, {"QUEST", "ANSWER", "RESULT", "SCORE1", "SCORE2", "SCORE3", "SCORE4"}},
     {2000022, {"HOST", "PORT"}},
     {2000027, {"USER"}},
+    {2000028, {"ADDED", "KNOWN", "FAILED", "FILES"}},
     {3000012, {"SESSION", "MESSAGE"}},
     {3000014, {"FILE"}},
     {3000020, {"QUEST", "REASON"}},

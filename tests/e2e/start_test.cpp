@@ -58,8 +58,11 @@ TEST_F(Start, PreparesTheDesk) {
 TEST_F(Start, TheMenuOpensItsDialogs) {
     desk.start();
     const std::pair<int, const char*> dialogs[] = {
-        {11009, "IDD_KDL0501_CONFIG"},       {11010, "IDD_KDL0106_VERSION"},
-        {11097, "IDD_KDL0602_CERTIFICATE"},  {11102, "IDD_KDL0904_CREATE_WRITE_APPLICATION"},
+        {11003, "IDD_KDL0301_EDIT_RESOURCE_LIST"},
+        {11009, "IDD_KDL0501_CONFIG"},
+        {11010, "IDD_KDL0106_VERSION"},
+        {11097, "IDD_KDL0602_CERTIFICATE"},
+        {11102, "IDD_KDL0904_CREATE_WRITE_APPLICATION"},
         {11150, "IDD_KDL0801_TONAL_PLAYER"},
     };
     for (const auto& [command, name] : dialogs) {
@@ -72,7 +75,7 @@ TEST_F(Start, TheMenuOpensItsDialogs) {
 
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
-    for (const int command : {11003, 11004, 11151}) {
+    for (const int command : {11004, 11151}) {
         desk.script.expectMessageBox(platform::Answer::Ok);
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/labels.h"
 #include "host/state/host_state.h"
 #include "platform/clock.h"
 #include "platform/controls.h"

@@ -3,8 +3,10 @@
 #include <array>
 
 #include "console/player_board.h"
+#include "console/quest_editing.h"
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
+#include "editors/dialogcontrollist.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
@@ -104,6 +106,11 @@ void showVersion() {
     dlgVersion(host().mainWindow, host().dataApplication);
 }
 
+void editCatalogue() {
+    dialogControlList(host().mainWindow);
+    showChangedSongs();
+}
+
 void runPlayer() {
     dlgTonalPlayer(host().mainWindow);
 }
@@ -126,7 +133,7 @@ struct Command {
 constexpr std::array commands{
     Command{11001, closeWindow},
     Command{11002, openSession},
-    Command{11003, notYet}, // 音楽ファイルの追加・編集
+    Command{11003, editCatalogue},
     Command{11004, notYet}, // 出題ファイルの作成
     Command{11005, closeSession},
     Command{11008, playMusic<&DataApplication::getEfcApplause>},

@@ -11,6 +11,7 @@
 #include "data/log_message.h"
 #include "editors/part_detail.h"
 #include "editors/resource_detail.h"
+#include "editors/resource_edit.h"
 #include "foundation/path.h"
 #include "foundation/views/message_box.h"
 #include "host/shell/main_window.h"
@@ -145,6 +146,9 @@ void Start::lendEditors() {
         return dlgPartDetail(owner, StageMode::RunningSession, stage);
     };
     host().questEditors.songs = dlgResourceDetail;
+    host().questEditors.song = [](platform::WindowHandle owner, int number) {
+        return dlgResourceEdit(owner, number);
+    };
 }
 
 void Start::createMainWindow(MainWnd& mainWnd) {

@@ -33,6 +33,8 @@ struct QuestEditors {
     // Gives stages[index] other songs, also some that cannot be played: copies, to be thrown away then. A
     // SongCheck, or -1 when the stage stays as it was.
     int (*songs)(platform::WindowHandle owner, std::vector<DataSession>& stages, std::size_t index) = nullptr;
+    // Edits a song of the catalogue. Whatever the result, it may have been stored.
+    int (*song)(platform::WindowHandle owner, int number) = nullptr;
 };
 
 struct HostState {

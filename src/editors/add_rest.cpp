@@ -1,0 +1,51 @@
+#include "editors/add_rest.h"
+
+#include <utility>
+
+#include "editors/song_form.h"
+
+namespace {
+
+// A group is what a failing disk or the end of the power can take.
+constexpr std::size_t filesPerWriting = 50;
+
+} // namespace
+
+AddRest::AddRest(AccesserResource& catalogue, FileIndex& index, std::vector<std::string> files)
+    : catalogue_(catalogue), index_(index), files_(std::move(files)) {
+    media_.create({});
+}
+
+bool AddRest::step() {
+    const std::string& path = file();
+    ++next_;
+    if (index_.find(path)) {
+        ++known_;
+        return true;
+    }
+    const SongFile song = openSongFile(media_, path);
+    if (!song.isPlayable()) {
+        failed_.push_back(path);
+        return true;
+    }
+    const int number = catalogue_.add(toSong(newForm(path), song, {}));
+    if (number == 0) {
+        finish();
+        next_ = files_.size();
+        return false;
+    }
+    ++added_;
+    unwritten_.push_back(number);
+    index_.note(number);
+    return unwritten_.size() < filesPerWriting || finish();
+}
+
+bool AddRest::finish() {
+    const std::vector<int> numbers = std::exchange(unwritten_, {});
+    if (numbers.empty() || catalogue_.commit()) return true;
+    for (const int number : numbers)
+        catalogue_.remove(number);
+    added_ -= static_cast<int>(numbers.size());
+    next_ = files_.size();
+    return false;
+}

@@ -1,0 +1,41 @@
+#pragma once
+// Files that are added to the catalogue as they are, without the editor.
+
+#include <string>
+#include <vector>
+
+#include "data/accesser_resource.h"
+#include "editors/file_index.h"
+#include "foundation/media.h"
+
+// The work without its window, one file at a time, so that it can be stopped between two of them. Files that
+// the catalogue has already and files that do not open are passed over. Entries reach the disk in groups.
+class AddRest {
+public:
+    // Catalogue and index outlive the object.
+    AddRest(AccesserResource& catalogue, FileIndex& index, std::vector<std::string> files);
+
+    bool isOver() const { return next_ == files_.size(); }
+    // The next file. False when the catalogue cannot be written: the work is over then, and what was added
+    // since the last writing is not there.
+    bool step();
+    // Writes what was added; as step.
+    bool finish();
+
+    int done() const { return static_cast<int>(next_); }
+    int files() const { return static_cast<int>(files_.size()); }
+    const std::string& file() const { return files_.at(next_); } // the next one
+    int added() const { return added_; }
+    int known() const { return known_; }
+    const std::vector<std::string>& failed() const { return failed_; } // those that did not open
+
+private:
+    AccesserResource& catalogue_;
+    FileIndex& index_;
+    const std::vector<std::string> files_;
+    std::size_t next_ = 0;
+    int added_ = 0, known_ = 0;
+    std::vector<std::string> failed_;
+    std::vector<int> unwritten_; // entries that are in memory only
+    zelkova::Media media_;
+};

@@ -1,0 +1,59 @@
+#include "editors/dialogcontrollist.h"
+
+#include "editors/add_songs.h"
+#include "editors/search_list.h"
+#include "editors/song_file.h"
+#include "foundation/dialog.h"
+#include "foundation/path.h"
+#include "host/state/host_state.h"
+#include "platform/dialog.h"
+
+namespace {
+
+enum : int { idAdd = 3101, idSearch = 3102, idList = 3103, idOk = 3105 };
+
+class ControlList : public zelkova::Dialog {
+public:
+    ControlList() : Dialog("IDD_KDL0301_EDIT_RESOURCE_LIST") {}
+
+private:
+    void open() override {}
+
+    bool onCommand(int id) override {
+        std::string numbers; // wanted by nobody here
+        switch (id) {
+        case idAdd:
+            add();
+            return true;
+        case idSearch:
+            dlgSearchList(window(), SearchListMode::Search, numbers);
+            return true;
+        case idList:
+            dlgSearchList(window(), SearchListMode::All, numbers);
+            return true;
+        case idOk:
+        case platform::IDCANCEL:
+            end(0);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    // Beside the song that was added last.
+    void add() {
+        platform::FileDialog options = songFileDialog();
+        options.multiple = true;
+        DataResource newest;
+        const AccesserResource& catalogue = host().accesserResource;
+        if (catalogue.get(catalogue.getMaxId(), newest))
+            options.startPath = zelkova::getFolder(newest.getFileName()) + "/";
+        addSongs(window(), platform::openFileDialog(window(), options));
+    }
+};
+
+} // namespace
+
+void dialogControlList(platform::WindowHandle owner) {
+    ControlList().run(owner);
+}
