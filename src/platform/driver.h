@@ -15,7 +15,7 @@ namespace platform::driver {
 
 bool click(Control control); // buttons, check boxes, radio buttons
 bool select(Control comboOrList, int index);
-bool type(Control edit, std::string_view text); // replaces what stands there, key by key
+bool type(Control edit, std::string_view text); // replaces what stands there, key by key; in a box too
 bool slide(Control bar, int position);
 bool holdThumb(Control bar, bool held);            // takes it, or lets it go
 bool turnWheel(Control control, int notches);      // over the control; up when positive

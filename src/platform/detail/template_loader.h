@@ -9,6 +9,7 @@
 //    QComboBox, QSlider, QProgressBar, QGroupBox, QTreeView (list view; columns come from the program),
 //    QTabWidget, QStackedWidget, QSplitter, QScrollArea, QFrame, QWidget, spacers.
 //  - Date and time pickers are QDateEdit, QTimeEdit and QDateTimeEdit with their `displayFormat`.
+//  - A QComboBox that is `editable` takes any text besides its entries; its `insertPolicy` is NoInsert.
 //  - An edit with an up-down is a QLineEdit with the dynamic property `upDown` (bool, true). The two arrows
 //    are drawn inside its right end; range and step come from setSpinRange.
 //  - A QLabel with the dynamic property `elide` (bool, true) cuts its text with "…" and then shows the whole
