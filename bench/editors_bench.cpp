@@ -9,8 +9,10 @@
 #include <stdlib.h>
 
 #include "data/labels.h"
+#include "editors/add_rest.h"
 #include "editors/resource_detail.h"
 #include "editors/search_list.h"
+#include "editors/song_form.h"
 #include "figures.h"
 #include "foundation/text.h"
 #include "host/state/host_state.h"
@@ -20,6 +22,7 @@
 #include "platform/listview.h"
 #include "platform/window.h"
 #include "support/temporary_folder.h"
+#include "support/test_sounds.h"
 
 namespace {
 
@@ -205,10 +208,48 @@ bool measureAssignment() {
     return result == songsComplete || bench::fail("the stage has not got its songs");
 }
 
+// On the silent device: what the program itself needs, without the decoding.
+bool measureAdding() {
+    bench::printTitle("500 files added to 10,000 songs");
+    constexpr int files = 500, lengthMs = 1000;
+    const Catalogue catalogue;
+    const test_support::TemporaryFolder folder;
+    std::vector<std::string> paths;
+    for (int i = 0; i < files; ++i) {
+        paths.push_back(folder.file("new" + zelkova::numberToText(i) + ".wav"));
+        test_support::writeSilence(paths.back(), lengthMs);
+    }
+    AccesserResource& resources = host().accesserResource;
+    const Watch toIndex;
+    FileIndex index(resources);
+    bench::printFigure("index of the files", toIndex.ms(), "ms");
+    const Watch toFind;
+    for (const std::string& path : paths)
+        if (index.find(path)) return bench::fail("a new file is known");
+    bench::printFigure("looking for all of them", toFind.ms(), "ms");
+    DataResource song;
+    resources.get(1, song);
+    const Watch toStore;
+    storeSong(resources, 1, song);
+    bench::printFigure("one song stored", toStore.ms(), "ms");
+    AddRest work(resources, index, paths);
+    const Watch toAdd;
+    double slowest = 0;
+    while (!work.isOver()) {
+        const Watch toStep;
+        work.step();
+        slowest = std::max(slowest, toStep.ms());
+    }
+    work.finish();
+    bench::printFigure("all of them added as they are", toAdd.ms(), "ms");
+    bench::printFigure("the slowest step, with the file written", slowest, "ms");
+    return work.added() == files || bench::fail("some were not added");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     const platform::Application application(argc, argv);
-    return measureSearchList() && measureAssignment() ? 0 : 1;
+    return measureSearchList() && measureAssignment() && measureAdding() ? 0 : 1;
 }

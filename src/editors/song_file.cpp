@@ -49,8 +49,12 @@ SongFile openSongFile(zelkova::Media& media, const std::string& path) {
     media.close();
     SongFile file;
     file.name = path;
-    file.opened = zelkova::fileExists(path) && media.open(path);
-    if (!file.opened) return file;
+    if (!zelkova::fileExists(path) || !media.open(path)) return file;
+    file.opened = media.getEnd() > 0; // one without a length is damaged
+    if (!file.opened) {
+        media.close();
+        return file;
+    }
     file.type = fileTypeOfName(path);
     if (file.isPlayable()) file.length = media.getEnd() / positionFactor(file.type);
     return file;

@@ -26,6 +26,6 @@ std::string stemOf(std::string_view path);
 // What chooses music files.
 platform::FileDialog songFileDialog();
 
-// Puts the file into the player in place of what it held. A file that does not open is fileTypeNone; nothing
-// is playing afterwards.
+// Puts the file into the player in place of what it held. A file that does not open, or has no length, is
+// fileTypeNone; nothing is playing afterwards.
 SongFile openSongFile(zelkova::Media& media, const std::string& path);

@@ -413,9 +413,8 @@ TEST_F(ResourceEdit, AFileThatDoesNotOpenIsToldAndSpoilsNothing) {
         std::string path, type;
         bool exists;
     } rows[] = {
-        {folder.file("gone.mp3"), "", false},
-        {folder.file("empty.mp3"), "", true},
-        {folder.file("text.wav"), "", true},
+        {folder.file("gone.mp3"), "", false}, {folder.file("empty.mp3"), "", true},
+        {folder.file("text.wav"), "", true},  {file("nothing.wav", 0), "", true}, // a head without any sound
         {file("song.ogg"), "UNKOWN", true}, // it would play, but its positions have no unit
     };
     std::ofstream(folder.file("empty.mp3"));
