@@ -1,19 +1,27 @@
-// The training mode over a large catalogue: what the draws cost, with the songs' files there and gone.
+// The training mode over a large catalogue: what its window and its draws cost, with the songs' files there
+// and gone. All figures are processor time.
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <string>
 #include <vector>
 
 #include "data/labels.h"
 #include "figures.h"
-#include "foundation/text.h"
+#include "host/state/host_state.h"
 #include "platform/application.h"
+#include "platform/driver.h"
+#include "platform/sound.h"
 #include "support/temporary_folder.h"
+#include "training/training_mode.h"
 #include "training/training_quests.h"
 
 namespace {
 
-constexpr int songs = 10000, runs = 7;
-constexpr double longestDrawMs = 100;
+namespace driver = platform::driver;
+
+constexpr int songs = 10'000, runs = 7;
+constexpr double longestDrawMs = 100, longestOpeningMs = 500;
 
 // Songs in two folders. Without `present` only every second file is there.
 void fill(AccesserResource& catalogue, const test_support::TemporaryFolder& folder, bool present) {
@@ -45,18 +53,33 @@ DataSession session(int quests, int multi) {
     return made;
 }
 
-bool measure(const char* title, const AccesserResource& catalogue, DataSession training) {
+bool measureDraws(const char* title, const AccesserResource& catalogue, DataSession training) {
     bool made = true;
-    bench::printTitle(title);
     std::vector<int> fitting;
+    bench::printTitle(title);
     const double looks = bench::medianMs(runs, [&] { fitting = fittingSongs(catalogue, training); });
     const double quests = bench::medianMs(runs, [&] { made = makeQuests(fitting, training) && made; });
     const double choices = bench::medianMs(runs, [&] { makeChoices(fitting, questSongs(training, 1), 9); });
     bench::printFigure("finding the songs that fit", looks, "ms");
-    bench::printFigure("makeQuests", quests, "ms");
-    bench::printFigure("makeChoices", choices, "ms");
+    bench::printFigure("quests drawn from them", quests, "ms");
+    bench::printFigure("choices of one quest", choices, "ms");
     bench::printFigure("all of it", looks + quests + choices, "ms", longestDrawMs);
     return made || bench::fail("too few songs");
+}
+
+void openWindow() {
+    driver::Script script;
+    script.expectDialog("IDD_KDL0901_TRAINING_MODE", [](platform::WindowHandle dialog) {
+        driver::settle();
+        driver::closeBox(dialog);
+    });
+    dlgTrainingMode({}, [](platform::WindowHandle, DataSession&) { return 0; });
+}
+
+void measureOpening(int quests, int multi) {
+    host().trainingSession = session(quests, multi);
+    bench::printFigure("from the command to the shown window", bench::medianMs(runs, openWindow), "ms",
+                       longestOpeningMs);
 }
 
 } // namespace
@@ -64,12 +87,18 @@ bool measure(const char* title, const AccesserResource& catalogue, DataSession t
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     const platform::Application application(argc, argv);
+    platform::setSoundDevice(platform::makeSilentDevice());
     const test_support::TemporaryFolder folder;
-    AccesserResource all, half;
+    AccesserResource& all = host().accesserResource;
+    AccesserResource half;
     fill(all, folder, true);
     fill(half, folder, false);
-    bool good = measure("10,000 songs, 10 quests", all, session(10, 1));
-    good = measure("10,000 songs, 100 quests of 5 songs", all, session(100, 5)) && good;
-    good = measure("10,000 songs of which every second file is gone", half, session(10, 1)) && good;
+    bool good = measureDraws("10,000 songs, 10 quests", all, session(10, 1));
+    measureOpening(10, 1);
+    good = measureDraws("10,000 songs, 100 quests of 5 songs", all, session(100, 5)) && good;
+    measureOpening(100, 5);
+    good = measureDraws("10,000 songs of which every second file is gone", half, session(10, 1)) && good;
+    resetHost();
+    platform::setSoundDevice(nullptr);
     return good ? 0 : 1;
 }
