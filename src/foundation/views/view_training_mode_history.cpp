@@ -14,14 +14,23 @@ constexpr zelkova::DataColumn columnTable[] = {
 ViewTrainingModeHistory::ViewTrainingModeHistory(platform::WindowHandle list)
     : DataListView(list, columnTable) {}
 
-int ViewTrainingModeHistory::addRow(const DataTrainingModeHistory& result) {
+std::vector<std::string> ViewTrainingModeHistory::cells(const DataTrainingModeHistory& result) {
     const int tenths = result.getAnswerTime();
-    return appendRow({
+    const std::string seconds = zelkova::numberToText(tenths / 10) + "." + zelkova::numberToText(tenths % 10);
+    return {
         zelkova::numberToText(result.getQuestion()),
         zelkova::numberToText(result.getQuestionSub()),
         result.getTitle(),
         result.getArtist(),
         result.getStatus(),
-        zelkova::numberToText(tenths / 10) + "." + zelkova::numberToText(tenths % 10),
-    });
+        result.getStatus().empty() ? "" : seconds,
+    };
+}
+
+int ViewTrainingModeHistory::addRow(const DataTrainingModeHistory& result) {
+    return appendRow(cells(result));
+}
+
+bool ViewTrainingModeHistory::updateRow(int index, const DataTrainingModeHistory& result) {
+    return writeCells(index, 0, cells(result));
 }

@@ -10,7 +10,11 @@ public:
 
     explicit ViewTrainingModeHistory(platform::WindowHandle list);
 
-    // The answer time is shown in seconds with one decimal. The new row's index, -1 when there is no such
-    // list.
+    // The answer time is shown in seconds with one decimal; a song without a status has none yet. The new
+    // row's index, -1 when there is no such list.
     int addRow(const DataTrainingModeHistory& result);
+    bool updateRow(int index, const DataTrainingModeHistory& result);
+
+    // In the order of the columns.
+    static std::vector<std::string> cells(const DataTrainingModeHistory& result);
 };

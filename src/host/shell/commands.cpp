@@ -7,6 +7,7 @@
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
 #include "editors/dialogcontrollist.h"
+#include "editors/part_detail.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
@@ -23,6 +24,7 @@
 #include "platform/shell.h"
 #include "playback/tonal_player.h"
 #include "settings/settings_sheet.h"
+#include "training/training_mode.h"
 
 namespace {
 
@@ -94,9 +96,9 @@ void showTurnRoundPoints() {
                           platform::SystemIcon::Information);
 }
 
-void rebuildPlayers() {
+// Puts the songs of the current quest, if any, back into the players.
+void reopenQuest() {
     HostState& state = host();
-    createPlayers();
     if (state.curQuestNumber != 0 &&
         questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
         initResource();
@@ -109,6 +111,18 @@ void showVersion() {
 void editCatalogue() {
     dialogControlList(host().mainWindow);
     showChangedSongs();
+}
+
+void rebuildPlayers() {
+    createPlayers();
+    reopenQuest();
+}
+
+void train() {
+    dlgTrainingMode(host().mainWindow, [](platform::WindowHandle owner, DataSession& session) {
+        return dlgPartDetail(owner, StageMode::Training, session);
+    });
+    reopenQuest();
 }
 
 void runPlayer() {
@@ -156,7 +170,7 @@ constexpr std::array commands{
     Command{11099, exploreHistoryFolder},
     Command{11102, makeDocument<dlgApplicationForm>},
     Command{11150, runPlayer},
-    Command{11151, notYet}, // 特訓モード
+    Command{11151, train},
 };
 
 } // namespace

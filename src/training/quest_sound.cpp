@@ -1,0 +1,46 @@
+#include "training/quest_sound.h"
+
+#include "host/state/effects.h"
+#include "host/state/host_state.h"
+#include "host/state/play_control.h"
+
+void QuestSound::playJingle(const std::string& file) {
+    zelkova::Media& media = host().effectMedia;
+    loadSound(media, file);
+    jingleEnd_ = media.getEnd();
+    jinglePlace_ = -1;
+    media.play();
+}
+
+bool QuestSound::isJingleOver() {
+    return soundIsOver(host().effectMedia, jingleEnd_, jinglePlace_);
+}
+
+void QuestSound::stopJingle() {
+    unloadSound(host().effectMedia);
+}
+
+void QuestSound::load(const std::vector<DataResource>& songs, const DataSession& session, int volume) {
+    plays_.clear();
+    for (const DataResource& song : songs)
+        plays_.push_back(loadSong(host().questMedia[plays_.size()], song, session, volume));
+    firstSong_ = songs.empty() ? DataResource() : songs.front();
+    speed_ = session.getSpeed();
+    stopLimitMs_ = playLimitOf(session);
+}
+
+void QuestSound::start() {
+    startSongs(plays_);
+}
+
+void QuestSound::stop() {
+    stopSongs();
+}
+
+bool QuestSound::isOver(int elapsedMs) const {
+    return isPlayOver(plays_, speed_, stopLimitMs_, elapsedMs);
+}
+
+SongProgress QuestSound::progress() const {
+    return plays_.empty() ? SongProgress{} : progressOf(firstSong_, *plays_.front().media);
+}

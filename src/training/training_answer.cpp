@@ -1,0 +1,119 @@
+#include "training/training_answer.h"
+
+#include "data/labels.h"
+#include "foundation/dialog.h"
+#include "foundation/views/message_box.h"
+#include "foundation/views/volume_bar.h"
+#include "host/state/effects.h"
+#include "host/state/host_state.h"
+#include "host/state/play_control.h"
+#include "host/state/quest.h"
+
+namespace {
+
+// The template is that of the show's answer display.
+enum : int {
+    idWinnerCaption = 1302,
+    idWinner = 1303,
+    idAnswer1 = 1305, // to 1309
+    idVictimGroup = 1310,
+    idEffectGroup = 1312,
+    idPlay = 1313,
+    idStop = 1314,
+    idOk = 1315,
+    idTimer = 1316,
+    idRange = 1320,
+    idVolume = 1321,
+    idVolumeText = 1322,
+};
+
+constexpr unsigned tickMs = 500;
+
+class TrainingAnswer : public zelkova::Dialog {
+public:
+    TrainingAnswer(const TrainingRun& run, const SongPlay& first, int& volume)
+        : Dialog("IDD_KDL0103_ANSWERDSP"), run_(run), first_(first), volume_(volume) {}
+
+private:
+    void open() override {
+        zelkova::setDialogTitle(window(), "正解表示");
+        int line = idAnswer1;
+        for (const DataResource& song : run_.songs())
+            platform::setText(control(line++), songText(song));
+        // Nobody wins here, and nobody loses.
+        for (const int unused : {idWinnerCaption, idWinner, idVictimGroup, idEffectGroup})
+            platform::enable(control(unused), false);
+        platform::addItem(control(idRange), playRangeLabels.text(run_.session().getRange()));
+        platform::setSelection(control(idRange), 0);
+        platform::enable(control(idRange), false);
+        volumeBar().setUp(volume_);
+        stop();
+    }
+
+    bool onCommand(int id) override {
+        switch (id) {
+        case idPlay:
+            play();
+            return true;
+        case idStop:
+            stop();
+            return true;
+        case idOk:
+        case platform::IDCANCEL:
+            end(0);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    bool onMessage(const platform::Message& message) override {
+        switch (message.id) {
+        case platform::WM_HSCROLL:
+            if (message.lParam != idVolume) return false;
+            volume_ = volumeBar().follow();
+            setPlayerVolumes(volume_);
+            return true;
+        case platform::WM_TIMER:
+            if (message.wParam != idTimer) return false;
+            if (soundIsOver(*first_.media, first_.end, place_)) stop();
+            return true;
+        case platform::WM_DESTROY:
+            stopSongs();
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    void play() {
+        if (!first_.media) return;
+        place_ = -1;
+        playFrom(*first_.media, first_.start, volume_);
+        platform::setTimer(window(), idTimer, tickMs);
+        platform::enable(control(idStop), true);
+        platform::setFocus(control(idStop));
+        platform::enable(control(idPlay), false);
+    }
+
+    void stop() {
+        stopSongs();
+        platform::killTimer(window(), idTimer);
+        platform::enable(control(idPlay), true);
+        platform::enable(control(idStop), false);
+    }
+
+    VolumeBar volumeBar() const { return {control(idVolume), control(idVolumeText)}; }
+
+    const TrainingRun& run_;
+    const SongPlay first_;
+    int& volume_;
+    int place_ = -1; // of the song at the tick before, milliseconds
+};
+
+} // namespace
+
+void dlgTrainingAnswer(platform::WindowHandle owner, const TrainingRun& run, const SongPlay& first,
+                       int& volume) {
+    TrainingAnswer(run, first, volume).run(owner);
+}
