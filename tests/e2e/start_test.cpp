@@ -75,7 +75,7 @@ TEST_F(Start, TheMenuOpensItsDialogs) {
 
 TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
     desk.start();
-    for (const int command : {11004, 11151}) {
+    for (const int command : {11004}) {
         desk.script.expectMessageBox(platform::Answer::Ok);
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }
