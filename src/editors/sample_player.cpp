@@ -2,60 +2,13 @@
 
 #include <algorithm>
 
+#include "editors/sample_controls.h"
 #include "foundation/text.h"
 #include "host/state/host_state.h"
 
+using namespace sample_controls;
+
 namespace {
-
-enum : int {
-    idSlider = 3215,
-    idReverse = 3216,
-    idPlay = 3217,
-    idStop = 3218,
-    idPosition = 3220,
-    idUnit = 3221,
-    idLength = 3222,
-    idVolume = 3256,
-    idSpeed = 3257,
-    idVolumeText = 3258,
-    idSpeedText = 3259,
-    idNormalSpeed = 3260,
-    idCopyIntro = 3261,
-    idCopySabi = 3262,
-    idTimer = 3219,
-};
-
-// The controls of a range stand in the same order in each of the three rows.
-enum RangePart : int {
-    startEdit,
-    endEdit,
-    markStart,
-    markEnd,
-    slider,
-    playButton,
-    stopButton,
-    positionLabel
-};
-constexpr int firstRangeId = 3223;
-constexpr int idsPerRange = 10;
-
-constexpr int rangeId(int row, RangePart part) {
-    return firstRangeId + (row - rowIntro) * idsPerRange + part;
-}
-
-// The row of a range and the part of it that the control is.
-struct RangeControl {
-    int row = noRow, part = 0;
-};
-constexpr RangeControl rangeControl(int id) {
-    const int offset = id - firstRangeId;
-    if (offset < 0 || offset >= songRanges * idsPerRange || offset % idsPerRange > positionLabel) return {};
-    return {rowIntro + offset / idsPerRange, offset % idsPerRange};
-}
-
-constexpr int sliderOf(int row) {
-    return row == rowWhole ? +idSlider : rangeId(row, slider);
-}
 
 // What one count of a position is; empty where there is none.
 const char* unitText(int factor) {
@@ -97,8 +50,10 @@ void SamplePlayer::load(const std::string& fileName) {
     platform::setText(control(idUnit), unitText(factor()));
     setLimits(rowWhole, {0, file_.length});
     showPosition(rowWhole, 0);
-    for (int row = rowIntro; row < sampleRows; ++row)
+    for (int row = rowIntro; row < sampleRows; ++row) {
+        platform::setText(control(rangeId(row, positionLabel)), "");
         checkRow(row);
+    }
     refresh();
 }
 
@@ -217,10 +172,13 @@ void SamplePlayer::endOfRow(int row) {
 void SamplePlayer::onTick() {
     const int row = playback_.activeRange();
     if (row == noRow) return;
-    const int position = media_.getPosition() / factor();
-    showPosition(row, position);
+    const int position = media_.getPosition();
+    showPosition(row, position / factor());
     const auto [low, high] = limits_.at(static_cast<std::size_t>(row));
-    if (backwards_ ? position <= low : position >= high) endOfRow(row);
+    // In milliseconds: the last unit on the way back is heard too.
+    const bool over = backwards_ ? position <= toMilliseconds(low, file_.type)
+                                 : position >= toMilliseconds(high, file_.type);
+    if (over) endOfRow(row);
 }
 
 void SamplePlayer::onSlider(int row) {

@@ -247,6 +247,13 @@ TEST_F(ResourceEdit, RangesAreMarkedWhileTheSongPlays) {
         EXPECT_THAT(livePlayers(), ElementsAre(idPlay, idStop, intro + rangePlay, intro + rangeStop));
         EXPECT_EQ(place(idSlider), 42);
 
+        driver::pressKey(dialog, "F5");
+        clock.advance(2000);
+        driver::pressKey(dialog, "Ctrl+6");
+        driver::pressKey(dialog, "F6");
+        EXPECT_EQ(text(answer + rangeEnd), "62") << "by the keys";
+        type(answer + rangeEnd, "");
+
         click(intro + rangePlay);
         EXPECT_EQ(place(intro + rangeSlider), 12) << "from the start of the range";
         EXPECT_FALSE(live(idPlay));
