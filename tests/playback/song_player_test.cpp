@@ -151,7 +151,7 @@ TEST_F(SongPlayerTest, TheLimitCountsTheTimeThatIsHeard) {
     EXPECT_FALSE(player->tick());
     clock.advance(205);
     player->playOrPause();
-    pass(5000);
+    clock.advance(5000);
     player->playOrPause();
     clock.advance(190);
     EXPECT_FALSE(player->tick());
@@ -239,6 +239,9 @@ TEST_F(SongPlayerTest, SongsThatDoNotFitArePassedOver) {
     changed.setIntroEnd(20); // ends where it starts
     host().accesserResource.update(2, changed);
     std::filesystem::remove(file("3.mp3"));
+    host().accesserResource.get(4, changed);
+    changed.setFileType(fileTypeWav); // the kind of file is no reason
+    host().accesserResource.update(4, changed);
 
     start().choose(rangeIntro);
     player->playRow(1);
