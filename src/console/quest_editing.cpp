@@ -4,6 +4,7 @@
 
 #include "console/console_pane.h"
 #include "console/data_pane.h"
+#include "data/session_plan.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
@@ -13,12 +14,9 @@
 namespace {
 
 void showStages() {
-    HostState& state = host();
     fillQuestList();
     redrawQuestList();
-    state.allQuestNumber = 0;
-    for (const DataSession& stage : state.sessionList)
-        state.allQuestNumber += stage.getQuestNum();
+    host().allQuestNumber = questCount(host().sessionList);
 }
 
 // The current quest as its stage now says. A quest that is being played or judged plays on as it began, and

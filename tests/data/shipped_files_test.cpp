@@ -125,6 +125,7 @@ const std::map<int, std::set<std::string>> keysOfCallers = {
     {4000014, {"FILE", "ELEMENT"}},
     {4000015, {"FILE"}},
     {4000016, {"FILE", "MESSAGE"}},
+    {4000018, {"FILE"}},
     {4000020, {"FILE"}},
 };
 

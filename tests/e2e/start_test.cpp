@@ -59,6 +59,7 @@ TEST_F(Start, TheMenuOpensItsDialogs) {
     desk.start();
     const std::pair<int, const char*> dialogs[] = {
         {11003, "IDD_KDL0301_EDIT_RESOURCE_LIST"},
+        {11004, "IDD_KDL0401_SESSION"},
         {11009, "IDD_KDL0501_CONFIG"},
         {11010, "IDD_KDL0106_VERSION"},
         {11097, "IDD_KDL0602_CERTIFICATE"},
@@ -71,14 +72,6 @@ TEST_F(Start, TheMenuOpensItsDialogs) {
         EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
     }
     EXPECT_TRUE(desk.script.done());
-}
-
-TEST_F(Start, CommandsOfLaterWindowsAnswerWithANotice) {
-    desk.start();
-    for (const int command : {11004}) {
-        desk.script.expectMessageBox(platform::Answer::Ok);
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
-    }
 }
 
 TEST_F(Start, TheMenuOpensHelpLogAndFolders) {

@@ -214,11 +214,6 @@ platform::Answer plainMessage(platform::WindowHandle owner, int code, const Data
                                 icon);
 }
 
-void plainNotice(platform::WindowHandle owner, const std::string& text) {
-    platform::messageBox(owner, text, startTexts().productName, platform::Buttons::Ok,
-                         platform::SystemIcon::Information);
-}
-
 void setDialogTitle(platform::WindowHandle dialog, const std::string& subject) {
     platform::setText(dialog, startTexts().productName + " -" + subject + "-");
 }

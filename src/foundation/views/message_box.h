@@ -39,9 +39,6 @@ void reportMessage(platform::WindowHandle owner, int code, const DataPairsList& 
 platform::Answer plainMessage(platform::WindowHandle owner, int code, const DataPairsList& pairs,
                               platform::Buttons buttons, platform::SystemIcon icon);
 
-// The system's box with a text that has no number yet.
-void plainNotice(platform::WindowHandle owner, const std::string& text);
-
 // "<product name> -<subject>-"
 void setDialogTitle(platform::WindowHandle dialog, const std::string& subject);
 

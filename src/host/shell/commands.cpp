@@ -8,6 +8,7 @@
 #include "documents/certificate_dialog.h"
 #include "editors/dialogcontrollist.h"
 #include "editors/part_detail.h"
+#include "editors/session_wizard.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
@@ -17,7 +18,6 @@
 #include "host/shell/version_dialog.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
-#include "host/state/not_yet.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/scoring.h"
@@ -64,6 +64,10 @@ void changeSettings() {
 
 void closeWindow() {
     platform::sendMessage(host().mainWindow, platform::WM_CLOSE);
+}
+
+void makeSession() {
+    dlgSessionWizard(host().mainWindow);
 }
 
 bool confirmed(int code, const zelkova::DataPairsList& pairs) {
@@ -148,7 +152,7 @@ constexpr std::array commands{
     Command{11001, closeWindow},
     Command{11002, openSession},
     Command{11003, editCatalogue},
-    Command{11004, notYet}, // 出題ファイルの作成
+    Command{11004, makeSession},
     Command{11005, closeSession},
     Command{11008, playMusic<&DataApplication::getEfcApplause>},
     Command{11009, changeSettings},

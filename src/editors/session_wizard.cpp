@@ -1,0 +1,141 @@
+#include "editors/session_wizard.h"
+
+#include "editors/session_wizard_stages.h"
+#include "foundation/path.h"
+#include "foundation/text.h"
+#include "foundation/views/message_box.h"
+#include "host/state/host_state.h"
+#include "host/state/session_folder.h"
+#include "platform/controls.h"
+
+namespace {
+
+enum : int {
+    idFile = 4103,
+    idBrowse = 4104,
+    idName = 4105,
+    idNameNeeded = 4106,
+    idFileNeeded = 4107,
+
+    idOutcome = 4401,
+    idFolderName = 4402,
+    idFileName = 4403,
+};
+
+constexpr int unreadableSession = 3000012, sessionNotSaved = 4000018;
+constexpr platform::Color neededRed{255, 0, 0};
+
+// Page 1: the session's name and its file.
+class FilePage : public zelkova::SheetPage {
+public:
+    explicit FilePage(SessionDraft& draft) : SheetPage("IDD_KDL0401_SESSION"), draft_(draft) {}
+
+private:
+    void open() override {
+        for (const int id : {idNameNeeded, idFileNeeded})
+            platform::setTextColor(control(id), neededRed);
+        platform::setText(control(idFile), firstFreeSessionFile(sessionFolder()));
+    }
+
+    bool onCommand(int id) override {
+        if (id == idBrowse) browse();
+        follow();
+        return id == idBrowse;
+    }
+
+    bool onSheet(platform::SheetCode code) override {
+        if (code == platform::PSN_SETACTIVE) follow();
+        return code != platform::PSN_WIZNEXT || store();
+    }
+
+    std::string text(int id) const { return platform::getText(control(id)); }
+
+    void follow() const {
+        const bool filled = !text(idName).empty() && !text(idFile).empty();
+        platform::setWizardButtons(window(), filled ? platform::PSWIZB_NEXT : 0u);
+    }
+
+    void browse() const {
+        platform::FileDialog options;
+        options.title = "名前を付けて保存";
+        options.startPath = text(idFile);
+        options.filterName = "XML";
+        options.pattern = "*.xml";
+        options.defaultExtension = "xml";
+        const auto chosen = platform::saveFileDialog(window(), options);
+        if (!chosen) return;
+        platform::setText(control(idFile), *chosen);
+        if (!zelkova::fileExists(*chosen)) return;
+        // What cannot be read is told when the host goes on.
+        if (const auto plan = readPlan(host().accesserSession, *chosen))
+            platform::setText(control(idName), zelkova::trim(plan->name));
+    }
+
+    bool store() const {
+        AccesserSession& accesser = host().accesserSession;
+        if (draft_.choose(text(idName), text(idFile), accesser)) return true;
+        zelkova::DataPairsList pairs;
+        pairs.add("SESSION", text(idFile));
+        pairs.add("MESSAGE", accesser.loadError());
+        zelkova::reportMessage(window(), unreadableSession, pairs);
+        return false;
+    }
+
+    SessionDraft& draft_;
+};
+
+// Page 4: writes the file when it is shown. Once it is written there is nothing left but to close; where that
+// failed, the host may try again, go back or give up.
+class ResultPage : public zelkova::SheetPage {
+public:
+    explicit ResultPage(SessionDraft& draft) : SheetPage("IDD_KDL0404_COMPLATE"), draft_(draft) {}
+
+private:
+    void open() override {}
+    bool onCommand(int) override { return false; }
+
+    bool onSheet(platform::SheetCode code) override {
+        if (code == platform::PSN_SETACTIVE) show(write());
+        return code != platform::PSN_WIZFINISH || written_ || write();
+    }
+
+    bool write() {
+        const std::string path = draft_.filePath;
+        platform::setText(control(idFolderName), zelkova::getFolder(path));
+        platform::setText(control(idFileName), zelkova::getFileName(path));
+        written_ = draft_.write(host().accesserSession, platform::getLocalTime());
+        if (written_) return true;
+        zelkova::DataPairsList pairs;
+        pairs.add("FILE", path);
+        zelkova::reportMessage(window(), sessionNotSaved, pairs);
+        return false;
+    }
+
+    void show(bool written) const {
+        platform::setText(control(idOutcome),
+                          written
+                              ? "出題ファイルを作成しました。"
+                              : "出題ファイルを保存できませんでした。［完了］を押すと、もう一度保存します。");
+        platform::setWizardButtons(window(), written ? platform::PSWIZB_FINISH
+                                                     : platform::PSWIZB_BACK | platform::PSWIZB_FINISH);
+        platform::enableSheetCancel(window(), !written);
+    }
+
+    SessionDraft& draft_;
+    bool written_ = false;
+};
+
+} // namespace
+
+void dlgSessionWizard(platform::WindowHandle owner) {
+    SessionDraft draft;
+    FilePage file(draft);
+    StagesPage stages(draft);
+    SongsPage songs(draft);
+    ResultPage result(draft);
+    platform::runPropertySheet(owner,
+                               {.name = "IDD_KDL0401_SESSION",
+                                .title = "出題ファイルの作成",
+                                .kind = platform::SheetKind::Wizard,
+                                .pages = {file.entry(), stages.entry(), songs.entry(), result.entry()}});
+}

@@ -1,0 +1,147 @@
+#include "editors/session_draft.h"
+
+#include <filesystem>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+DataSession stageOf(const std::string& name, int questNum, const std::string& songs = {}) {
+    DataSession stage;
+    stage.setName(name);
+    stage.setQuestNum(questNum);
+    stage.setResourceId(songs);
+    return stage;
+}
+
+class Draft : public testing::Test {
+protected:
+    // A session file with both voices.
+    std::string existing(const std::string& name, const std::vector<DataSession>& stages) {
+        const std::string path = folder.file(name);
+        SessionPlan plan{.name = name, .sessionVoice = "s.wav", .mcVoice = "m.wav", .stages = stages};
+        EXPECT_TRUE(writePlan(accesser, path, plan, {2020, 1, 0, 2, 0, 0, 0, 0}));
+        return path;
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> found;
+        for (const DataSession& stage : draft.stages)
+            found.push_back(stage.getName());
+        return found;
+    }
+
+    test_support::TemporaryFolder folder;
+    AccesserSession accesser;
+    SessionDraft draft;
+};
+
+TEST_F(Draft, IsOfferedTheFirstFreeFile) {
+    const std::string root = folder.path().string();
+    for (const int taken : {0, 1, 3})
+        platform::replaceFile(folder.file("SessionFile_" + std::to_string(taken) + ".xml"), "x");
+    EXPECT_EQ(firstFreeSessionFile(root), root + "\\SessionFile_2.xml");
+    EXPECT_EQ(firstFreeSessionFile(root + "/"), root + "\\SessionFile_2.xml");
+    EXPECT_EQ(firstFreeSessionFile(root + "/none\\"), root + "/none\\SessionFile_0.xml");
+}
+
+TEST_F(Draft, TakesTheStagesOfAFileOnce) {
+    const std::string first = existing("first.xml", {stageOf("A", 2, "1,2"), stageOf("B", 1)});
+    const std::string second = existing("second.xml", {stageOf("C", 1)});
+    ASSERT_TRUE(draft.choose("名", first, accesser));
+    EXPECT_THAT(names(), ElementsAre("A", "B"));
+    EXPECT_EQ(draft.sessionName, "名") << "what was typed, not what the file says";
+    EXPECT_EQ(draft.total(), 3);
+
+    draft.stages.erase(draft.stages.begin());
+    ASSERT_TRUE(draft.choose("名", folder.file("./first.xml"), accesser));
+    EXPECT_THAT(names(), ElementsAre("B")) << "the same file is not read again over the changes";
+    ASSERT_TRUE(draft.choose("名", folder.file("new.xml"), accesser));
+    EXPECT_THAT(names(), ElementsAre("B")) << "saved under another name";
+    ASSERT_TRUE(draft.choose("名", second, accesser));
+    EXPECT_THAT(names(), ElementsAre("C"));
+}
+
+TEST_F(Draft, IsLeftAsItWasByAFileThatCannotBeRead) {
+    draft.stages = {stageOf("A", 1)};
+    draft.filePath = "old";
+    platform::replaceFile(folder.file("broken.xml"), "<session><part>");
+    platform::replaceFile(folder.file("other.xml"), "<?xml version=\"1.0\"?><doc/>");
+    for (const std::string& path :
+         {folder.file("broken.xml"), folder.file("other.xml"), folder.path().string()}) {
+        EXPECT_FALSE(draft.choose("名", path, accesser)) << path;
+        EXPECT_NE(accesser.loadError(), "") << path;
+    }
+    EXPECT_THAT(names(), ElementsAre("A"));
+    EXPECT_EQ(draft.filePath, "old");
+    EXPECT_EQ(draft.sessionName, "");
+}
+
+TEST_F(Draft, StagesMoveInsideTheList) {
+    draft.stages = {stageOf("A", 1), stageOf("B", 1), stageOf("C", 1)};
+    EXPECT_FALSE(draft.move(0, -1));
+    EXPECT_FALSE(draft.move(2, 1));
+    EXPECT_FALSE(draft.move(-1, 1)) << "none is selected";
+    EXPECT_THAT(names(), ElementsAre("A", "B", "C"));
+    EXPECT_TRUE(draft.move(0, 1));
+    EXPECT_TRUE(draft.move(2, -1));
+    EXPECT_THAT(names(), ElementsAre("B", "C", "A"));
+}
+
+TEST_F(Draft, AChangedStageLosesItsSongsAndTheirCheck) {
+    DataSession stage = stageOf("A", 2, "1,2");
+    stage.setErrcode(songsComplete);
+    forgetSongs(stage);
+    EXPECT_EQ(stage.getResourceId(), "");
+    EXPECT_THAT(stage.getResources(), IsEmpty());
+    EXPECT_LT(stage.getErrcode(), 0);
+}
+
+TEST_F(Draft, ReplacesTheFileAndKeepsItsVoices) {
+    const std::string path = existing("old.xml", {stageOf("A", 2, "1,2"), stageOf("B", 1)});
+    ASSERT_TRUE(draft.choose("夏の大会", path, accesser));
+    draft.stages.push_back(stageOf("追加", 4, "7"));
+    draft.move(2, -1);
+    ASSERT_TRUE(draft.write(accesser, {2026, 11, 0, 23, 10, 20, 30, 0}));
+    EXPECT_THAT(draft.stages, IsEmpty());
+    EXPECT_EQ(draft.filePath, "");
+
+    const auto plan = readPlan(accesser, path);
+    ASSERT_TRUE(plan);
+    EXPECT_EQ(plan->name, "夏の大会");
+    EXPECT_EQ(plan->sessionVoice, "s.wav");
+    EXPECT_EQ(plan->mcVoice, "m.wav");
+    EXPECT_EQ(plan->total, 7);
+    EXPECT_EQ(plan->maxPart, 3);
+    draft.stages = plan->stages;
+    EXPECT_THAT(names(), ElementsAre("A", "追加", "B"));
+    EXPECT_THAT(draft.stages[1].getResources(), ElementsAre(7));
+    ASSERT_TRUE(accesser.open(path));
+    EXPECT_EQ(accesser.getDay(), "2026/11/23");
+}
+
+TEST_F(Draft, SurvivesADiskThatRefuses) {
+    // There is room for the file's name, but not for that of a neighbour.
+    const std::string path = folder.file(std::string(250, 'n') + ".xml");
+    std::filesystem::rename(existing("old.xml", {stageOf("A", 2)}), path);
+    const auto before = platform::readFile(path);
+    ASSERT_TRUE(before);
+    for (const std::string& target : {path, folder.file("none/new.xml")}) {
+        draft = {};
+        ASSERT_TRUE(draft.choose("名", target, accesser));
+        draft.stages = {stageOf("X", 1)};
+        EXPECT_FALSE(draft.write(accesser, {}));
+        EXPECT_THAT(names(), ElementsAre("X"));
+        EXPECT_EQ(draft.filePath, target);
+    }
+    EXPECT_EQ(platform::readFile(path), before);
+    EXPECT_EQ(platform::listFolder(folder.path().string()).size(), 1u) << "nothing is left lying about";
+}
+
+} // namespace
