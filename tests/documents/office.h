@@ -33,8 +33,8 @@ public:
 
 // The member's bytes out of a sound archive; "" when there is none.
 std::string memberOf(const std::string& archive, const std::string& member);
-// The texts of content.xml as they stand on the page, in order, in Shift-JIS: a run of white space is one blank,
-// as the format has it, and its elements for blanks, tabs and line ends are those.
+// The texts of content.xml as they stand on the page, in order, in Shift-JIS: a run of white space is one
+// blank, as the format has it, and its elements for blanks, tabs and line ends are those.
 std::vector<std::string> textsOf(const std::string& archive);
 
 DataCertificate certificateOf(const std::string& userName);
