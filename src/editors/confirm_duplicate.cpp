@@ -17,7 +17,7 @@ enum : int {
 
 constexpr char question[] =
     "選択したファイルは、既に登録されています。\r\n[編集]ボタンを押すと、既存のデータを編集します。"
-    "[新規]ボタンを押すと、別のデータとして登録します。";
+    "[新規]ボタンを押すと、新しく登録します。";
 
 class ConfirmDuplicate : public zelkova::Dialog {
 public:
