@@ -16,8 +16,8 @@ public:
     void showRecords(); // of the quest in hand
     void showTime();
     void showProgress(SongProgress progress);
-    // Status, buttons and time. The focus goes to the button that is wanted next, so that one key is enough; what
-    // adjusts something keeps it.
+    // Status, buttons and time. The focus goes to the button that is wanted next, so that one key is enough;
+    // what adjusts something keeps it.
     void showPhase();
 
 private:
