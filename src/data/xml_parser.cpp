@@ -11,6 +11,7 @@
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include "data/xml_encoding.h"
 #include "data/xml_text.h"
 #include "foundation/text.h"
 
@@ -54,25 +55,6 @@ public:
     }
     bool asked = false;
 };
-
-// The encoding named in the declaration, in lower case; "" when none is. Files in a wide encoding answer "".
-std::string declaredEncoding(std::string_view bytes) {
-    if (!bytes.starts_with("<?xml")) return {};
-    const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
-    std::size_t at = declaration.find("encoding");
-    if (at == std::string_view::npos) return {};
-    at = declaration.find_first_of("\"'", at);
-    if (at == std::string_view::npos) return {};
-    const std::size_t end = declaration.find(declaration[at], at + 1);
-    return zelkova::toLowerSjis(declaration.substr(at + 1, end - at - 1));
-}
-
-bool namesShiftJis(std::string_view encoding) {
-    for (const char* name :
-         {"shift_jis", "shift-jis", "sjis", "x-sjis", "windows-31j", "cp932", "ms932", "ms_kanji"})
-        if (encoding == name) return true;
-    return false;
-}
 
 // None when a byte or pair has no place in the code page.
 std::optional<std::u16string> decode(std::string_view bytes) {
@@ -149,7 +131,7 @@ void XmlDomErrorHandler::remember(const SAXParseException& fault) {
 
 std::unique_ptr<XercesDOMParser> xml::parse(std::string_view bytes, std::string& why) {
     std::optional<std::u16string> decoded;
-    if (namesShiftJis(declaredEncoding(bytes))) {
+    if (xml::namesShiftJis(xml::declaredEncoding(bytes))) {
         // The program's own mapping, so that a text is the same here, on screen and in file names.
         decoded = decode(bytes);
         if (!decoded || isJapaneseUtf8(bytes)) {

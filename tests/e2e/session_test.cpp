@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "e2e/desk.h"
+#include "foundation/path.h"
 #include "host/state/console_ids.h"
 #include "platform/controls.h"
 #include "platform/files.h"
@@ -112,6 +113,27 @@ TEST_F(Session, APortInUse) {
     platform::closeSocket(other);
     desk.openSession(file);
     EXPECT_EQ(desk.stateName(), "INIT");
+}
+
+TEST_F(Session, TheRunningOrderIsShownAsAPage) {
+    std::string session = platform::readFile(file).value();
+    session.insert(session.find("?>") + 2, "<?xml-stylesheet type=\"text/xsl\" href=\"order.xsl\"?>");
+    ASSERT_TRUE(platform::replaceFile(file, session));
+    desk.start();
+    desk.openSession(file);
+    desk.expectMessage(3000032); // no such stylesheet: the file itself
+    desk.script.expectOpen(file);
+    driver::chooseMenu(host().mainWindow, 11016);
+
+    ASSERT_TRUE(platform::replaceFile(zelkova::getFolder(file) + "/order.xsl",
+                                      "<xsl:stylesheet version='1.0' "
+                                      "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+                                      "<xsl:template match='/'><html/></xsl:template></xsl:stylesheet>"));
+    const std::string page =
+        zelkova::normalizePath(host().modulePath + "../tmp/" + zelkova::getFileName(file) + ".html");
+    desk.script.expectOpen(page);
+    driver::chooseMenu(host().mainWindow, 11016);
+    EXPECT_TRUE(platform::isFile(page));
 }
 
 TEST_F(Session, ClosingTheWindowTakesTwoSteps) {

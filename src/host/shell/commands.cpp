@@ -4,6 +4,7 @@
 
 #include "console/player_board.h"
 #include "console/quest_editing.h"
+#include "data/styled_page.h"
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
 #include "editors/dialogcontrollist.h"
@@ -21,6 +22,7 @@
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/scoring.h"
+#include "platform/files.h"
 #include "platform/shell.h"
 #include "playback/tonal_player.h"
 #include "settings/settings_sheet.h"
@@ -35,11 +37,35 @@ void open(const std::string& target, decltype(&platform::shellOpen) way = platfo
     zelkova::openWithDesktop(host().mainWindow, target, way);
 }
 
+// As the file's own stylesheet shows it; as it is where that is not possible.
+void openAsPage(const std::string& file) {
+    constexpr int pageNotMade = 3000032;
+    const std::string name = zelkova::getFileName(file);
+    const std::string folder = zelkova::normalizePath(host().modulePath + "../tmp/");
+    platform::makeFolder(folder);
+    const std::string page = folder + name + ".html";
+    zelkova::DataPairsList pairs;
+    std::string reason;
+    switch (makeStyledPage(file, page, reason)) {
+    case StyledPage::Made:
+        open(page);
+        return;
+    case StyledPage::NotMade:
+        pairs.add("FILE", file);
+        pairs.add("MESSAGE", reason);
+        zelkova::reportMessage(host().mainWindow, pageNotMade, pairs);
+        break;
+    case StyledPage::NoStylesheet:
+        break;
+    }
+    open(file);
+}
+
 void showRunningOrder() {
     if (host().sessionFileName.empty())
         zelkova::showMessage(host().mainWindow, 3000002, zelkova::MessageButtons::Ok, 0);
     else
-        open(host().sessionFileName);
+        openAsPage(host().sessionFileName);
 }
 
 void openLogFile() {

@@ -1,0 +1,149 @@
+#include "data/styled_page.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include <libxml/parser.h>
+#include <libxml/uri.h>
+#include <libxslt/documents.h>
+#include <libxslt/security.h>
+#include <libxslt/transform.h>
+#include <libxslt/xsltutils.h>
+
+#include "data/xml_encoding.h"
+#include "platform/files.h"
+#include "platform/text.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Free {
+    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+    void operator()(xmlChar* text) const { xmlFree(text); }
+    void operator()(xsltStylesheet* sheet) const { xsltFreeStylesheet(sheet); }
+    void operator()(xsltTransformContext* context) const { xsltFreeTransformContext(context); }
+    void operator()(xsltSecurityPrefs* prefs) const { xsltFreeSecurityPrefs(prefs); }
+};
+template <class Thing>
+using Owned = std::unique_ptr<Thing, Free>;
+
+std::string text(const xmlChar* chars) {
+    return chars ? reinterpret_cast<const char*>(chars) : "";
+}
+
+// `path` in UTF-8. External entities stay unread. Our own files are in code page 932, of which the library
+// knows the older half only, so they are converted here.
+xmlDoc* parse(const std::string& path) {
+    const auto bytes = platform::readFile(platform::utf8ToSjis(path));
+    if (!bytes) return nullptr;
+    const bool shiftJis = xml::namesShiftJis(xml::declaredEncoding(*bytes));
+    const std::string utf8 = shiftJis ? platform::sjisToUtf8(*bytes) : *bytes;
+    return xmlReadMemory(utf8.data(), static_cast<int>(utf8.size()), path.c_str(),
+                         shiftJis ? "UTF-8" : nullptr,
+                         XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+}
+
+// The address of a stylesheet or of a file that it names as a path; "" for what is on no disk.
+std::string pathOf(const std::string& address) {
+    if (address.find("://") != std::string::npos && !address.starts_with("file://")) return {};
+    const std::string path = address.starts_with("file://") ? address.substr(7) : address;
+    const std::unique_ptr<char, void (*)(void*)> plain(xmlURIUnescapeString(path.c_str(), 0, nullptr),
+                                                       xmlFree);
+    return plain ? plain.get() : path;
+}
+
+// The library asks one function of the process for every file; while a page is made it gives those of one
+// folder.
+class Loader {
+public:
+    explicit Loader(fs::path folder) {
+        folder_ = std::move(folder);
+        xsltSetLoaderFunc(load);
+    }
+    ~Loader() { xsltSetLoaderFunc(nullptr); }
+    Loader(const Loader&) = delete;
+    Loader& operator=(const Loader&) = delete;
+
+private:
+    static xmlDoc* load(const xmlChar* address, xmlDict*, int, void*, xsltLoadType) {
+        const fs::path path = fs::path(pathOf(text(address))).lexically_normal();
+        return path.parent_path() == folder_ ? parse(path.string()) : nullptr;
+    }
+
+    static inline fs::path folder_;
+};
+
+// The attribute-like part of a processing instruction.
+std::string pseudoAttribute(const std::string& data, const std::string& name) {
+    const std::size_t at = data.find(name + "=");
+    if (at == std::string::npos) return {};
+    const std::size_t open = at + name.size() + 1;
+    if (open >= data.size()) return {};
+    const std::size_t close = data.find(data[open], open + 1);
+    return close == std::string::npos ? std::string() : data.substr(open + 1, close - open - 1);
+}
+
+// What the first stylesheet instruction names; none when there is no such instruction.
+std::optional<std::string> stylesheetOf(const xmlDoc& document) {
+    for (const xmlNode* node = document.children; node; node = node->next)
+        if (node->type == XML_PI_NODE && text(node->name) == "xml-stylesheet")
+            return pseudoAttribute(text(node->content), "href");
+    return std::nullopt;
+}
+
+// The page as bytes; empty when the stylesheet fails.
+std::string transformed(xsltStylesheet* sheet, xmlDoc* document) {
+    const Owned<xsltTransformContext> context(xsltNewTransformContext(sheet, document));
+    const Owned<xsltSecurityPrefs> prefs(xsltNewSecurityPrefs());
+    // What may be read is the loader's business.
+    for (const xsltSecurityOption option :
+         {XSLT_SECPREF_WRITE_FILE, XSLT_SECPREF_CREATE_DIRECTORY, XSLT_SECPREF_WRITE_NETWORK})
+        xsltSetSecurityPrefs(prefs.get(), option, xsltSecurityForbid);
+    if (!context || xsltSetCtxtSecurityPrefs(prefs.get(), context.get()) != 0) return {};
+    const Owned<xmlDoc> result(
+        xsltApplyStylesheetUser(sheet, document, nullptr, nullptr, nullptr, context.get()));
+    if (!result || context->state != XSLT_STATE_OK) return {};
+    xmlChar* chars = nullptr;
+    int size = 0;
+    xsltSaveResultToString(&chars, &size, result.get(), sheet);
+    const Owned<xmlChar> owned(chars);
+    return {reinterpret_cast<const char*>(chars), static_cast<std::size_t>(size)};
+}
+
+// The library would print what it meets; the caller has its own words.
+void beSilent(void*, const char*, ...) {}
+
+} // namespace
+
+StyledPage makeStyledPage(const std::string& file, const std::string& page, std::string& reason) {
+    xsltSetGenericErrorFunc(nullptr, beSilent);
+    xmlSetGenericErrorFunc(nullptr, beSilent);
+    const fs::path path = platform::nativePath(file);
+    const Owned<xmlDoc> document(parse(path.string()));
+    const auto named = document ? stylesheetOf(*document) : std::nullopt;
+    if (!named) return StyledPage::NoStylesheet;
+
+    const fs::path sheetPath = (path.parent_path() / pathOf(*named)).lexically_normal();
+    const auto fail = [&](const std::string& why) {
+        reason = why + " (" + platform::utf8ToSjis(sheetPath.string()) + ")";
+        return StyledPage::NotMade;
+    };
+    const Loader loader(sheetPath.parent_path());
+    xmlDoc* const sheetDocument = parse(sheetPath.string());
+    if (!sheetDocument) return fail("スタイルシートを読み込めません。");
+    const Owned<xsltStylesheet> sheet(xsltParseStylesheetDoc(sheetDocument));
+    if (!sheet) {
+        xmlFreeDoc(sheetDocument); // the sheet would have owned it
+        return fail("スタイルシートの内容に誤りがあります。");
+    }
+    const std::string bytes = transformed(sheet.get(), document.get());
+    if (bytes.empty()) return fail("スタイルシートを適用できません。");
+    if (!platform::replaceFile(page, bytes)) {
+        reason = "ページを書き込めません。 (" + page + ")";
+        return StyledPage::NotMade;
+    }
+    return StyledPage::Made;
+}

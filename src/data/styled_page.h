@@ -1,0 +1,11 @@
+#pragma once
+// XML files as pages. Browsers no longer apply the stylesheet that a file on the disk names.
+
+#include <string>
+
+enum class StyledPage { NoStylesheet, Made, NotMade };
+
+// Makes or replaces the page that the file's first stylesheet gives, in the encoding that the stylesheet asks
+// for. Stylesheet and file may read further files of the stylesheet's own folder, nothing else, no network.
+// When the page is not made `reason` tells why, and what stood at `page` stays.
+StyledPage makeStyledPage(const std::string& file, const std::string& page, std::string& reason);

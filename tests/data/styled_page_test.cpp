@@ -1,0 +1,119 @@
+#include "data/styled_page.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "data/accesser_session_history.h"
+#include "foundation/text.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+using test_support::TemporaryFolder;
+
+class Page : public testing::Test {
+protected:
+    StyledPage make() { return makeStyledPage(folder.file("file.xml"), folder.file("page.html"), reason); }
+    void write(const std::string& name, const std::string& text) const {
+        ASSERT_TRUE(platform::replaceFile(folder.file(name), text));
+    }
+    void writeSheet(const std::string& body, const std::string& more = "") const {
+        write("sheet.xsl", platform::sjisToUtf8("<xsl:stylesheet version='1.0' "
+                                                "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>" +
+                                                more + "<xsl:template match='/'><p>" + body +
+                                                "</p></xsl:template></xsl:stylesheet>"));
+    }
+    void writeFile(const std::string& href, const std::string& body) const {
+        write("file.xml",
+              "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<?xml-stylesheet type=\"text/xsl\" href=\"" +
+                  href + "\"?>\n<root>" + body + "</root>");
+    }
+    // The page in Shift-JIS.
+    std::string page() const {
+        return platform::utf8ToSjis(platform::readFile(folder.file("page.html")).value_or(""));
+    }
+
+    TemporaryFolder folder;
+    std::string reason;
+};
+
+TEST_F(Page, OfAHistoryHoldsEveryQuest) {
+    DataSessionHistory session;
+    std::vector<DataPartHistory> stages(2);
+    for (int i = 0; i < 6; ++i) {
+        DataHistory quest;
+        quest.setQuest(i + 1);
+        quest.setTitle1("曲名①～" + std::to_string(i));
+        quest.setArtist5("歌手" + std::to_string(i));
+        DataPartHistory& stage = stages[static_cast<std::size_t>(i) / 3];
+        stage.setPartName("ステージ" + std::to_string(i / 3));
+        auto quests = stage.getDataHistoryList();
+        quests.push_back(quest);
+        stage.setDataHistoryList(quests);
+    }
+    session.setDataPartHistoryList(stages);
+    AccesserSessionHistory::setStylesheet("file://" KDL_SOURCE_FOLDER "/dist/cnf/SessionHistory.xsl");
+    ASSERT_EQ(AccesserSessionHistory().save(folder.file("file.xml"), session), 1);
+    ASSERT_EQ(make(), StyledPage::Made) << reason;
+    for (int i = 0; i < 6; ++i)
+        for (const std::string& text :
+             {"曲名①～" + std::to_string(i), "歌手" + std::to_string(i), "ステージ" + std::to_string(i / 3)})
+            EXPECT_NE(zelkova::findText(page(), text), zelkova::npos) << text;
+}
+
+TEST_F(Page, ReadsNothingButTheStylesheetsFolder) {
+    write("beside.xml", "<r>隣</r>");
+    const TemporaryFolder elsewhere;
+    ASSERT_TRUE(platform::replaceFile(elsewhere.file("secret.xml"), "<r>秘密</r>"));
+    writeFile("sheet.xsl", "本文");
+    writeSheet("<xsl:value-of select='/root'/>[<xsl:value-of select=\"document('beside.xml')\"/>]"
+               "<xsl:value-of select=\"document('" +
+               elsewhere.file("secret.xml") +
+               "')\"/><xsl:value-of select=\"document('http://127.0.0.1:9/x.xml')\"/>");
+    write("beside.xml", platform::sjisToUtf8("<r>隣</r>"));
+    ASSERT_EQ(make(), StyledPage::Made) << reason;
+    EXPECT_NE(zelkova::findText(page(), "本文[隣]"), zelkova::npos) << page();
+    EXPECT_EQ(zelkova::findText(page(), "秘密"), zelkova::npos);
+
+    // What an external entity names stays unread too.
+    write("file.xml", "<!DOCTYPE root [<!ENTITY e SYSTEM '" + elsewhere.file("secret.xml") +
+                          "'>]><?xml-stylesheet href='sheet.xsl'?><root>&e;</root>");
+    writeSheet("<xsl:copy-of select='/root'/>");
+    make();
+    EXPECT_EQ(zelkova::findText(page(), "秘密"), zelkova::npos);
+}
+
+TEST_F(Page, IsNotMadeWithoutAUsableStylesheet) {
+    write("file.xml", "<root/>");
+    EXPECT_EQ(make(), StyledPage::NoStylesheet);
+    write("file.xml", "no xml at all");
+    EXPECT_EQ(make(), StyledPage::NoStylesheet);
+
+    writeFile("sheet.xsl", "本文");
+    writeSheet("前の版");
+    ASSERT_EQ(make(), StyledPage::Made);
+    const auto fails = [&](const char* what) {
+        reason.clear();
+        EXPECT_EQ(make(), StyledPage::NotMade) << what;
+        EXPECT_NE(reason, "") << what;
+        EXPECT_NE(zelkova::findText(page(), "前の版"), zelkova::npos) << "the old page stays: " << what;
+    };
+    write("sheet.xsl", "<xsl:stylesheet");
+    fails("no XML");
+    write("sheet.xsl", "<other/>");
+    fails("no stylesheet");
+    writeSheet("<xsl:message terminate='yes'/>");
+    fails("it gives up");
+    writeSheet("<xsl:call-template name='t'/>",
+               "<xsl:template name='t'><xsl:call-template name='t'/></xsl:template>");
+    fails("it never ends");
+    writeFile("gone.xsl", "");
+    fails("missing");
+    writeFile("http://127.0.0.1:9/sheet.xsl", "");
+    fails("on a network");
+}
+
+} // namespace
