@@ -4,6 +4,8 @@
 #include "host/state/host_state.h"
 #include "platform/controls.h"
 #include "platform/driver.h"
+#include "showcase/desk.h"
+#include "showcase/tour.h"
 
 namespace showcase {
 
@@ -18,21 +20,8 @@ enum : int { showRunningOrder = 11016 };
 
 constexpr double audible = 200; // of 32767
 
-bool inState(const char* name) {
-    return host().kdlState && host().kdlState->getState()->getStateName() == name && host().vrmStatus == 0;
-}
-
 std::function<bool()> stateIs(const char* name, int quest) {
     return [=] { return inState(name) && host().curQuestNumber == quest && driver::openDialogs().empty(); };
-}
-
-platform::WindowHandle openDialog(const std::string& name) {
-    const auto dialogs = driver::openDialogs();
-    return !dialogs.empty() && dialogs.back().name == name ? dialogs.back().window : platform::WindowHandle();
-}
-
-std::function<bool()> dialogIs(const char* name) {
-    return [=] { return !driver::openDialogs().empty() && driver::openDialogs().back().name == name; };
 }
 
 // Writes the steps one behind the other, in words of the desk.
@@ -120,7 +109,7 @@ private:
 };
 
 void openTheSession(Author& author, const Files& files) {
-    author.look("開始画面", "start", [] { return inState("START") && driver::openDialogs().empty(); });
+    author.look("開始画面", "start", deskIsFree);
     author.add(
         "進行表の表示", [] { return inState("START"); },
         [] { driver::chooseMenu(host().mainWindow, showRunningOrder); });
@@ -221,9 +210,7 @@ void endOfSession(Author& author, const Files& files, Board& seen) {
     author.add("履歴を保存する", dialogIs("message box"),
                [] { driver::answerMessageBox(platform::Answer::Yes); });
     author.add("履歴の保存先", dialogIs("save file"), [files] { driver::answerFileDialog(files.history); });
-    author.look("終了後", "ended", [] { return inState("START") && driver::openDialogs().empty(); });
-    author.add(
-        "閉じる", [] { return inState("START"); }, [] { driver::closeBox(host().mainWindow); });
+    author.look("終了後", "ended", deskIsFree);
 }
 
 } // namespace
@@ -235,6 +222,9 @@ std::vector<Step> scenario(Road& road, const Ears& ears, const Files& files, Boa
     secondStage(author);
     laterStages(author);
     endOfSession(author, files, seen);
+    for (Step& step : tour(road, files.session))
+        author.add(std::move(step.what), std::move(step.ready), std::move(step.act));
+    author.add("閉じる", deskIsFree, [] { driver::closeBox(host().mainWindow); });
     return author.take();
 }
 
