@@ -57,18 +57,19 @@ void editSongsOfQuest(int quest) {
     if (!place) return;
     std::vector<DataSession> stages = state.sessionList;
     const int result = state.questEditors.songs(state.mainWindow, stages, place->stage);
-    if (result == songsMissing || result == songsUnfit) {
-        zelkova::DataPairsList pairs;
-        pairs.add("STAGE", stages[place->stage].getName());
-        pairs.add("RESULT", result);
-        zelkova::reportMessage(state.mainWindow, 4000007, pairs);
+    const bool taken = result == songsComplete || result == songsRepeated || result == songsShared;
+    if (taken && place->stage < state.sessionList.size()) {
+        state.sessionList[place->stage] = stages[place->stage];
+        showStages();
+        refreshQuest();
         return;
     }
-    const bool taken = result == songsComplete || result == songsRepeated || result == songsShared;
-    if (!taken || place->stage >= state.sessionList.size()) return;
-    state.sessionList[place->stage] = stages[place->stage];
-    showStages();
-    refreshQuest();
+    showChangedSongs(); // the catalogue can be edited from there
+    if (result != songsMissing && result != songsUnfit) return;
+    zelkova::DataPairsList pairs;
+    pairs.add("STAGE", stages[place->stage].getName());
+    pairs.add("RESULT", result);
+    zelkova::reportMessage(state.mainWindow, 4000007, pairs);
 }
 
 void editSong(int number) {

@@ -168,6 +168,30 @@ TEST_F(QuestEditing, SongsThatCannotBePlayedAreRefused) {
     EXPECT_EQ(list(), before);
 }
 
+// Songs can be edited from the songs' editor, however it is left.
+TEST_F(QuestEditing, SongsChangedOnTheWayAreShown) {
+    for (const int result : {-1, +songsUnfit}) {
+        const std::string title = "改題" + std::to_string(result);
+        answer = result;
+        chosen = "0,2";
+        meanwhile = [title] {
+            DataResource song;
+            host().accesserResource.get(1, song);
+            song.setTitle(title);
+            host().accesserResource.update(1, song);
+        };
+        driver::Script script;
+        if (result == songsUnfit)
+            script.expectDialog("IDD_KDL0001_MESSAGE_BOX",
+                                [](platform::WindowHandle box) { driver::pressKey(box, "Escape"); });
+        ASSERT_TRUE(driver::click(console(ids::changeSongs)));
+        EXPECT_THAT(script, RanAsWritten());
+        EXPECT_EQ(consoleText(ids::title), title);
+        EXPECT_EQ(host().dataResourceList[0].getTitle(), title);
+        EXPECT_THAT(list()[0], testing::HasSubstr(title));
+    }
+}
+
 TEST_F(QuestEditing, TheListChangesTheSongsOfItsRowsStage) {
     answer = songsComplete;
     chosen = "2";

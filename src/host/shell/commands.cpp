@@ -94,6 +94,7 @@ void closeWindow() {
 
 void makeSession() {
     dlgSessionWizard(host().mainWindow);
+    showChangedSongs(); // the catalogue can be edited from there
 }
 
 bool confirmed(int code, const zelkova::DataPairsList& pairs) {
