@@ -49,6 +49,7 @@ int dayOf(const platform::SystemTime& date) {
 int AccesserResource::open(const std::string& path) {
     opened_ = false;
     entries_.clear();
+    changes_.clear();
     if (!platform::pathExists(path)) createFile(path);
     if (load(path) == 0) return 0;
     DOMElement* root = rootNamed(rootName);
@@ -75,7 +76,40 @@ int AccesserResource::commit() {
     // The file's own indentation would be written again beside the writer's.
     for (DOMNode* child = select(rootName)->getFirstChild(); child; child = child->getNextSibling())
         if (child->getNodeType() == DOMNode::TEXT_NODE) child->setNodeValue(u"");
-    return save(xml::encodingOfEdited);
+    if (save(xml::encodingOfEdited) == 0) return 0;
+    for (const Change& made : changes_)
+        if (made.before) made.before->release();
+    changes_.clear();
+    return 1;
+}
+
+void AccesserResource::rollback() {
+    DOMElement* root = rootNamed(rootName);
+    // Backwards, so that what followed an entry is there again when the entry returns.
+    while (!changes_.empty()) {
+        const Change made = changes_.back();
+        changes_.pop_back();
+        if (DOMElement* entry = find(made.number)) root->removeChild(entry)->release();
+        if (made.before) root->insertBefore(made.before, made.next);
+        setEntry(made.number, made.before);
+    }
+}
+
+void AccesserResource::change(std::int32_t number, DOMElement* entry) {
+    DOMElement* root = rootNamed(rootName);
+    DOMElement* before = find(number);
+    DOMNode* next = before ? before->getNextSibling() : nullptr;
+    if (before) root->removeChild(before);
+    if (entry) root->insertBefore(entry, next);
+    setEntry(number, entry);
+    changes_.push_back({number, before, next});
+}
+
+void AccesserResource::setEntry(std::int32_t number, DOMElement* entry) {
+    if (entry)
+        entries_[number] = entry;
+    else
+        entries_.erase(number);
 }
 
 DOMElement* AccesserResource::find(std::int32_t number) const {
@@ -106,15 +140,15 @@ std::int32_t AccesserResource::add(const DataResource& resource) {
     DOMElement* entry = createElement("data");
     setAttribute(entry, "id", zelkova::numberToText(numbered.getNo()));
     xml::writeFields(entry, numbered);
-    appendNode(rootNamed(rootName), entry);
-    entries_.emplace(numbered.getNo(), entry);
+    change(numbered.getNo(), entry);
     setMaxId(numbered.getNo());
     return numbered.getNo();
 }
 
 int AccesserResource::update(std::int32_t number, const DataResource& resource) {
-    DOMElement* entry = find(number);
-    if (!entry) return 0;
+    const DOMElement* before = find(number);
+    if (!before) return 0;
+    auto* entry = static_cast<DOMElement*>(before->cloneNode(true));
     const std::string unset = record::toText(-1);
     for (const Field<DataResource>& field : DataResource::fields()) {
         const std::string text = record::textOf(resource, field);
@@ -125,15 +159,13 @@ int AccesserResource::update(std::int32_t number, const DataResource& resource) 
         else
             xml::writePlace(entry, field.element, text);
     }
+    change(number, entry);
     return 1;
 }
 
 int AccesserResource::remove(std::int32_t number) {
-    const auto entry = entries_.find(number);
-    if (entry == entries_.end()) return 0;
-    DOMNode* root = entry->second->getParentNode();
-    root->removeChild(entry->second)->release();
-    entries_.erase(entry);
+    if (!find(number)) return 0;
+    change(number, nullptr);
     return 1;
 }
 

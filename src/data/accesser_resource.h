@@ -23,6 +23,9 @@ public:
     // 1, or 0 when nothing is open, the file could not be replaced, or somebody else's changes in it are to
     // be kept; the file is then as it was and the changes are still in memory.
     int commit();
+    // Takes back what add, update and remove did since the last commit that gave 1, or since open(): the
+    // entries are those of then, in their places. Numbers that were given stay given.
+    void rollback();
     // Asked before commit() takes the place of what somebody else has written into the file since it was read
     // or written here. Without a question, and when the answer is false, that stays.
     void setOverwriteQuestion(std::function<bool(const std::string& path)> question) {
@@ -54,11 +57,23 @@ public:
                                      std::int32_t fileType) const;
 
 private:
+    // An entry that was changed, as it stood before.
+    struct Change {
+        std::int32_t number;
+        xercesc::DOMElement* before; // out of the document; none for a new entry
+        xercesc::DOMNode* next;      // what followed it
+    };
+
     xercesc::DOMElement* find(std::int32_t number) const;
+    // `entry` takes the place of the number's entry, or of a new one behind all others; without one the
+    // number's entry goes. What stood there is not lost before the next commit.
+    void change(std::int32_t number, xercesc::DOMElement* entry);
+    void setEntry(std::int32_t number, xercesc::DOMElement* entry);
 
     bool opened_ = false;
     std::string stylesheet_;
     std::function<bool(const std::string& path)> mayOverwrite_;
     std::int32_t maxId_ = 0; // the highest number given, or found in an entry; never below 0
     std::map<std::int32_t, xercesc::DOMElement*> entries_; // the first of each number
+    std::vector<Change> changes_;                          // since the file was as the memory
 };

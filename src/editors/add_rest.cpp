@@ -7,7 +7,7 @@
 namespace {
 
 // A group is what a failing disk or the end of the power can take.
-constexpr std::size_t filesPerWriting = 50;
+constexpr int filesPerWriting = 50;
 
 } // namespace
 
@@ -35,17 +35,16 @@ bool AddRest::step() {
         return false;
     }
     ++added_;
-    unwritten_.push_back(number);
+    ++unwritten_;
     index_.note(number);
-    return unwritten_.size() < filesPerWriting || finish();
+    return unwritten_ < filesPerWriting || finish();
 }
 
 bool AddRest::finish() {
-    const std::vector<int> numbers = std::exchange(unwritten_, {});
-    if (numbers.empty() || catalogue_.commit()) return true;
-    for (const int number : numbers)
-        catalogue_.remove(number);
-    added_ -= static_cast<int>(numbers.size());
+    const int songs = std::exchange(unwritten_, 0);
+    if (songs == 0 || catalogue_.commit()) return true;
+    catalogue_.rollback();
+    added_ -= songs;
     next_ = files_.size();
     return false;
 }

@@ -36,6 +36,6 @@ private:
     std::size_t next_ = 0;
     int added_ = 0, known_ = 0;
     std::vector<std::string> failed_;
-    std::vector<int> unwritten_; // entries that are in memory only
+    int unwritten_ = 0; // of the added, those in memory only
     zelkova::Media media_;
 };

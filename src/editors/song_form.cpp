@@ -81,18 +81,11 @@ CheckedRange checkRange(const RangeText& typed, std::optional<int> limit) {
 }
 
 int storeSong(AccesserResource& catalogue, int number, const DataResource& song) {
-    DataResource before;
-    const bool isNew = number < 0;
-    if (!isNew && !catalogue.get(number, before)) return 0;
-    if (isNew)
+    if (number < 0)
         number = catalogue.add(song);
-    else
-        catalogue.update(number, song);
-    if (number == 0) return 0;
-    if (catalogue.commit()) return number;
-    if (isNew)
-        catalogue.remove(number);
-    else
-        catalogue.update(number, before);
+    else if (catalogue.update(number, song) == 0)
+        return 0;
+    if (number != 0 && catalogue.commit()) return number;
+    catalogue.rollback();
     return 0;
 }

@@ -268,6 +268,47 @@ TEST_F(CatalogueFile, AsksBeforeItReplacesSomebodyElsesChanges) {
     EXPECT_EQ(asked.size(), 2u);
 }
 
+TEST_F(CatalogueFile, TakesBackWhatWasChangedSinceTheLastCommit) {
+    AccesserResource catalogue;
+    fill(catalogue, 4);
+    ASSERT_EQ(catalogue.commit(), 1);
+    const auto before = platform::readFile(path);
+    const auto titles = [&] {
+        std::string all;
+        for (const DataResource& record : catalogue.all())
+            all += std::to_string(record.getNo()) + record.getTitle() + " ";
+        return all;
+    };
+    const std::string titlesBefore = titles();
+    // Neighbours in either order, one entry several times, an entry that comes and goes.
+    catalogue.remove(2);
+    catalogue.update(3, song("改題"));
+    catalogue.update(3, song("再改題"));
+    catalogue.remove(3);
+    catalogue.remove(4);
+    EXPECT_EQ(catalogue.add(song("新曲")), 5);
+    catalogue.update(5, song("新曲・改"));
+    catalogue.remove(5);
+    EXPECT_EQ(catalogue.add(song("新曲二")), 6);
+    catalogue.update(1, song("一番"));
+    catalogue.rollback();
+    EXPECT_EQ(titles(), titlesBefore);
+    catalogue.rollback();
+    EXPECT_EQ(titles(), titlesBefore) << "there is nothing more to take back";
+    EXPECT_EQ(catalogue.add(song("新曲三")), 7) << "numbers are given once";
+    catalogue.rollback();
+    catalogue.setMaxId(4);
+    ASSERT_EQ(catalogue.commit(), 1);
+    EXPECT_EQ(platform::readFile(path), before);
+
+    catalogue.update(1, song("一番"));
+    ASSERT_EQ(catalogue.commit(), 1);
+    catalogue.rollback();
+    DataResource kept;
+    ASSERT_EQ(catalogue.get(1, kept), 1);
+    EXPECT_EQ(kept.getTitle(), "一番") << "what is written stays";
+}
+
 TEST(XmlDom, ReadsTheTextThatWasSetWhateverStoodThere) {
     const TemporaryFolder folder;
     const std::string path = folder.file("x.xml");

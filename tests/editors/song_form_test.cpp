@@ -165,4 +165,17 @@ TEST(StoreSong, AddsThenUpdatesAndTakesBackWhatTheDiskRefuses) {
     EXPECT_EQ(catalogue.all().front().getTitle(), "改題");
 }
 
+TEST(StoreSong, TakesNumbersBackThatWereNeverSet) {
+    const test_support::TemporaryFolder folder;
+    AccesserResource catalogue;
+    ASSERT_EQ(catalogue.open(folder.file("ResourceData.xml")), 1);
+    const int number = storeSong(catalogue, -1, {});
+    std::filesystem::remove_all(folder.path());
+    EXPECT_EQ(storeSong(catalogue, number, fullSong()), 0);
+    DataResource after;
+    ASSERT_EQ(catalogue.get(number, after), 1);
+    EXPECT_EQ(after.getLength(), -1);
+    EXPECT_EQ(after.getFamous(), -1);
+}
+
 } // namespace
