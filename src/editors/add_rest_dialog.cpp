@@ -33,7 +33,7 @@ public:
 private:
     void open() override {
         platform::setRange(control(idProgress), 0, work_.files());
-        platform::setTimer(window(), idTimer, stepMs);
+        awaitNext();
         show();
     }
 
@@ -43,14 +43,21 @@ private:
         return true;
     }
 
-    // One file for each tick, so that the window is drawn and the button works in between.
+    // One file for each tick, so that the window is drawn and the button works in between. A writing may ask
+    // the host, and ticks go on behind a question: there is none until the step is done.
     bool onMessage(const platform::Message& message) override {
         if (message.id != platform::WM_TIMER || message.wParam != idTimer) return false;
+        platform::killTimer(window(), idTimer);
         written_ = work_.step();
         show();
-        if (work_.isOver()) close();
+        if (work_.isOver())
+            close();
+        else
+            awaitNext();
         return true;
     }
+
+    void awaitNext() { platform::setTimer(window(), idTimer, stepMs); }
 
     void show() {
         platform::setPosition(control(idProgress), work_.done());

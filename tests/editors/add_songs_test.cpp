@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "editors/add_rest.h"
+#include "editors/add_rest_dialog.h"
 #include "editors/catalogue_desk.h"
 #include "editors/confirm_duplicate.h"
 #include "editors/dialogcontrollist.h"
@@ -148,6 +149,49 @@ TEST_F(AddSongs, WhatWasAddedStaysWhenTheRestIsStopped) {
     });
     add(files);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("a", "b", "c"));
+}
+
+// Time goes on behind the question whether somebody else's catalogue may be replaced.
+TEST_F(AddSongs, TheRestWaitsForTheAnswerToAQuestion) {
+    std::vector<std::string> files{file("first.mp3")};
+    for (int i = 0; i < 55; ++i)
+        files.push_back(file(std::to_string(i) + ".mp3", 1000));
+    int questions = 0;
+    host().accesserResource.setOverwriteQuestion([&](const std::string&) {
+        ++questions;
+        clock.advance(1000);
+        return questions > 1;
+    });
+    expectEditor(files[0], {idTakeRest});
+    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+        AccesserResource other;
+        ASSERT_EQ(other.open(folder.file("ResourceData.xml")), 1);
+        other.add({});
+        ASSERT_EQ(other.commit(), 1);
+        clock.advance(490);
+        EXPECT_EQ(platform::getText({dialog, idRestCount}), "49／55曲");
+        expectMessage(script, 3000004);
+        expectMessage(script, 2000028);
+        clock.advance(1000);
+    });
+    add(files);
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(host().accesserResource.all().size(), 1u);
+
+    // Answered with yes, the work goes on with the file after.
+    const std::vector<std::string> rest(files.begin() + 1, files.end());
+    FileIndex index(host().accesserResource);
+    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+        clock.advance(500);
+        EXPECT_EQ(questions, 2);
+        EXPECT_EQ(platform::getText({dialog, idRestCount}), "50／55曲");
+        expectMessage(script, 2000028);
+        clock.advance(1000);
+    });
+    dlgAddRest({}, index, rest);
+    EXPECT_THAT(script.faults(), IsEmpty());
+    EXPECT_EQ(questions, 2);
+    EXPECT_EQ(titlesOnDisk().size(), 56u);
 }
 
 TEST_F(AddSongs, TheRestEndsWhereTheDiskRefuses) {
