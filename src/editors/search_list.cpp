@@ -208,7 +208,8 @@ private:
         forgetFile(view.getHwnd(), row);
     }
 
-    // The rows whose songs could be removed leave the list, those behind the first that could not stay.
+    // The rows whose songs could be removed leave the list, those behind the first that could not stay. When
+    // the file cannot be written, catalogue and list are as before.
     void removeSelected() {
         ViewResource view = list();
         std::vector<int> rows = platform::listSelectedRows(view.getHwnd());
@@ -216,9 +217,14 @@ private:
         const auto refused = std::ranges::find_if(
             rows, [&](int row) { return !catalogue().remove(view.getNumber(row, ViewResource::number)); });
         rows.erase(refused, rows.end());
+        if (rows.empty()) return;
+        if (!catalogue().commit()) {
+            catalogue().rollback();
+            zelkova::reportMessage(window(), notStored, {});
+            return;
+        }
         view.deleteItems(rows);
         followSelection();
-        if (!catalogue().commit()) zelkova::reportMessage(window(), notStored, {});
     }
 
     bool confirmed() const {

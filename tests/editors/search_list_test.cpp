@@ -419,15 +419,33 @@ TEST_F(SearchList, RemovingStopsAtTheFirstSongThatIsNotThere) {
     EXPECT_THAT(titlesOnDisk(), ElementsAre("夏は来ぬ", "ふるさと"));
 }
 
-TEST_F(SearchList, TellsWhenTheDiskRefuses) {
+TEST_F(SearchList, KeepsTheSongsWhenTheDiskRefuses) {
     run(SearchListMode::All, [&](WindowHandle dialog) {
         std::filesystem::remove_all(folder.path());
-        driver::select({dialog, idList}, 0);
+        driver::select({dialog, idList}, 1);
+        driver::pressKey(dialog, "Shift+Down");
         expectRemovalQuestion(true);
         expectMessage(script, 3000004);
         driver::click({dialog, idRemove});
+        EXPECT_EQ(shown(dialog), "1,2,3,4");
+        EXPECT_TRUE(platform::isEnabled({dialog, idRemove})) << "still selected, for another try";
         driver::click({dialog, idOk});
     });
+    EXPECT_EQ(stored(2).getTitle(), "花");
+    std::filesystem::create_directory(folder.path());
+    ASSERT_EQ(host().accesserResource.commit(), 1);
+    EXPECT_THAT(titlesOnDisk(), ElementsAre("荒城の月", "花", "夏は来ぬ", "ふるさと"));
+}
+
+TEST_F(SearchList, WritesNothingWhenNothingWasRemoved) {
+    run(SearchListMode::All, [&](WindowHandle dialog) {
+        host().accesserResource.remove(1);
+        driver::select({dialog, idList}, 0);
+        expectRemovalQuestion(true);
+        driver::click({dialog, idRemove});
+        driver::click({dialog, idOk});
+    });
+    EXPECT_EQ(titlesOnDisk().size(), 4u);
 }
 
 TEST_F(SearchList, PickingGivesEveryRowInTheOrderShown) {
