@@ -158,8 +158,10 @@ private:
         selectGenre(form.genre);
         for (int type = 1; type <= types; ++type)
             platform::setChecked(control(idType1 + type - 1), type == form.type);
-        undated_ = form.releaseDate.year == 0;
-        platform::setDateTime(control(idReleaseDate), undated_ ? platform::getLocalTime() : form.releaseDate);
+        // What the picker cannot show leaves it at today.
+        platform::setDateTime(control(idReleaseDate), platform::getLocalTime());
+        platform::setDateTime(control(idReleaseDate), form.releaseDate);
+        datePicked_ = no_ == newEntry;
         player_.show(form.ranges);
     }
 
@@ -179,9 +181,10 @@ private:
         form.genre = platform::getText(control(idGenre));
         for (int type = 1; type <= types; ++type)
             if (platform::isChecked(control(idType1 + type - 1))) form.type = type;
-        // The picker shows today for a song without a date, which stays without one until it is picked.
-        if (!undated_ || datePicked_)
-            form.releaseDate = platform::getDateTime(control(idReleaseDate)).value_or(platform::SystemTime());
+        // Not every stored date can be shown; until another one is picked it stays as it is.
+        form.releaseDate = stored_.getReleaseDate();
+        if (datePicked_)
+            form.releaseDate = platform::getDateTime(control(idReleaseDate)).value_or(form.releaseDate);
         form.ranges = player_.ranges();
         return form;
     }
@@ -222,7 +225,7 @@ private:
     const BatchPlace place_;
     SamplePlayer player_;
     bool changed_ = false;
-    bool undated_ = false, datePicked_ = false;
+    bool datePicked_ = false; // the date to store is the picker's
 };
 
 } // namespace

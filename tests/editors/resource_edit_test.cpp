@@ -176,16 +176,17 @@ TEST_F(ResourceEdit, AnyChangeOfAFieldIsSomethingToStore) {
         },
     };
     int example = 0;
-    for (const auto& change : changes)
+    for (const auto& change : changes) {
+        SCOPED_TRACE(example++);
         EXPECT_EQ(edit(number,
                        [&] {
                            EXPECT_FALSE(live(idApply));
                            change();
-                           EXPECT_TRUE(live(idApply)) << example;
+                           EXPECT_TRUE(live(idApply));
                            driver::closeBox(dialog);
                        }),
-                  resourceEditClosed)
-            << example++;
+                  resourceEditClosed);
+    }
     const std::string before = stored(number).toString(",");
     edit(number, [&] {
         driver::slide(at(idVolume), 10);
@@ -508,6 +509,20 @@ TEST_F(ResourceEdit, ASongKeepsWhatTheFieldsCannotShow) {
         click(idOk);
     });
     EXPECT_EQ(stored(number).getReleaseDate().year, 2012);
+
+    constexpr platform::SystemTime noDates[] = {
+        {2011, 2, 0, 31, 0, 0, 0, 0}, {2011, 0, 0, 0, 0, 0, 0, 0}, {1600, 1, 0, 1, 0, 0, 0, 0}};
+    for (const platform::SystemTime& date : noDates) {
+        song.setReleaseDate(date);
+        ASSERT_EQ(host().accesserResource.update(number, song), 1);
+        const platform::SystemTime before = stored(number).getReleaseDate();
+        edit(number, [&] {
+            type(idTitle, "題" + std::to_string(date.year) + std::to_string(date.day));
+            click(idOk);
+        });
+        EXPECT_EQ(stored(number).getReleaseDate(), before)
+            << date.year << "/" << date.month << "/" << date.day;
+    }
 }
 
 TEST_F(ResourceEdit, OneOfSeveralFilesSaysWhereItStandsAndCanEndThem) {
