@@ -21,7 +21,7 @@ std::string openersName(const std::string& target) {
     const std::string path = nativePath(target.substr(0, place)).string();
     if (place == std::string::npos) return path;
     QUrl url = QUrl::fromLocalFile(QString::fromStdString(path));
-    url.setFragment(QString::fromLatin1(target.c_str() + place + 1));
+    url.setFragment(QString::fromStdString(sjisToUtf8(target.substr(place + 1))));
     return url.toString(QUrl::FullyEncoded).toStdString();
 }
 

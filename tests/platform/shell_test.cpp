@@ -75,6 +75,7 @@ TEST_F(Shell, HandsPathsAndPlacesInPagesOver) {
         {page, page},
         {folder.path().string() + "\\A B.HTML", page},
         {page + "#C3000021", "file://" + folder.path().string() + "/a%20b.html#C3000021"},
+        {page + "#表", "file://" + folder.path().string() + "/a%20b.html#%E8%A1%A8"},
         {odd, odd},
     };
     for (const auto& [target, handedOver] : rows) {
