@@ -1,5 +1,7 @@
 #include "documents/zip_entries.h"
 
+#include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <ctime>
 #include <filesystem>
@@ -32,6 +34,16 @@ void takeTime(const fs::path& path, ZipHeader& entry) {
     entry.second = local->tm_sec;
 }
 
+// What a killed program leaves behind of a file that it was replacing: the file's name, a dot, and six
+// letters or digits.
+bool isLeftover(const fs::path& file) {
+    const std::string letters = file.extension().string();
+    const auto plain = [](unsigned char byte) { return byte < 0x80 && std::isalnum(byte); };
+    std::error_code failure;
+    return letters.size() == 7 && std::all_of(letters.begin() + 1, letters.end(), plain) &&
+           fs::is_regular_file(file.parent_path() / file.stem(), failure);
+}
+
 void collect(const std::string& path, const fs::path& leftOut, std::vector<ZipHeader>& entries) {
     const fs::path native = platform::nativePath(path);
     std::error_code failure;
@@ -39,7 +51,7 @@ void collect(const std::string& path, const fs::path& leftOut, std::vector<ZipHe
     ZipHeader entry;
     entry.name = path;
     if (fs::is_regular_file(status)) {
-        if (fs::equivalent(native, leftOut, failure)) return;
+        if (fs::equivalent(native, leftOut, failure) || isLeftover(native)) return;
         const std::uintmax_t size = fs::file_size(native, failure);
         if (failure) return;
         takeTime(native, entry);

@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <ios>
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +20,7 @@
 
 namespace ZIPFile {
 
-// `Input` reads a file as std::ifstream does: made from a path and a mode, with read, gcount and a test
+// `Input` reads a file as std::ifstream does: made from a path and a mode, with read, gcount, bad and a test
 // whether it is open.
 template <class Input>
 class ZIPFileEnc {
@@ -39,10 +41,30 @@ public:
     };
 
     // Packs the entries, in their order, and puts the archive in the place of an earlier one as a whole. An
-    // entry whose file cannot be read any more is left out. False, and nothing is written, when none is left.
-    // Throws a `const char*`: "encode: file is not open." when the archive cannot be written, "encode:
-    // archive is too large." beyond 65535 entries or 4 GiB; an earlier archive stays.
+    // entry whose file is gone since is left out. False, and nothing is written, when none is left.
+    // Throws a `const char*`: "encode: file is not open." when the archive cannot be written or a file that
+    // is there cannot be read, "encode: archive is too large." beyond 65535 entries, 4 GiB or what there is
+    // memory for; an earlier archive stays.
     bool encode(std::vector<ZipHeader> entries, const std::string& outputPath) {
+        try {
+            if (!build(entries)) return false;
+        } catch (const std::bad_alloc&) {
+            throw tooLarge;
+        } catch (const std::length_error&) {
+            throw tooLarge;
+        }
+        if (!platform::replaceFile(outputPath, archive_)) throw notOpen;
+        return true;
+    }
+
+private:
+    static constexpr std::size_t blockLimit = 0x7FFE;
+    static constexpr std::uint32_t largest = 0xFFFFFFFF; // bytes in a file
+    static constexpr const char* notOpen = "encode: file is not open.";
+    static constexpr const char* tooLarge = "encode: archive is too large.";
+
+    // Whether the archive holds anything.
+    bool build(std::vector<ZipHeader>& entries) {
         archive_.clear();
         directory_.clear();
         written_ = 0;
@@ -54,14 +76,8 @@ public:
         ZIPFileHeader::ZIPHeadEnc::endRecord(written_, directory_.size(), archive_.size(), end);
         archive_ += directory_;
         append(archive_, end);
-        if (!platform::replaceFile(outputPath, archive_)) throw "encode: file is not open.";
         return true;
     }
-
-private:
-    static constexpr std::size_t blockLimit = 0x7FFE;
-    static constexpr std::uint32_t largest = 0xFFFFFFFF; // bytes in a file
-    static constexpr const char* tooLarge = "encode: archive is too large.";
 
     void add(ZipHeader& entry) {
         const std::string path = entry.name;
@@ -91,7 +107,10 @@ private:
     // The file may have changed since it was listed: sizes and checksum are those of what is read here.
     static std::optional<std::string> readAll(const std::string& path) {
         Input input(platform::nativePath(path), std::ios::binary);
-        if (!input) return std::nullopt;
+        if (!input) {
+            if (platform::pathExists(path)) throw notOpen;
+            return std::nullopt;
+        }
         std::string content;
         std::string block(65536, '\0');
         do {
@@ -99,6 +118,7 @@ private:
             content.append(block, 0, static_cast<std::size_t>(input.gcount()));
             if (content.size() > largest) throw tooLarge;
         } while (input.gcount() > 0);
+        if (input.bad()) throw notOpen;
         return content;
     }
 

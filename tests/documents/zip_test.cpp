@@ -195,6 +195,46 @@ TEST_F(Zip, IsSoundWhenFilesChangeMeanwhile) {
     EXPECT_EQ(read[1].content, "s");
 }
 
+// A file that is there and cannot be opened, whoever runs this.
+struct LockedFile : std::ifstream {
+    LockedFile(const fs::path&, std::ios::openmode) { setstate(std::ios::failbit); }
+};
+// One that breaks off.
+struct BadFile : std::ifstream {
+    BadFile(const fs::path&, std::ios::openmode mode) { open("/proc/self/mem", mode); }
+};
+struct HugeFile : std::ifstream {
+    HugeFile(const fs::path&, std::ios::openmode) { throw std::bad_alloc(); }
+};
+struct EndlessFile : std::ifstream {
+    EndlessFile(const fs::path&, std::ios::openmode) { throw std::length_error("too long"); }
+};
+
+TEST_F(Zip, IsNotMadeWithoutAFileThatIsThere) {
+    put("a.txt", "a");
+    std::ofstream(archive()) << "earlier";
+    const auto entries = ZIPFile::collectEntries(work(), archive());
+    const auto thrown = [&](auto encoder) -> std::string {
+        try {
+            encoder.encode(entries, archive());
+        } catch (const char* message) {
+            return message;
+        }
+        return "";
+    };
+    EXPECT_EQ(thrown(ZIPFile::ZIPFileEnc<LockedFile>()), "encode: file is not open.");
+    EXPECT_EQ(thrown(ZIPFile::ZIPFileEnc<BadFile>()), "encode: file is not open.");
+    EXPECT_EQ(thrown(ZIPFile::ZIPFileEnc<HugeFile>()), "encode: archive is too large.");
+    EXPECT_EQ(thrown(ZIPFile::ZIPFileEnc<EndlessFile>()), "encode: archive is too large.");
+    EXPECT_EQ(platform::readFile(archive()), "earlier");
+}
+
+TEST_F(Zip, LeavesOutWhatAKilledProgramLeftBehind) {
+    for (const char* name : {"content.xml", "content.xml.aB3dE9", "content.xml.backups", "other.aB3dE9"})
+        put(name, "x");
+    EXPECT_THAT(names(packed()), ElementsAre("content.xml", "content.xml.backups", "other.aB3dE9"));
+}
+
 TEST_F(Zip, RefusesWhatTheFormatCannotTell) {
     const auto thrown = [](auto call) -> std::string {
         try {
