@@ -167,7 +167,7 @@ TEST_F(Dialogs, AWordProcessorThatCannotBeRunIsTold) {
         {office.file("nowhere"),
          "「WORD実行ファイル」のプログラムを実行できません。(" + office.file("nowhere") + ")"},
         {dying, "(" + dying + ")"},
-        {dying, "賞状は作成してあります。(" + document + ")"},
+        {dying, "ファイルはここにあります。(" + document + ")"},
     };
     for (const auto& [program, says] : rows) {
         SCOPED_TRACE(says);
