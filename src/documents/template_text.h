@@ -9,8 +9,9 @@
 #include "foundation/data_pairs.h"
 
 // Makes or replaces the output: the master with every %Key% of it replaced by the pair's value, line by line,
-// each line closed by a line feed. Every pair must have its placeholder in the master. With a fault the
-// output stays as it was.
+// each line closed by a line feed. A master that lacks the placeholder of a pair is refused, as one that
+// lacks an element is: what the host typed there would not be on the page. With a fault the output stays as
+// it was.
 std::optional<DocumentFault> expandTemplate(const std::string& masterPath, const std::string& outputPath,
                                             const zelkova::DataPairsList& pairs);
 
