@@ -33,6 +33,7 @@ DocumentFault documentNotMade(const std::string& path) {
 }
 
 std::optional<DocumentFault> openInEditor(const std::string& path) {
+    if (!zelkova::fileExists(path)) return std::nullopt;
     const std::string lock = zelkova::getFolder(path) + "/.~lock." + zelkova::getFileName(path) + "#";
     if (!zelkova::fileExists(lock)) return std::nullopt;
     DocumentFault result = fault(openElsewhere, path);

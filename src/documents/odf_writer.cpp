@@ -1,5 +1,6 @@
 #include "documents/odf_writer.h"
 
+#include <fstream>
 #include <span>
 
 #include <xercesc/dom/DOM.hpp>
@@ -13,10 +14,20 @@ using namespace xercesc;
 
 namespace {
 
+constexpr char contentMember[] = "content.xml";
+constexpr char manifest[] = "META-INF/manifest.xml";
 // Without these an editor takes the archive for a broken one.
-constexpr const char* requiredMembers[] = {"mimetype", "META-INF/manifest.xml", "styles.xml"};
+constexpr const char* requiredMembers[] = {"mimetype", manifest, "styles.xml"};
 
-// An element as a message names it: with the attribute that tells it from its neighbours.
+// What tells an element from its neighbours; "" when nothing does.
+std::string ownName(const DOMNode* element) {
+    std::string value;
+    for (const char* name : {"draw:name", "table:name", "table:style-name"})
+        if (value.empty()) value = XmlDom::getNodeValue(XmlDom::findAttribute(element, name));
+    return value;
+}
+
+// An element as a message names it.
 std::string described(std::string_view name, std::string_view value) {
     return std::string(name) + (value.empty() ? "" : "[" + std::string(value) + "]");
 }
@@ -37,10 +48,13 @@ std::vector<DOMElement*> OdfWriter::childrenNamed(const DOMElement* parent, std:
 
 void OdfWriter::lacks(const DOMNode* parent, std::string_view what) {
     if (!lacking_.empty()) return;
-    std::string value;
-    for (const char* name : {"draw:name", "table:name", "table:style-name"})
-        if (value.empty()) value = attributeOf(parent, name);
-    lacking_ = described(getNodeName(parent), value) + "/" + std::string(what);
+    std::string path(what);
+    for (const DOMNode* node = parent; node; node = node->getParentNode()) {
+        const std::string name = ownName(node);
+        path = described(getNodeName(node), name) + "/" + path;
+        if (node == parent || !name.empty()) lacking_ = path;
+        if (!name.empty()) return;
+    }
 }
 
 DOMElement* OdfWriter::requireChild(const DOMNode* parent, std::string_view name) {
@@ -84,18 +98,40 @@ DOMElement* OdfWriter::openText() {
     return requireChild(requireChild(root, "office:body"), "office:text");
 }
 
-std::optional<DocumentFault> OdfWriter::missingMember() const {
+std::optional<DocumentFault> OdfWriter::unusable(const std::string& member, bool mayBeEmpty) const {
+    const std::string path = workDirectory_ + "/" + member;
+    if (!platform::pathExists(path)) return masterLacks(workDirectory_, member);
+    if (platform::isFile(path)) {
+        std::ifstream file(platform::nativePath(path), std::ios::binary);
+        const bool readable = file && (file.peek() != std::ifstream::traits_type::eof() || mayBeEmpty);
+        if (readable && !file.bad()) return std::nullopt;
+    }
+    return masterUnreadable(path, "");
+}
+
+std::optional<DocumentFault> OdfWriter::unusableMember() const {
     for (const char* member : requiredMembers)
-        if (!platform::pathExists(workDirectory_ + "/" + member)) return masterLacks(workDirectory_, member);
+        if (auto fault = unusable(member, false)) return fault;
+    XmlDom list;
+    const std::string path = workDirectory_ + "/" + manifest;
+    if (list.parse(path) != 0) return masterUnreadable(path, list.loadError());
+    const DOMElement* const root = findChild(list.getCurrentNode(), "manifest:manifest");
+    if (!root) return masterLacks(path, "manifest:manifest");
+    for (const DOMElement* entry : childrenNamed(root, "manifest:file-entry")) {
+        const std::string member = attributeOf(entry, "manifest:full-path");
+        // A name that ends so is a folder's; the content is still to be written.
+        if (member.empty() || member.ends_with("/") || member == contentMember) continue;
+        if (auto fault = unusable(member, true)) return fault;
+    }
     return std::nullopt;
 }
 
 std::optional<DocumentFault> OdfWriter::finish(const std::string& outputPath) {
     if (!loadError().empty()) return masterUnreadable(sourcePath_, loadError());
     if (!lacking_.empty()) return masterLacks(sourcePath_, lacking_);
-    if (auto missing = missingMember()) return missing;
+    if (auto fault = unusableMember()) return fault;
     if (auto open = openInEditor(outputPath)) return open;
-    const std::string content = workDirectory_ + "/content.xml";
+    const std::string content = workDirectory_ + "/" + contentMember;
     const bool written = writeTo(content, "UTF-8") == 1;
     releaseParser();
     if (!written) return documentNotMade(content);

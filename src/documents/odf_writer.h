@@ -31,7 +31,8 @@ protected:
     // Overwrites the text node that the element begins with. Runs of blanks, tabs and line ends get the
     // elements that keep them on the page.
     void setText(const xercesc::DOMElement* element, std::string_view text);
-    // For what is not found by these.
+    // For what is not found by these. The message names it by the way from the nearest element above it that
+    // has a name of its own, or else from its parent.
     void lacks(const xercesc::DOMNode* parent, std::string_view what);
 
     // All child elements of that name; none for a null parent.
@@ -40,7 +41,10 @@ protected:
     static std::string attributeOf(const xercesc::DOMNode* element, std::string_view name);
 
 private:
-    std::optional<DocumentFault> missingMember() const;
+    // Whether a file of the folder is not there or cannot be read.
+    std::optional<DocumentFault> unusable(const std::string& member, bool mayBeEmpty) const;
+    // The first such among those that every document needs and those that the folder's manifest names.
+    std::optional<DocumentFault> unusableMember() const;
 
     std::string sourcePath_, workDirectory_;
     std::string lacking_; // "" while the master has all that was asked for

@@ -1,12 +1,19 @@
 // The two documents: against written examples, with texts of every kind, and where something is lacking.
 
+#include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 #include <gmock/gmock.h>
 
+#include <xercesc/dom/DOM.hpp>
+
+#include "data/xml_dom.h"
 #include "documents/kanji_number.h"
 #include "documents/office.h"
+#include "documents/zip_reader.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -17,6 +24,7 @@ using namespace documents_tests;
 using testing::Contains;
 using testing::ContainsRegex;
 using testing::Each;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -41,6 +49,31 @@ protected:
         ASSERT_NE(at, std::string::npos) << from;
         text.replace(at, platform::sjisToUtf8(from).size(), platform::sjisToUtf8(to));
         ASSERT_TRUE(platform::replaceFile(office.file(name), text));
+    }
+
+    // As the form's radio buttons tell them; the label is also the value.
+    std::vector<std::string> namesOfPictures() const {
+        const std::string content = office.file("content.xml");
+        platform::replaceFile(content, memberOf(office.form(), "content.xml"));
+        XmlDom reader;
+        EXPECT_EQ(reader.parse(content), 0) << reader.loadError();
+        const auto* form =
+            reader.select("office:document-content/office:body/office:text/office:forms/form:form");
+        const auto valueOf = [](const xercesc::DOMNode* node, const char* attribute) {
+            return XmlDom::getNodeValue(XmlDom::findAttribute(node, attribute));
+        };
+        std::vector<std::string> names;
+        for (const auto* radio = form->getFirstChild(); radio; radio = radio->getNextSibling()) {
+            if (XmlDom::getNodeName(radio) != "form:radio") continue;
+            names.push_back(valueOf(radio, "form:label"));
+            const xercesc::DOMElement* properties = XmlDom::findChild(radio, "form:properties");
+            for (const auto* property = properties->getFirstElementChild(); property;
+                 property = property->getNextElementSibling())
+                if (valueOf(property, "form:property-name") == "SecondaryRefValue") {
+                    EXPECT_EQ(valueOf(property, "office:string-value"), names.back());
+                }
+        }
+        return names;
     }
 
     Office office;
@@ -124,15 +157,15 @@ TEST_F(Documents, RowsAndSpacingFollowTheNumberOfPictures) {
 TEST_F(Documents, TakeAnyText) {
     const struct {
         std::string text, comesBack;
+        std::optional<std::string> inAttribute = std::nullopt; // where that differs
     } cases[] = {
         {"", ""},
         {"<b>&amp;\"%Order%'</b>]]>", "<b>&amp;\"%Order%'</b>]]>"},
-        {"上\n下\r\n", "上\n下\n"},
+        {"上\n下\r\n", "上\n下\n", "上\n下\r\n"}, // an attribute keeps even the kind of line end
         {"  J.   Doe 一", "  J.   Doe 一"}, // half-width blanks, which the format would take for one or none
         {"上\t 下\n  中", "上\t 下\n  中"},
         {"鐘\x01\x1b音", "鐘  音"},
         {"①～－㈱髙表ソｶﾅ\\", "①～－㈱髙表ソｶﾅ\\"},
-        {"\x81", "〓"}, // half a character
         {"\xFC\xFC", "〓"},
         {std::string(10000, 'x'), std::string(10000, 'x')},
     };
@@ -142,9 +175,7 @@ TEST_F(Documents, TakeAnyText) {
         certificate.setOrder(c.text + "優");
         certificate.setPublisher(c.text);
         ASSERT_FALSE(office.makeCertificate(certificate));
-        if (c.text.size() != 1) {
-            EXPECT_THAT(textsOf(office.certificate()), Contains(c.comesBack + "優"));
-        }
+        EXPECT_THAT(textsOf(office.certificate()), Contains(c.comesBack + "優"));
         if (!c.text.empty()) {
             EXPECT_THAT(textsOf(office.certificate()), Contains(c.comesBack));
         }
@@ -154,11 +185,26 @@ TEST_F(Documents, TakeAnyText) {
         names.add("0", c.text);
         regist.setImageList(names);
         ASSERT_FALSE(office.makeForm(regist));
-        EXPECT_EQ(countOf(memberOf(office.form(), "content.xml"), "<form:radio"), 1u);
-        if (c.text.size() != 1) {
-            EXPECT_THAT(textsOf(office.form()), Contains(c.comesBack + "館"));
-        }
+        EXPECT_THAT(namesOfPictures(), ElementsAre(c.inAttribute.value_or(c.comesBack)));
+        EXPECT_THAT(textsOf(office.form()), Contains(c.comesBack + "館"));
     }
+}
+
+// It must not take the letter behind it for its other half.
+TEST_F(Documents, ShowHalfACharacterAsAMark) {
+    DataCertificate certificate = certificateOf("山田");
+    certificate.setPublisher("\x81");
+    ASSERT_FALSE(office.makeCertificate(certificate));
+    EXPECT_THAT(textsOf(office.certificate()), Contains("〓"));
+    DataUserRegist regist = registOf(0);
+    regist.setPlace("館\x81");
+    zelkova::DataPairsList names;
+    names.add("0", "\x81");
+    names.add("1", "赤");
+    regist.setImageList(names);
+    ASSERT_FALSE(office.makeForm(regist));
+    EXPECT_THAT(textsOf(office.form()), Contains("館〓"));
+    EXPECT_THAT(namesOfPictures(), ElementsAre("〓", "赤"));
 }
 
 TEST_F(Documents, NameWhatTheirMasterLacks) {
@@ -171,10 +217,10 @@ TEST_F(Documents, NameWhatTheirMasterLacks) {
             {"office:text>", "office:other>", "office:body/office:text"},
             {"draw:name=\"本文\"", "draw:name=\"本\"", "text:p/draw:frame[本文]"},
             {"draw:name=\"順位\"><draw:text-box>", "draw:name=\"順位\"><draw:text-box/><draw:text-box>",
-             "draw:text-box/text:p"},
-            {"<text:p>a<", "<text:p><", "text:p/text()"},
-            {"<text:span>d</text:span>", "d", "text:p/text:span"},
-            {"\"T4\"", "\"T5\"", "text:p/text:span[T4]"},
+             "draw:frame[順位]/draw:text-box/text:p"},
+            {"<text:p>a<", "<text:p><", "draw:frame[順位]/draw:text-box/text:p/text()"},
+            {"<text:span>d</text:span>", "d", "draw:frame[受賞日]/draw:text-box/text:p/text:span"},
+            {"\"T4\"", "\"T5\"", "draw:frame[発行者]/draw:text-box/text:p/text:span[T4]"},
         },
       form[] = {
           {"<form:form/>", "", "office:forms/form:form"},
@@ -236,6 +282,8 @@ TEST_F(Documents, AnOpenDocumentIsLeftAlone) {
     EXPECT_EQ(platform::readFile(office.certificate()), earlier);
     EXPECT_EQ(platform::readFile(office.file("tmp/certificateWork/content.xml")), content);
     EXPECT_FALSE(office.makeForm(registOf(1))) << "another document";
+    fs::remove(office.certificate());
+    EXPECT_FALSE(office.makeCertificate(certificateOf("後"))) << "nobody has open what is not there";
     fs::remove(lock);
     EXPECT_FALSE(office.makeCertificate(certificateOf("後")));
 }
@@ -264,6 +312,48 @@ TEST_F(Documents, AWorkFolderThatCannotBeUsedLeavesTheEarlierDocument) {
     expectFault(4000014, "ELEMENT", "mimetype");
 }
 
+// An editor would take what is left of the document for a broken one, or show it without its styles.
+TEST_F(Documents, AMemberThatCannotBeReadIsTold) {
+    std::string earlier;
+    const auto make = [&] {
+        ASSERT_FALSE(office.makeCertificate(certificateOf("前")));
+        earlier = platform::readFile(office.certificate()).value();
+    };
+    make();
+    const std::string work = office.file("tmp/certificateWork/");
+    const auto expectUnreadable = [&](const std::string& member) {
+        const auto fault = office.makeCertificate(certificateOf("後"));
+        ASSERT_TRUE(fault) << member;
+        EXPECT_EQ(fault->code, 4000016);
+        EXPECT_EQ(fault->pairs.getValue("FILE"), work + member);
+        EXPECT_EQ(platform::readFile(office.certificate()), earlier);
+    };
+    for (const std::string member : {"mimetype", "META-INF/manifest.xml", "styles.xml", "meta.xml"}) {
+        const std::string content = platform::readFile(work + member).value();
+        const bool needed = member != "meta.xml"; // others need only be what their manifest says: files
+        fs::resize_file(work + member, 0);
+        if (needed)
+            expectUnreadable(member);
+        else
+            make();
+        fs::remove(work + member);
+        fs::create_directory(work + member);
+        expectUnreadable(member);
+        fs::remove(work + member);
+        fs::create_symlink("/proc/self/mem", work + member); // opens for everybody, and gives nothing
+        expectUnreadable(member);
+        fs::remove(work + member);
+        EXPECT_EQ(office.makeCertificate(certificateOf("後")).value().pairs.getValue("ELEMENT"), member);
+        ASSERT_TRUE(platform::replaceFile(work + member, content));
+        make();
+    }
+    platform::replaceFile(work + "META-INF/manifest.xml", "<manifest");
+    expectUnreadable("META-INF/manifest.xml");
+    platform::replaceFile(work + "META-INF/manifest.xml", "<other/>");
+    EXPECT_EQ(office.makeCertificate(certificateOf("後")).value().pairs.getValue("ELEMENT"),
+              "manifest:manifest");
+}
+
 TEST_F(Documents, AnOutputThatCannotBeWrittenIsTold) {
     fs::create_directories(office.certificate() + "/in the way");
     testing::internal::CaptureStdout();
@@ -277,11 +367,19 @@ TEST_F(Documents, AnOutputThatCannotBeWrittenIsTold) {
 
 TEST_F(Documents, ALargePictureIsPacked) {
     fs::create_directories(office.file("tmp/certificateWork/Pictures"));
-    const std::string picture = office.file("tmp/certificateWork/Pictures/p.bmp");
-    std::ofstream(picture, std::ios::binary).put('B');
-    fs::resize_file(picture, 50 << 20);
+    std::string picture(std::size_t{50} << 20, '\0');
+    std::mt19937_64 random(1);
+    for (std::size_t at = 0; at < picture.size(); at += sizeof(std::uint64_t)) {
+        const std::uint64_t noise = random();
+        std::memcpy(picture.data() + at, &noise, sizeof noise);
+    }
+    ASSERT_TRUE(platform::replaceFile(office.file("tmp/certificateWork/Pictures/p.bmp"), picture));
     ASSERT_FALSE(office.makeCertificate(certificateOf("山田")));
-    EXPECT_EQ(memberOf(office.certificate(), "Pictures/p.bmp").size(), std::size_t{50} << 20);
+    const auto entries = readArchive(platform::readFile(office.certificate()).value());
+    const auto entry = std::ranges::find(entries, "Pictures/p.bmp", &ReadEntry::name);
+    ASSERT_NE(entry, entries.end());
+    EXPECT_EQ(entry->method, 0) << "noise cannot be made smaller";
+    EXPECT_TRUE(entry->content == picture);
 }
 
 } // namespace
