@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/data_application.h"
-#include "documents/document_files.h"
+#include "documents/document_fault.h"
 #include "foundation/dialog.h"
 
 class DocumentDialog : public zelkova::Dialog {

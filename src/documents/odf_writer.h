@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "data/xml_dom.h"
-#include "documents/document_files.h"
+#include "documents/document_fault.h"
 
 class OdfWriter : public XmlDom {
 public:

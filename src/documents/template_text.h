@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "documents/document_files.h"
+#include "documents/document_fault.h"
 #include "foundation/data_pairs.h"
 
 // Makes or replaces the output: the master with every %Key% of it replaced by the pair's value, line by line,

@@ -7,7 +7,7 @@
 
 #include "documents/data_certificate.h"
 #include "documents/data_user_regist.h"
-#include "documents/document_files.h"
+#include "documents/document_fault.h"
 #include "support/temporary_folder.h"
 
 namespace documents_tests {

@@ -1,4 +1,4 @@
-#include "documents/document_files.h"
+#include "documents/document_fault.h"
 
 #include "foundation/path.h"
 
