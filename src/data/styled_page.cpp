@@ -46,13 +46,25 @@ xmlDoc* parse(const std::string& path) {
                          XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
 }
 
-// The address of a stylesheet or of a file that it names as a path; "" for what is on no disk.
-std::string pathOf(const std::string& address) {
+// The path that an address means; "" for what is on no disk. "%" may be part of a name, or stand for one.
+fs::path pathOf(const std::string& address, const fs::path& folder) {
     if (address.find("://") != std::string::npos && !address.starts_with("file://")) return {};
-    const std::string path = address.starts_with("file://") ? address.substr(7) : address;
-    const std::unique_ptr<char, void (*)(void*)> plain(xmlURIUnescapeString(path.c_str(), 0, nullptr),
+    const std::string plain = address.starts_with("file://") ? address.substr(7) : address;
+    const fs::path path = (folder / plain).lexically_normal();
+    if (fs::is_regular_file(path)) return path;
+    const std::unique_ptr<char, void (*)(void*)> meant(xmlURIUnescapeString(plain.c_str(), 0, nullptr),
                                                        xmlFree);
-    return plain ? plain.get() : path;
+    return meant ? (folder / meant.get()).lexically_normal() : path;
+}
+
+// The stylesheet that the file in `folder` names, wherever it is now; as it is named when it is nowhere.
+fs::path findSheet(const std::string& named, const fs::path& folder, const fs::path& sheetFolder) {
+    const fs::path told = pathOf(named, folder);
+    if (told.empty() || fs::is_regular_file(told)) return told;
+    const std::string name = named.substr(named.find_last_of("/\\") + 1); // npos + 1 is 0
+    for (const fs::path& place : {folder, sheetFolder})
+        if (fs::is_regular_file(place / name)) return place / name;
+    return told;
 }
 
 // The library asks one function of the process for every file; while a page is made it gives those of one
@@ -69,7 +81,7 @@ public:
 
 private:
     static xmlDoc* load(const xmlChar* address, xmlDict*, int, void*, xsltLoadType) {
-        const fs::path path = fs::path(pathOf(text(address))).lexically_normal();
+        const fs::path path = pathOf(text(address), folder_);
         return path.parent_path() == folder_ ? parse(path.string()) : nullptr;
     }
 
@@ -118,7 +130,8 @@ void beSilent(void*, const char*, ...) {}
 
 } // namespace
 
-StyledPage makeStyledPage(const std::string& file, const std::string& page, std::string& reason) {
+StyledPage makeStyledPage(const std::string& file, const std::string& page, const std::string& sheetFolder,
+                          std::string& reason) {
     xsltSetGenericErrorFunc(nullptr, beSilent);
     xmlSetGenericErrorFunc(nullptr, beSilent);
     const fs::path path = platform::nativePath(file);
@@ -126,7 +139,7 @@ StyledPage makeStyledPage(const std::string& file, const std::string& page, std:
     const auto named = document ? stylesheetOf(*document) : std::nullopt;
     if (!named) return StyledPage::NoStylesheet;
 
-    const fs::path sheetPath = (path.parent_path() / pathOf(*named)).lexically_normal();
+    const fs::path sheetPath = findSheet(*named, path.parent_path(), platform::nativePath(sheetFolder));
     const auto fail = [&](const std::string& why) {
         reason = why + " (" + platform::utf8ToSjis(sheetPath.string()) + ")";
         return StyledPage::NotMade;

@@ -1,6 +1,6 @@
 #include "data/styled_page.h"
 
-#include <fstream>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,10 @@ using test_support::TemporaryFolder;
 
 class Page : public testing::Test {
 protected:
-    StyledPage make() { return makeStyledPage(folder.file("file.xml"), folder.file("page.html"), reason); }
+    StyledPage make() {
+        return makeStyledPage(folder.file("file.xml"), folder.file("page.html"), folder.file("sheets"),
+                              reason);
+    }
     void write(const std::string& name, const std::string& text) const {
         ASSERT_TRUE(platform::replaceFile(folder.file(name), text));
     }
@@ -84,6 +87,31 @@ TEST_F(Page, ReadsNothingButTheStylesheetsFolder) {
     writeSheet("<xsl:copy-of select='/root'/>");
     make();
     EXPECT_EQ(zelkova::findText(page(), "秘密"), zelkova::npos);
+}
+
+TEST_F(Page, FindsTheStylesheetOfAFileThatHasMoved) {
+    ASSERT_TRUE(platform::makeFolder(folder.file("sheets")));
+    for (const char* named :
+         {"C:\\quiz\\cnf\\sheet.xsl", "file:///C:/quiz/cnf/sheet.xsl", "/old/tree/sheet.xsl"}) {
+        writeFile(named, "");
+        EXPECT_EQ(make(), StyledPage::NotMade) << named;
+        writeSheet("原本");
+        ASSERT_TRUE(platform::replaceFile(folder.file("sheets/sheet.xsl"),
+                                          platform::readFile(folder.file("sheet.xsl")).value()));
+        std::filesystem::remove(folder.path() / "sheet.xsl");
+        EXPECT_EQ(make(), StyledPage::Made) << named << reason;
+        writeSheet("隣");
+        EXPECT_EQ(make(), StyledPage::Made) << named << reason;
+        EXPECT_NE(zelkova::findText(page(), "隣"), zelkova::npos) << "the one beside the file goes first";
+        std::filesystem::remove(folder.path() / "sheet.xsl");
+        std::filesystem::remove(folder.path() / "sheets/sheet.xsl");
+    }
+
+    ASSERT_TRUE(platform::makeFolder(folder.file("p%41")));
+    writeSheet("名前");
+    std::filesystem::rename(folder.path() / "sheet.xsl", folder.path() / "p%41/sheet.xsl");
+    writeFile(folder.file("p%41/sheet.xsl"), "");
+    EXPECT_EQ(make(), StyledPage::Made) << reason;
 }
 
 TEST_F(Page, IsNotMadeWithoutAUsableStylesheet) {

@@ -46,7 +46,7 @@ void openAsPage(const std::string& file) {
     const std::string page = folder + name + ".html";
     zelkova::DataPairsList pairs;
     std::string reason;
-    switch (makeStyledPage(file, page, reason)) {
+    switch (makeStyledPage(file, page, host().modulePath + "../cnf", reason)) {
     case StyledPage::Made:
         open(page);
         return;
