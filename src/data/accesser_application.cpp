@@ -65,3 +65,8 @@ int AccesserApplication::save(const std::string& path, const DataApplication& se
     write(*document->getDocumentElement(), settings);
     return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
 }
+
+std::string catalogueInUse(const DataApplication& settings, const std::string& usual) {
+    const std::string& named = settings.getResourceFileName();
+    return named.empty() || !platform::pathExists(named) ? usual : named;
+}

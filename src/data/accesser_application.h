@@ -14,6 +14,9 @@ public:
     virtual void write(xercesc::DOMElement& root, const DataApplication& settings);
 };
 
+// The catalogue that the settings name, or `usual` where they name none that is there.
+std::string catalogueInUse(const DataApplication& settings, const std::string& usual);
+
 // Both halves.
 class AccesserApplication : public AccesserFundamental {
 public:

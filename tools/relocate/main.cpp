@@ -1,7 +1,7 @@
 // kdl-relocate <music folder>
 // Points the songs of the catalogue whose files are missing to the files of the same name in the folder. The
-// catalogue is that of the settings, as the host program uses it; the host must not be running. The old
-// catalogue stays beside it as ResourceData.xml.bak.
+// catalogue is that of the settings, as the host program uses it; the host must not be running. The catalogue
+// as it was before the first relocation stays beside it as ResourceData.xml.bak.
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,11 +20,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string catalogueFile() {
+// None, and told, when there are settings that cannot be read: they may name another catalogue.
+std::optional<std::string> catalogueFile() {
+    const std::string file = zelkova::normalizePath("../cnf/Config.xml");
     DataApplication settings;
-    AccesserApplication().load(zelkova::normalizePath("../cnf/Config.xml"), settings);
-    const std::string wanted = settings.getResourceFileName();
-    return zelkova::normalizePath(wanted.empty() ? "../cnf/ResourceData.xml" : wanted);
+    AccesserApplication accesser;
+    if (platform::pathExists(file) && !accesser.load(file, settings)) {
+        std::fprintf(stderr, "%s: %s\n", platform::sjisToUtf8(file).c_str(),
+                     platform::sjisToUtf8(accesser.loadError()).c_str());
+        return std::nullopt;
+    }
+    return zelkova::normalizePath(catalogueInUse(settings, "../cnf/ResourceData.xml"));
 }
 
 void print(const char* what, const std::vector<std::string>& paths) {
@@ -38,10 +44,11 @@ int relocate(const fs::path& folder) {
         std::fprintf(stderr, "%s: no such folder, or its name has no place in Shift-JIS\n", folder.c_str());
         return EXIT_FAILURE;
     }
-    const std::string file = catalogueFile();
+    const std::optional<std::string> file = catalogueFile();
+    if (!file) return EXIT_FAILURE;
     AccesserResource catalogue;
-    if (!platform::isFile(file) || !catalogue.open(file)) {
-        std::fprintf(stderr, "%s: no catalogue. %s\n", platform::sjisToUtf8(file).c_str(),
+    if (!platform::isFile(*file) || !catalogue.open(*file)) {
+        std::fprintf(stderr, "%s: no catalogue. %s\n", platform::sjisToUtf8(*file).c_str(),
                      platform::sjisToUtf8(catalogue.loadError()).c_str());
         return EXIT_FAILURE;
     }
@@ -49,9 +56,9 @@ int relocate(const fs::path& folder) {
     print("missing", result.unknown);
     print("several files of that name", result.unclear);
     if (result.relocated > 0) {
-        const fs::path native = platform::nativePath(file);
+        const fs::path native = platform::nativePath(*file);
         std::error_code failure;
-        fs::copy_file(native, native.native() + ".bak", fs::copy_options::overwrite_existing, failure);
+        fs::copy_file(native, native.native() + ".bak", fs::copy_options::skip_existing, failure);
         if (failure || !catalogue.commit()) {
             std::fprintf(stderr, "%s: cannot be written; nothing has changed\n", native.c_str());
             return EXIT_FAILURE;
@@ -65,7 +72,7 @@ int relocate(const fs::path& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
+    if (argc != 2 || argv[1][0] == '-') {
         std::fprintf(stderr, "usage: %s <music folder>\n", argv[0]);
         return EXIT_FAILURE;
     }

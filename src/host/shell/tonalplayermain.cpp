@@ -125,10 +125,8 @@ void Start::openCatalogue() {
     HostState& state = host();
     state.accesserResource.setStylesheet("ResourceData.xsl");
     state.accesserResource.setOverwriteQuestion(mayOverwrite);
-    const std::string wanted = state.dataApplication.getResourceFileName();
-    if (wanted.empty() || !zelkova::fileExists(wanted))
-        state.dataApplication.setResourceFileName(path("../cnf/ResourceData.xml"));
-    const std::string file = state.dataApplication.getResourceFileName();
+    const std::string file = catalogueInUse(state.dataApplication, path("../cnf/ResourceData.xml"));
+    state.dataApplication.setResourceFileName(file);
     if (!state.accesserResource.open(file))
         problems_.push_back({4000012, file, state.accesserResource.loadError()});
 }
