@@ -1,7 +1,9 @@
 #include "platform/program_tree.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <string_view>
 #include <system_error>
@@ -81,10 +83,19 @@ void copyWithTime(const fs::path& from, const fs::path& to) {
     replacement.finish();
 }
 
+bool haveEqualBytes(const fs::path& one, const fs::path& other) {
+    if (fs::file_size(one) != fs::file_size(other)) return false;
+    std::ifstream a(one, std::ios::binary), b(other, std::ios::binary);
+    using Bytes = std::istreambuf_iterator<char>;
+    return a && b && std::equal(Bytes(a), Bytes(), Bytes(b));
+}
+
 void followFile(const fs::path& from, const fs::path& to, const std::string& path, Stamps& stamps) {
     const Stamp shipped = stampOf(from);
     if (fs::exists(to)) {
         const auto came = stamps.find(path);
+        // A start that was cut off has left files, but no record of them.
+        if (came == stamps.end() && haveEqualBytes(from, to)) stamps[path] = stampOf(to);
         const bool untouched = came != stamps.end() && came->second == stampOf(to);
         if (!untouched || came->second == shipped) return;
     }

@@ -57,6 +57,17 @@ TEST(ProgramTree, FollowsWhatIsShippedButKeepsWhatWasChanged) {
     }
 }
 
+TEST(ProgramTree, GoesOnAfterAStartThatWasCutOff) {
+    const TemporaryFolder folder;
+    const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
+    write(shipped / "cnf/a.xml", "texts 1");
+    write(own / "cnf/a.xml", "texts 1"); // came, but was not recorded
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    ship(shipped / "cnf/a.xml", "texts 2");
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    EXPECT_EQ(read(own / "cnf/a.xml"), "texts 2");
+}
+
 TEST(ProgramTree, TellsWhatStandsInTheWayAndGoesOn) {
     const TemporaryFolder folder;
     const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
