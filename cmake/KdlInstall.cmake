@@ -10,7 +10,7 @@ install(FILES resources/icons/ICO_INTRO_SERVER.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME kdl.svg)
 install(FILES resources/icons/ICO_INTRO_SERVER.png
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/64x64/apps RENAME kdl.png)
-install(FILES packaging/copyright README.md README.ja.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES packaging/copyright README.md README.ja.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)
@@ -31,6 +31,6 @@ set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "gstreamer1.0-plugins-base, gstreamer1.0-plugins-good, gstreamer1.0-plugins-bad, gstreamer1.0-plugins-ugly, \
-gstreamer1.0-libav, timgm6mb-soundfont, fonts-ipafont-gothic, fonts-ipafont-mincho, qt6-qpa-plugins")
+gstreamer1.0-libav, gstreamer1.0-alsa, timgm6mb-soundfont, fonts-ipafont-gothic, fonts-ipafont-mincho, qt6-qpa-plugins")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libreoffice-writer, xdg-utils, qt6-translations-l10n")
 include(CPack)
