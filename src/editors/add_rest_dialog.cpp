@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editors/add_rest.h"
+#include "editors/song_form.h"
 #include "foundation/dialog.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
@@ -21,7 +22,7 @@ enum : int {
     idTimer = 3505,
 };
 
-enum : int { storingFailed = 3000004, whatWasAdded = 2000028 };
+enum : int { whatWasAdded = 2000028 };
 constexpr unsigned stepMs = 10;
 constexpr std::size_t mostNames = 20; // in a message
 

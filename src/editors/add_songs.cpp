@@ -4,11 +4,10 @@
 #include "editors/confirm_duplicate.h"
 #include "editors/file_index.h"
 #include "editors/resource_edit.h"
+#include "editors/song_form.h"
 #include "host/state/host_state.h"
 
 namespace {
-
-enum : int { newEntry = -1 };
 
 // One choice of files; the index is made for all of them.
 class AddSongs {

@@ -37,9 +37,8 @@ enum : int {
     idStopBatch = 3268,
 };
 
-enum : int { newEntry = -1 };
 enum : unsigned { msgUnreadable = platform::WM_USER + 1 };
-enum : int { storingFailed = 3000004, fileUnreadable = 4000008 };
+enum : int { fileUnreadable = 4000008 };
 
 struct Text {
     int id;
@@ -69,6 +68,8 @@ private:
         platform::show(control(idBatch), place_.files > 1);
         platform::setText(control(idBatchText), zelkova::numberToText(place_.file) + "／" +
                                                     zelkova::numberToText(place_.files) + "曲目");
+        for (const int id : {idFamous, idDeficalt})
+            platform::setDigitsOnly(control(id));
         player_.open(window());
         const bool isNew = no_ == newEntry;
         showNumber();
@@ -153,8 +154,7 @@ private:
     }
 
     void show(const SongForm& form) {
-        for (const Text& field : texts)
-            platform::setText(control(field.id), form.*field.text);
+        showTexts(form);
         selectGenre(form.genre);
         for (int type = 1; type <= types; ++type)
             platform::setChecked(control(idType1 + type - 1), type == form.type);
@@ -162,6 +162,11 @@ private:
         platform::setDateTime(control(idReleaseDate), platform::getLocalTime());
         platform::setDateTime(control(idReleaseDate), form.releaseDate);
         datePicked_ = no_ == newEntry;
+    }
+
+    void showTexts(const SongForm& form) {
+        for (const Text& field : texts)
+            platform::setText(control(field.id), form.*field.text);
         player_.show(form.ranges);
     }
 
@@ -209,8 +214,7 @@ private:
         no_ = number;
         host().accesserResource.get(no_, stored_);
         showNumber();
-        platform::setText(control(idTitle), stored_.getTitle());
-        platform::setText(control(idArtist), stored_.getArtist());
+        showTexts(toForm(stored_)); // signs are of full width now, numbers without zeros before them
         setChanged(false);
         return true;
     }

@@ -18,7 +18,7 @@ enum ResourceEditResult : int {
     resourceEditTakeRest = 3,  // stored, and the files behind this one are to be added as they are
 };
 
-// On the entry with that number; with -1 on the file as a new entry. What is stored is in the catalogue and
+// On the entry with that number; with newEntry on the file. What is stored is in the catalogue and
 // on the disk. A number without an entry closes at once.
 int dlgResourceEdit(platform::WindowHandle owner, int no, const std::string& fileName = {},
                     BatchPlace place = {});

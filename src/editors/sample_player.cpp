@@ -28,6 +28,9 @@ void SamplePlayer::open(platform::WindowHandle dialog) {
     speedBar().setUp(normalSpeed, 0, highestSpeed);
     for (int row = rowWhole; row < sampleRows; ++row)
         platform::setStep(control(sliderOf(row)), lineStep, pageStep);
+    for (int row = rowIntro; row < sampleRows; ++row)
+        for (const RangePart edit : {startEdit, endEdit})
+            platform::setDigitsOnly(control(rangeId(row, edit)));
     platform::setTimer(dialog, idTimer, tickMs);
     refresh();
 }

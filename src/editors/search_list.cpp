@@ -4,6 +4,7 @@
 
 #include "data/labels.h"
 #include "editors/resource_edit.h"
+#include "editors/song_form.h"
 #include "foundation/dialog.h"
 #include "foundation/text.h"
 #include "foundation/views/column_sort.h"
@@ -38,7 +39,7 @@ enum : int {
     idRemove = 3342,
 };
 
-enum : int { askRemove = 2000013, notStored = 3000004, notSorted = 4000009 };
+enum : int { askRemove = 2000013, notSorted = 4000009 };
 
 constexpr int firstNumber = 1, lastNumber = 9999; // that can be searched for
 constexpr int yearsBack = 5;
@@ -220,7 +221,7 @@ private:
         if (rows.empty()) return;
         if (!catalogue().commit()) {
             catalogue().rollback();
-            zelkova::reportMessage(window(), notStored, {});
+            zelkova::reportMessage(window(), storingFailed, {});
             return;
         }
         view.deleteItems(rows);
@@ -234,10 +235,10 @@ private:
 
     std::string shownNumbers() const {
         const ViewResource view = list();
-        std::string numbers;
+        std::vector<int> numbers;
         for (int row = 0; row < view.getItemCount(); ++row)
-            numbers += (row ? "," : "") + view.getText(row, ViewResource::number);
-        return numbers;
+            numbers.push_back(view.getNumber(row, ViewResource::number));
+        return zelkova::joinNumbers(numbers);
     }
 
     platform::RowColors rowColors(int row) const {

@@ -81,7 +81,7 @@ CheckedRange checkRange(const RangeText& typed, std::optional<int> limit) {
 }
 
 int storeSong(AccesserResource& catalogue, int number, const DataResource& song) {
-    if (number < 0)
+    if (number == newEntry)
         number = catalogue.add(song);
     else if (catalogue.update(number, song) == 0)
         return 0;

@@ -39,6 +39,10 @@ struct CheckedRange {
 };
 CheckedRange checkRange(const RangeText& typed, std::optional<int> limit);
 
-// Stores the song under the number, or with -1 as a new entry, and writes the catalogue. The number, or 0
-// when that fails; the catalogue is then as it was.
+constexpr int newEntry = -1; // in place of an entry's number
+// The message of a catalogue that could not be written.
+constexpr int storingFailed = 3000004;
+
+// Stores the song under the number, or as a new entry, and writes the catalogue. The number, or 0 when that
+// fails; the catalogue is then as it was.
 int storeSong(AccesserResource& catalogue, int number, const DataResource& song);

@@ -32,6 +32,8 @@ std::string getToolTip(Control control); // as it is read on the screen
 void setReadOnly(Control control, bool readOnly);
 // At most this many bytes can be typed into an edit.
 void limitText(Control control, int bytes);
+// Nothing but digits can be typed into the edit; those of full width become the plain ones.
+void setDigitsOnly(Control edit);
 
 // Check boxes and radio buttons. Checking a radio button clears its group.
 void setChecked(Control control, bool checked);

@@ -525,6 +525,30 @@ TEST_F(ResourceEdit, ASongKeepsWhatTheFieldsCannotShow) {
     }
 }
 
+TEST_F(ResourceEdit, NumbersAreTypedInDigitsAndShownAsTheyAreStored) {
+    const int number = addSong(file("song.mp3"));
+    edit(number, [&] {
+        for (const int id : {+idFamous, +idDeficalt, intro + rangeStart, intro + rangeEnd, sabi + rangeStart,
+                             sabi + rangeEnd, answer + rangeStart, answer + rangeEnd}) {
+            driver::type(at(id), "-a１2x");
+            EXPECT_EQ(text(id), "12") << id;
+        }
+        type(idFamous, "007");
+        type(idDeficalt, "");
+        type(intro + rangeStart, "010");
+        type(answer + rangeEnd, "");
+        click(idApply);
+        EXPECT_EQ(text(idFamous), "7");
+        EXPECT_EQ(text(idDeficalt), "0");
+        EXPECT_EQ(range(intro), "10-12");
+        EXPECT_EQ(range(answer), "12-0");
+        EXPECT_FALSE(live(idApply));
+        driver::closeBox(dialog);
+    });
+    EXPECT_EQ(stored(number).getFamous(), 7);
+    EXPECT_EQ(stored(number).getIntroStart(), 10);
+}
+
 TEST_F(ResourceEdit, OneOfSeveralFilesSaysWhereItStandsAndCanEndThem) {
     const std::string path = file("song.mp3");
     const BatchPlace place{37, 500};

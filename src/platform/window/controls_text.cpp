@@ -199,6 +199,10 @@ void setReadOnly(Control control, bool readOnly) {
     if (auto* area = widgetOf<QPlainTextEdit>(control)) area->setReadOnly(readOnly);
 }
 
+void setDigitsOnly(Control control) {
+    if (auto* edit = widgetOf<QLineEdit>(control)) EditRule::of(edit)->digitsOnly = true;
+}
+
 void limitText(Control control, int bytes) {
     if (auto* edit = widgetOf<QLineEdit>(control)) EditRule::of(edit)->maxBytes = bytes;
     auto* area = widgetOf<QPlainTextEdit>(control);
