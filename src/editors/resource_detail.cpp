@@ -179,10 +179,10 @@ private:
     void set() { put(source().songAt(source().getSelectedItem()), target().getSelectedItem()); }
 
     void fill() {
-        if (songs_.fillAtRandom(source().songs()))
-            showTarget();
-        else
-            zelkova::showMessage(window(), tooFewSongs);
+        songs_.lookAgain(); // files may be gone, or there again
+        const bool filled = songs_.fillAtRandom(source().songs());
+        showTarget();
+        if (!filled) zelkova::showMessage(window(), tooFewSongs);
     }
 
     void shuffle() {

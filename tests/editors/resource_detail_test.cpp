@@ -1,5 +1,6 @@
 #include "editors/resource_detail.h"
 
+#include <filesystem>
 #include <optional>
 
 #include "data/labels.h"
@@ -227,6 +228,18 @@ TEST_F(ResourceDetail, ButtonsAndMenuChangeTheTarget) {
               }),
               songsMissing);
     EXPECT_EQ(stages[0].getResourceId(), "0,0,0,0");
+}
+
+TEST_F(ResourceDetail, RandomFillLooksForTheFilesAnew) {
+    run([&] {
+        click(idShowAll);
+        backgrounds(idSource); // each file was looked for
+        std::filesystem::remove(folder.file("song.mp3"));
+        expectMessage(script, 3000008);
+        click(idFill);
+        EXPECT_EQ(titles(idTarget), Rows(4));
+        click(idCancel);
+    });
 }
 
 TEST_F(ResourceDetail, RandomFillTakesFreeSongsOfTheSource) {
