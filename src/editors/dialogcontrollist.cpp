@@ -40,14 +40,10 @@ private:
         }
     }
 
-    // Beside the song that was added last.
     void add() {
         platform::FileDialog options = songFileDialog();
         options.multiple = true;
-        DataResource newest;
-        const AccesserResource& catalogue = host().accesserResource;
-        if (catalogue.get(catalogue.getMaxId(), newest))
-            options.startPath = zelkova::getFolder(newest.getFileName()) + "/";
+        options.startPath = folderOfNewestSong(host().accesserResource);
         addSongs(window(), platform::openFileDialog(window(), options));
     }
 };
@@ -56,4 +52,10 @@ private:
 
 void dialogControlList(platform::WindowHandle owner) {
     ControlList().run(owner);
+}
+
+std::string folderOfNewestSong(const AccesserResource& catalogue) {
+    const std::vector<DataResource> songs = catalogue.all();
+    const std::string folder = songs.empty() ? "" : zelkova::getFolder(songs.back().getFileName());
+    return folder.empty() ? "" : folder + "/";
 }

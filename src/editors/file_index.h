@@ -6,7 +6,8 @@
 #include "data/accesser_resource.h"
 
 // Which entry of the catalogue has a file: read from the catalogue once, for as many files as are looked for.
-// Folders are compared by their names alone, and case does not count, as in look-ups on the disk.
+// Folders are compared by their names alone, and case does not count, as in look-ups on the disk; only where
+// the disk has both of two names that differ in it, they are two files.
 class FileIndex {
 public:
     // The catalogue outlives the index.

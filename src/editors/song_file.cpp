@@ -34,7 +34,8 @@ int fileTypeOfName(std::string_view path) {
 
 std::string stemOf(std::string_view path) {
     const std::string name = zelkova::getFileName(path);
-    return name.substr(0, name.size() - extensionOf(name).size());
+    const std::string stem = name.substr(0, name.size() - extensionOf(name).size());
+    return stem.empty() ? name : stem;
 }
 
 platform::FileDialog songFileDialog() {

@@ -20,7 +20,7 @@ struct SongFile {
 // By the extension: what stands behind the last "." of the file name when it holds no blank. A name without
 // one is fileTypeNwav, a name with one that is not known fileTypeUnknown.
 int fileTypeOfName(std::string_view path);
-// The file's name without folder and extension.
+// The file's name without folder and extension; with it when there is nothing before it.
 std::string stemOf(std::string_view path);
 
 // What chooses music files.

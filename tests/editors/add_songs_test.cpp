@@ -239,6 +239,33 @@ TEST_F(AddSongs, TheIndexFollowsTheCatalogue) {
     EXPECT_EQ(index.find("/音楽/曲.mp3"), 3);
 }
 
+TEST_F(AddSongs, FilesThatDifferInCaseAreTwoWhereTheDiskHasBoth) {
+    AccesserResource& catalogue = host().accesserResource;
+    const int small = addSong(file("song.mp3"));
+    const std::string capitals = folder.file("SONG.mp3");
+    EXPECT_EQ(FileIndex(catalogue).find(capitals), small) << "another way to write the one there is";
+    std::filesystem::copy_file(folder.path() / "song.mp3", folder.path() / "SONG.mp3");
+    FileIndex index(catalogue);
+    EXPECT_EQ(index.find(capitals), 0);
+    const int large = addSong(capitals);
+    index.note(large);
+    EXPECT_EQ(index.find(capitals), large);
+    EXPECT_EQ(index.find(folder.file("song.mp3")), small);
+    EXPECT_THAT(index.find(folder.file("Song.mp3")), testing::AnyOf(small, large));
+}
+
+TEST_F(AddSongs, StartsInTheFolderOfTheNewestSongThereIs) {
+    AccesserResource& catalogue = host().accesserResource;
+    EXPECT_EQ(folderOfNewestSong(catalogue), "");
+    addSong("/音楽/一/曲.mp3");
+    const int last = addSong("/音楽/二/曲.mp3");
+    EXPECT_EQ(folderOfNewestSong(catalogue), "/音楽/二/");
+    catalogue.remove(last);
+    EXPECT_EQ(folderOfNewestSong(catalogue), "/音楽/一/");
+    addSong("");
+    EXPECT_EQ(folderOfNewestSong(catalogue), "");
+}
+
 TEST_F(AddSongs, TheLauncherAddsSearchesAndLists) {
     addSong(file("old.mp3"));
     const std::string path = file("new.mp3");

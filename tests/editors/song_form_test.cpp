@@ -27,6 +27,7 @@ TEST(SongFile, NamesANewSong) {
     EXPECT_EQ(stemOf("/音楽/表 (1).mp3"), "表 (1)");
     EXPECT_EQ(stemOf("/音楽/01. 曲名"), "01. 曲名");
     EXPECT_EQ(stemOf("/音楽/曲.a.wav"), "曲.a");
+    EXPECT_EQ(stemOf("/音楽/.mp3"), ".mp3");
     const platform::ManualClock clock({2026, 3, 0, 1, 19, 0, 0, 0});
     const SongForm form = newForm("/音楽/曲.mp3");
     EXPECT_EQ(form.title, "曲");
