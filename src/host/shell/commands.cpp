@@ -19,8 +19,10 @@
 #include "host/shell/version_dialog.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
+#include "host/state/intro_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
+#include "host/state/requests.h"
 #include "host/state/scoring.h"
 #include "platform/files.h"
 #include "platform/shell.h"
@@ -127,14 +129,6 @@ void showTurnRoundPoints() {
                           platform::SystemIcon::Information);
 }
 
-// Puts the songs of the current quest, if any, back into the players.
-void reopenQuest() {
-    HostState& state = host();
-    if (state.curQuestNumber != 0 &&
-        questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
-        initResource();
-}
-
 void showVersion() {
     dlgVersion(host().mainWindow, host().dataApplication);
 }
@@ -146,14 +140,32 @@ void editCatalogue() {
 
 void rebuildPlayers() {
     createPlayers();
-    reopenQuest();
+    HostState& state = host();
+    if (state.curQuestNumber != 0 &&
+        questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
+        initResource();
+}
+
+// No song, timer or request of the show is under way, and none begins without the host.
+bool isShowAtRest() {
+    const HostState& state = host();
+    if (state.vrmStatus != 0) return false;
+    if (state.curQuestNumber == 0 || mayEditQuest()) return true;
+    // The applause at the end goes on by itself, in the player of the effects.
+    return state.kdlState && state.kdlState->is(StateEnd::getInstance()) && !state.effectMedia.isPlaying();
 }
 
 void train() {
+    constexpr int showUnderWay = 3000033;
+    if (!isShowAtRest()) {
+        zelkova::showMessage(host().mainWindow, showUnderWay);
+        return;
+    }
     dlgTrainingMode(host().mainWindow, [](platform::WindowHandle owner, DataSession& session) {
         return dlgPartDetail(owner, StageMode::Training, session);
     });
-    reopenQuest();
+    // The players were lent. The host's edits on the console still hold for the quest.
+    if (!host().dataResourceList.empty()) initResource();
 }
 
 void runPlayer() {
