@@ -5,7 +5,6 @@
 #include "data/data_session.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
-#include "platform/clock.h"
 
 SongPlayer::SongPlayer(platform::WindowHandle window, std::vector<int> numbers) : order_(std::move(numbers)) {
     media_.create(window);
@@ -19,7 +18,7 @@ bool SongPlayer::fits(const DataResource& song) const {
     return resourceFitsSession(song, stage);
 }
 
-void SongPlayer::play() {
+void SongPlayer::play(void (PlayOrder::*next)()) {
     if (order_.isEmpty()) return;
     const int first = order_.currentRow();
     std::vector<bool> refused(static_cast<std::size_t>(order_.rowCount()));
@@ -33,10 +32,13 @@ void SongPlayer::play() {
         const auto row = static_cast<std::size_t>(order_.currentRow());
         if (!refused[row]) --left;
         refused[row] = true;
-        order_.forward();
+        (order_.*next)();
     }
     order_.goTo(first);
     stop();
+    media_.close();
+    song_.clear();
+    span_ = {0, 0};
 }
 
 void SongPlayer::start(const DataResource& song) {
@@ -49,7 +51,7 @@ void SongPlayer::start(const DataResource& song) {
     span_ = playSpan(song, range_, 0);
     seek(static_cast<int>(span_.start));
     elapsedMs_ = 0;
-    lastLook_ = platform::getTickCount();
+    watch_.look();
     playState_ = PlayState::Playing;
 }
 
@@ -90,7 +92,7 @@ void SongPlayer::forward() {
 void SongPlayer::back() {
     if (order_.isEmpty()) return;
     order_.back();
-    play();
+    play(&PlayOrder::back);
 }
 
 void SongPlayer::seek(int place) {
@@ -123,15 +125,15 @@ void SongPlayer::setSpeed(int percent) {
 
 // Up to now, as far as the song was sounding. The ticks alone would not do: they are late under load.
 void SongPlayer::countTime() {
-    const std::uint32_t now = platform::getTickCount();
-    if (media_.isPlaying()) elapsedMs_ += static_cast<int>(now - lastLook_);
-    lastLook_ = now;
+    const int passed = watch_.look();
+    if (media_.isPlaying()) elapsedMs_ += passed;
 }
 
 bool SongPlayer::hasEnded() {
     const int position = media_.getPosition();
-    return position >= toMilliseconds(span_.end, song_.getFileType()) || position >= media_.getEnd() ||
-           (limitMs_ != noLimit && elapsedMs_ >= limitMs_);
+    const int fileEnd = media_.getEnd(); // 0 where the length could not be told
+    return position >= toMilliseconds(span_.end, song_.getFileType()) ||
+           (fileEnd > 0 && position >= fileEnd) || (limitMs_ != noLimit && elapsedMs_ >= limitMs_);
 }
 
 bool SongPlayer::tick() {

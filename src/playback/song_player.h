@@ -1,12 +1,12 @@
 #pragma once
 // The player without its window: plays the songs of a list one after the other, each as the quiz would.
 
-#include <cstdint>
 #include <vector>
 
 #include "data/data_resource.h"
 #include "data/labels.h"
 #include "foundation/media.h"
+#include "foundation/stopwatch.h"
 #include "host/state/play_span.h"
 #include "playback/play_order.h"
 
@@ -24,7 +24,7 @@ public:
 
     void choose(NextRow method) { order_.choose(method); }
     // Where the next songs begin and end. With イントロ and サビ, songs that cannot be played so are passed
-    // over; when there are no others, the player stops.
+    // over, backwards on the way back; when there are no others, the player stops and holds no song.
     void choose(PlayRange range) { range_ = range; }
     // Milliseconds after which a song has been heard enough, or `noLimit`; for the present song too.
     void limitTo(int milliseconds) { limitMs_ = milliseconds; }
@@ -58,7 +58,8 @@ public:
 
 private:
     bool fits(const DataResource& song) const;
-    void play();
+    // The current row or, from there on in the given direction, the first one that can be played.
+    void play(void (PlayOrder::*next)() = &PlayOrder::forward);
     void start(const DataResource& song);
     void applyVolume();
     void countTime();
@@ -73,6 +74,6 @@ private:
     PlayState playState_ = PlayState::Stopped;
     DataResource song_;
     PlaySpan span_{0, 0};
-    int elapsedMs_ = 0;          // that the song has sounded
-    std::uint32_t lastLook_ = 0; // the tick count up to which they are counted
+    int elapsedMs_ = 0; // that the song has sounded
+    zelkova::Stopwatch watch_;
 };

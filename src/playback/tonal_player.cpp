@@ -215,8 +215,6 @@ private:
         platform::setText(control(idTitle), player_->song().getTitle());
         platform::setText(control(idArtist), player_->song().getArtist());
         platform::setText(control(idHistory), player_->order().historyText());
-        platform::setRange(control(idPosition), static_cast<int>(player_->span().start),
-                           static_cast<int>(player_->span().end));
         showPlace();
         const int row = player_->order().currentRow();
         if (row != std::exchange(markedRow_, row) && !keepSelection) {
@@ -235,8 +233,10 @@ private:
         const bool stands = player_->state() == PlayState::Stopped;
         const std::string clock = clockText(stands ? 0 : player_->position(), player_->end());
         if (clock != std::exchange(clock_, clock)) platform::setText(control(idClock), clock);
-        if (!platform::isHeld(control(idPosition)))
-            platform::setPosition(control(idPosition), stands ? 0 : player_->place());
+        if (platform::isHeld(control(idPosition))) return;
+        platform::setRange(control(idPosition), static_cast<int>(player_->span().start),
+                           static_cast<int>(player_->span().end));
+        platform::setPosition(control(idPosition), stands ? 0 : player_->place());
     }
 
     platform::RowColors colorsOf(int row) const {

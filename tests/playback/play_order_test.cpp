@@ -1,7 +1,6 @@
 #include "playback/play_order.h"
 
 #include <map>
-#include <numeric>
 #include <set>
 
 #include <gtest/gtest.h>

@@ -1,14 +1,13 @@
 #include "playback/song_player.h"
 
-#include <cstdlib>
 #include <filesystem>
-#include <numeric>
 #include <optional>
 #include <set>
 
 #include "host/state/host_state.h"
 #include "playback/clock_text.h"
 #include "playback/jukebox.h"
+#include "support/test_sounds.h"
 
 namespace {
 
@@ -263,6 +262,43 @@ TEST_F(SongPlayerTest, SongsThatDoNotFitArePassedOver) {
     }
 }
 
+TEST_F(SongPlayerTest, OnTheWayBackSongsArePassedOverBackwards) {
+    addSongs(6);
+    for (const int number : {3, 4}) {
+        DataResource changed;
+        host().accesserResource.get(number, changed);
+        changed.setSabiEnd(changed.getSabiStart());
+        host().accesserResource.update(number, changed);
+    }
+    start().choose(rangeSabi);
+    player->playRow(4);
+    player->back();
+    EXPECT_EQ(row(), 1);
+    player->forward();
+    EXPECT_EQ(row(), 4);
+
+    player->choose(rangeStart);
+    for (const int way : {5, 2, 3, 0})
+        player->playRow(way);
+    player->choose(NextRow::Random);
+    player->choose(rangeSabi);
+    player->back(); // along the history, past 3 and 2
+    EXPECT_EQ(row(), 5);
+    EXPECT_EQ(player->order().historyText(), "5←2←5←6");
+}
+
+TEST_F(SongPlayerTest, AnUnmeasuredEndIsNoEnd) {
+    addSongs(2);
+    test_support::writeSilence(file("1.mp3"), 0); // opens, and tells no length
+    start().limitTo(1000);
+    player->playRow(0);
+    ASSERT_EQ(player->end(), 0);
+    pass(990);
+    EXPECT_EQ(row(), 0);
+    pass(10);
+    EXPECT_EQ(row(), 1);
+}
+
 TEST_F(SongPlayerTest, FittingNoneItStops) {
     addSongs(5);
     for (int number = 1; number <= 5; ++number) {
@@ -280,6 +316,9 @@ TEST_F(SongPlayerTest, FittingNoneItStops) {
         pass(20'000); // to the song's own end
         EXPECT_EQ(player->state(), PlayState::Stopped);
         EXPECT_EQ(sound.playing(file("3.mp3")), 0);
+        EXPECT_EQ(player->song().getTitle(), "");
+        EXPECT_EQ(player->span().end, 0);
+        EXPECT_EQ(player->end(), 0);
     }
     EXPECT_EQ(row(), 2);
 }

@@ -316,6 +316,25 @@ TEST_F(TonalPlayer, SlidersMoveTheSongItsVolumeAndItsSpeed) {
     });
 }
 
+TEST_F(TonalPlayer, TheSliderIsLeftToTheHandThatHoldsIt) {
+    addSongs(2);
+    run([&] {
+        click(idFromSabi);
+        click(idPlay);
+        driver::holdThumb({dialog, idPosition}, true);
+        driver::slide({dialog, idPosition}, 119);
+        click(idFromIntro);
+        clock.advance(200);
+        EXPECT_EQ(text(idTitle), "曲2");
+        EXPECT_EQ(place(), 119);
+        EXPECT_EQ(platform::getRangeHigh({dialog, idPosition}), 120);
+        driver::holdThumb({dialog, idPosition}, false);
+        clock.advance(10);
+        EXPECT_EQ(platform::getRangeHigh({dialog, idPosition}), 50);
+        EXPECT_LE(place(), 50);
+    });
+}
+
 TEST_F(TonalPlayer, TheKeyboardIsEnough) {
     addSongs(4);
     run([&] {
@@ -378,6 +397,9 @@ TEST_F(TonalPlayer, SongsThatCannotBePlayed) {
         click(idFromIntro);
         click(idForward);
         EXPECT_EQ(icons(), standing);
+        EXPECT_EQ(text(idTitle) + text(idArtist), "") << "there is no song in hand";
+        EXPECT_EQ(text(idClock), "00:00:00/00:00:00");
+        EXPECT_EQ(platform::getRangeHigh({dialog, idPosition}), 0);
         clock.advance(1000);
         EXPECT_EQ(icons(), standing);
     });
