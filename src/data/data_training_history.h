@@ -2,13 +2,13 @@
 // One answer in training mode, kept in memory only.
 
 #include "data/record.h"
+#include "foundation/object.h"
 
-class DataTrainingModeHistory {
+class DataTrainingModeHistory : public zelkova::DataObject {
 public:
-    virtual ~DataTrainingModeHistory() = default;
-
-    virtual void clear() { *this = DataTrainingModeHistory(); }
-    virtual std::string toString(const std::string& separator) const;
+    void clear() override { *this = DataTrainingModeHistory(); }
+    using DataObject::toString;
+    std::string toString(const std::string& separator) const override;
     static std::span<const record::Field<DataTrainingModeHistory>> fields();
 
     KDL_FIELD(std::int32_t, Question, 0);
