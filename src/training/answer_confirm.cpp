@@ -3,7 +3,6 @@
 #include <cstdio>
 
 #include "foundation/dialog.h"
-#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "training/training_answer.h"
 #include "training/training_quests.h"
@@ -27,8 +26,8 @@ std::string choiceText(const DataResource& song) {
 
 class AnswerConfirm : public zelkova::Dialog {
 public:
-    AnswerConfirm(const TrainingRun& run, const SongPlay& first, int& volume)
-        : Dialog("IDD_KDL0902_ANSWER_CONFIRM"), run_(run), first_(first), volume_(volume),
+    AnswerConfirm(const TrainingRun& run, QuestSound& sound, int& volume)
+        : Dialog("IDD_KDL0902_ANSWER_CONFIRM"), run_(run), sound_(sound), volume_(volume),
           asked_(static_cast<int>(run.correctNumbers().size())) {}
 
 private:
@@ -86,23 +85,22 @@ private:
     void decide() {
         const DataApplication& sounds = host().dataApplication;
         const bool right = isRightAnswer(run_.correctNumbers(), given());
-        playEffect(host().effectMedia, right ? sounds.getEfcOk() : sounds.getEfcNg());
+        sound_.playEffect(right ? sounds.getEfcOk() : sounds.getEfcNg());
         if (right) {
-            playEffect(host().bgmMedia, sounds.getEfcApplause());
-            dlgTrainingAnswer(window(), run_, first_, volume_);
+            sound_.playCheer(sounds.getEfcApplause());
+            dlgTrainingAnswer(window(), run_, sound_.firstPlay(), volume_);
         }
         end(right ? 1 : 0);
     }
 
     const TrainingRun& run_;
-    const SongPlay& first_;
+    QuestSound& sound_;
     int& volume_;
     const int asked_; // songs at once
 };
 
 } // namespace
 
-int dlgAnswerConfirm(platform::WindowHandle owner, const TrainingRun& run, const SongPlay& first,
-                     int& volume) {
-    return AnswerConfirm(run, first, volume).run(owner);
+int dlgAnswerConfirm(platform::WindowHandle owner, const TrainingRun& run, QuestSound& sound, int& volume) {
+    return AnswerConfirm(run, sound, volume).run(owner);
 }

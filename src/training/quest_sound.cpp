@@ -1,5 +1,7 @@
 #include "training/quest_sound.h"
 
+#include <utility>
+
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
@@ -7,6 +9,7 @@
 void QuestSound::playJingle(const std::string& file) {
     zelkova::Media& media = host().effectMedia;
     loadSound(media, file);
+    usedEffects_ = inJingle_ = true;
     jingleEnd_ = media.getEnd();
     jinglePlace_ = -1;
     media.play();
@@ -17,7 +20,17 @@ bool QuestSound::isJingleOver() {
 }
 
 void QuestSound::stopJingle() {
-    unloadSound(host().effectMedia);
+    if (std::exchange(inJingle_, false)) unloadSound(host().effectMedia);
+}
+
+void QuestSound::playEffect(const std::string& file) {
+    usedEffects_ = true;
+    ::playEffect(host().effectMedia, file);
+}
+
+void QuestSound::playCheer(const std::string& file) {
+    usedMusic_ = true;
+    ::playEffect(host().bgmMedia, file);
 }
 
 void QuestSound::load(const std::vector<DataResource>& songs, const DataSession& session, int volume) {
@@ -35,6 +48,19 @@ void QuestSound::start() {
 
 void QuestSound::stop() {
     stopSongs();
+}
+
+void QuestSound::reset() {
+    stop();
+    stopJingle();
+    load({}, {}, 0);
+}
+
+void QuestSound::unload() {
+    for (zelkova::Media& media : host().questMedia)
+        unloadSound(media);
+    if (usedEffects_) unloadSound(host().effectMedia);
+    if (usedMusic_) unloadSound(host().bgmMedia);
 }
 
 bool QuestSound::isOver(int elapsedMs) const {

@@ -4,10 +4,10 @@
 #include <optional>
 
 #include "foundation/dialog.h"
+#include "foundation/stopwatch.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "foundation/views/volume_bar.h"
-#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
@@ -23,7 +23,6 @@ using namespace training;
 
 namespace {
 
-constexpr int playTickMs = 50;
 constexpr int leastChoices = 2, startChoices = 4, mostChoices = 10;
 constexpr int startVolume = 50;
 constexpr int tooFewSongs = 3000008;
@@ -35,7 +34,7 @@ struct Timer {
 };
 constexpr Timer timers[] = {
     {timerJingle, idJingleTimer, 500},
-    {timerPlay, idPlayTimer, playTickMs},
+    {timerPlay, idPlayTimer, 50},
     {timerClock, idClockTimer, 100},
 };
 
@@ -57,6 +56,7 @@ private:
     }
 
     bool onCommand(int id) override {
+        countTime();
         switch (id) {
         case idStart:
             startQuest();
@@ -113,14 +113,15 @@ private:
     }
 
     void leave() {
-        for (zelkova::Media& media : host().questMedia)
-            unloadSound(media);
-        unloadSound(host().effectMedia);
-        unloadSound(host().bgmMedia);
+        sound_.unload();
         applyMasterVolume(host().masterVolume);
     }
 
+    // Up to now, before the phase changes. The ticks alone would not do: they are late under load.
+    void countTime() { run_.passTime(watch_.look()); }
+
     void onTick(platform::WParam timer) {
+        countTime();
         switch (timer) {
         case idJingleTimer:
             if (!sound_.isJingleOver()) return;
@@ -132,7 +133,6 @@ private:
             onPlayTick();
             break;
         case idClockTimer:
-            run_.tickClock();
             screen_->showTime();
             break;
         default:
@@ -145,7 +145,6 @@ private:
             playSongs();
             return;
         }
-        run_.tickPlay(playTickMs);
         if (sound_.isOver(run_.elapsedMs()))
             halt();
         else
@@ -166,6 +165,7 @@ private:
 
     void playSongs() {
         sound_.start();
+        countTime(); // what the start took is no time of the play
         run_.startSongs();
         follow();
     }
@@ -186,7 +186,7 @@ private:
         run_.giveUp();
         screen_->showRecords();
         follow();
-        playEffect(host().effectMedia, host().dataApplication.getEfcNg());
+        sound_.playEffect(host().dataApplication.getEfcNg());
         dlgTrainingAnswer(window(), run_, sound_.firstPlay(), volume_);
         volumeBar().setUp(volume_);
         goOn();
@@ -203,9 +203,10 @@ private:
         sound_.stop();
         run_.requestAnswer();
         follow();
-        playEffect(host().effectMedia, host().dataApplication.getEfcRequest1());
-        const bool right = dlgAnswerConfirm(window(), run_, sound_.firstPlay(), volume_) == 1;
+        sound_.playEffect(host().dataApplication.getEfcRequest1());
+        const bool right = dlgAnswerConfirm(window(), run_, sound_, volume_) == 1;
         volumeBar().setUp(volume_);
+        countTime();
         run_.answer(right);
         follow();
         if (!right) return;
@@ -218,7 +219,7 @@ private:
         screen_->showQuest();
         follow();
         if (run_.phase() != TrainingPhase::Finished) return;
-        playEffect(host().effectMedia, host().dataApplication.getEfcVectory());
+        sound_.playEffect(host().dataApplication.getEfcVectory());
         dlgTrainingResult(window(), run_.history(), run_.session().getRange());
     }
 
@@ -238,9 +239,7 @@ private:
 
     // New quests, whatever is under way. False when there are too few songs.
     bool prepare() {
-        sound_.stop();
-        sound_.stopJingle();
-        sound_ = {};
+        sound_.reset();
         screen_->showProgress(sound_.progress());
         const bool made = run_.prepare();
         screen_->showQuests();
@@ -282,6 +281,7 @@ private:
     const TrainingSettings& editSettings_;
     TrainingRun run_;
     QuestSound sound_;
+    zelkova::Stopwatch watch_;
     std::optional<TrainingScreen> screen_; // none before the window
     unsigned runningTimers_ = 0;
     int fewestChoices_ = leastChoices;

@@ -26,6 +26,7 @@ std::vector<int> fittingSongs(const AccesserResource& catalogue, const DataSessi
 }
 
 bool makeQuests(std::vector<int> fitting, DataSession& session) {
+    if (session.getQuestNum() <= 0) return false;
     std::string numbers;
     for (int left = session.getQuestNum() * songCount(session); left > 0; --left) {
         if (fitting.empty()) return false;

@@ -10,7 +10,7 @@
 std::vector<int> fittingSongs(const AccesserResource& catalogue, const DataSession& session);
 
 // Draws the songs of all quests from those that fit, none of them twice, into the session's song numbers.
-// False, with the session as it was, when they are too few.
+// False, with the session as it was, when they are too few or there is no quest.
 bool makeQuests(std::vector<int> fitting, DataSession& session);
 
 // The numbers of one quest's songs; quests count from 1. None for a quest that was not drawn.

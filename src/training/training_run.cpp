@@ -29,7 +29,7 @@ const PhaseTraits& traitsOf(TrainingPhase phase) {
 
 bool TrainingRun::prepare() {
     currentQuest_ = 1;
-    answerTenths_ = elapsedMs_ = 0;
+    answerMs_ = elapsedMs_ = 0;
     choices_.clear();
     history_.clear();
     fitting_ = fittingSongs(catalogue_, session_);
@@ -50,9 +50,14 @@ void TrainingRun::endJingle() {
 }
 
 void TrainingRun::startSongs() {
-    if (phase_ == TrainingPhase::Starting) answerTenths_ = 0;
+    if (phase_ == TrainingPhase::Starting) answerMs_ = 0;
     elapsedMs_ = 0;
     phase_ = TrainingPhase::Playing;
+}
+
+void TrainingRun::passTime(int milliseconds) {
+    if (traitsOf(phase_).timers & timerClock) answerMs_ += milliseconds;
+    if (phase_ == TrainingPhase::Playing) elapsedMs_ += milliseconds;
 }
 
 void TrainingRun::halt() {
@@ -67,7 +72,7 @@ void TrainingRun::requestAnswer() {
 
 void TrainingRun::answer(bool right) {
     if (right) {
-        endQuest(firstTry_ ? perfectOutcome : rightOutcome, answerTenths_);
+        endQuest(firstTry_ ? perfectOutcome : rightOutcome, answerTenths());
         return;
     }
     firstTry_ = false;
@@ -75,7 +80,7 @@ void TrainingRun::answer(bool right) {
 }
 
 void TrainingRun::giveUp() {
-    endQuest(wrongOutcome, answerTenths_);
+    endQuest(wrongOutcome, answerTenths());
 }
 
 void TrainingRun::skip() {
@@ -94,7 +99,7 @@ void TrainingRun::endQuest(const Outcome& outcome, int answerTenths) {
         record.setAnswerTime(answerTenths);
         history_.push_back(record);
     }
-    answerTenths_ = elapsedMs_ = 0;
+    answerMs_ = elapsedMs_ = 0;
     phase_ = TrainingPhase::QuestOver;
 }
 

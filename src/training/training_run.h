@@ -55,8 +55,9 @@ public:
     void startQuest(int choiceCount);
     void endJingle();
     void startSongs(); // the clock counts from the first time in a quest
-    void tickPlay(int milliseconds) { elapsedMs_ += milliseconds; }
-    void tickClock() { ++answerTenths_; }
+    // Counts where a clock runs: for the answer while songs play or have stopped, for the play while they
+    // play.
+    void passTime(int milliseconds);
     void halt();
 
     void requestAnswer();
@@ -67,9 +68,9 @@ public:
 
     TrainingPhase phase() const { return phase_; }
     const DataSession& session() const { return session_; }
-    int currentQuest() const { return currentQuest_; } // from 1
-    int answerTenths() const { return answerTenths_; } // tenths of a second
-    int elapsedMs() const { return elapsedMs_; }       // of the present playing
+    int currentQuest() const { return currentQuest_; }   // from 1
+    int answerTenths() const { return answerMs_ / 100; } // tenths of a second
+    int elapsedMs() const { return elapsedMs_; }         // of the present playing
     const std::vector<int>& choices() const { return choices_; }
     const std::vector<DataTrainingModeHistory>& history() const { return history_; }
 
@@ -84,7 +85,7 @@ private:
     TrainingPhase phase_ = TrainingPhase::Opened;
     int currentQuest_ = 1;
     bool firstTry_ = false; // no wrong answer in this quest yet
-    int answerTenths_ = 0;
+    int answerMs_ = 0;
     int elapsedMs_ = 0;
     std::vector<int> fitting_; // songs that may be asked and offered
     std::vector<int> choices_;

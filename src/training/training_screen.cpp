@@ -71,9 +71,7 @@ void TrainingScreen::showRecords() {
 }
 
 void TrainingScreen::showTime() {
-    const int tenths = run_.answerTenths();
-    platform::setText(control(idTime),
-                      zelkova::numberToText(tenths / 10) + "." + zelkova::numberToText(tenths % 10) + " sec");
+    platform::setText(control(idTime), secondsText(run_.answerTenths()) + " sec");
 }
 
 void TrainingScreen::showProgress(SongProgress progress) {

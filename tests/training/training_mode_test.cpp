@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "foundation/text.h"
+#include "host/state/effects.h"
 #include "host/state/play_control.h"
 #include "platform/menu.h"
 #include "platform/sound.h"
@@ -257,7 +258,6 @@ TEST_F(TrainingMode, ChoicesAreReadAtTheStartOfEachQuest) {
 }
 
 TEST_F(TrainingMode, ASongThatDoesNotOpenLetsTheClockRun) {
-    fillCatalogue(host().accesserResource, folder, 12);
     train([&] {
         DataResource song;
         host().accesserResource.get(correct(1)[0], song);
@@ -404,6 +404,46 @@ TEST_F(TrainingMode, ClosingLeavesSilenceAndTheVolumeOfTheShow) {
         EXPECT_EQ(level(), show);
         EXPECT_EQ(host().masterVolume, 30);
     }
+}
+
+TEST_F(TrainingMode, WhatTheHostPlaysGoesOnUntilItsPlayerIsNeeded) {
+    const std::string music = folder.file("music.wav"), bell = folder.file("bell.wav");
+    for (const std::string& file : {music, bell})
+        test_support::writeSilence(file, 60000);
+    playEffect(host().bgmMedia, music);
+    playEffect(host().effectMedia, bell);
+    train([&] {
+        script.expectMessageBox(platform::Answer::Yes);
+        press(idReset);
+    });
+    EXPECT_EQ(sound.playing(music), 1);
+    EXPECT_EQ(sound.playing(bell), 1);
+    train([&] {
+        press(idStart);
+        EXPECT_EQ(sound.playing(bell), 0);
+    });
+    EXPECT_EQ(sound.playing(folder.file("jingle.wav")), 0);
+    EXPECT_EQ(sound.playing(music), 1);
+    train([&] {
+        startSongs();
+        expectAnswer(correct(1));
+        expectDisplay();
+        press(idAnswer);
+        EXPECT_EQ(sound.playing(folder.file("applause.wav")), 1);
+    });
+    EXPECT_EQ(sound.playing(folder.file("applause.wav")), 0);
+}
+
+TEST_F(TrainingMode, PartsOfATickAreNotLost) {
+    train([&] {
+        startSongs();
+        for (int tries = 0; tries < 4; ++tries) {
+            clock.advance(150);
+            expectCancel();
+            press(idAnswer);
+        }
+        EXPECT_EQ(text(idTime), "0.6 sec");
+    });
 }
 
 TEST_F(TrainingMode, TheAnswerDisplayPlaysThePartOfTheFirstSong) {

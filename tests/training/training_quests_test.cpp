@@ -48,6 +48,13 @@ TEST_F(TrainingQuests, OnlySongsThatCanBePlayedFit) {
     EXPECT_THAT(fittingSongs(catalogue, session), IsEmpty());
 }
 
+TEST_F(TrainingQuests, NoQuestsAreNoRun) {
+    for (const int quests : {0, -1}) {
+        DataSession session = settings(quests);
+        EXPECT_FALSE(makeQuests({1, 2, 3}, session)) << quests;
+    }
+}
+
 TEST_F(TrainingQuests, NoSongIsAskedTwice) {
     std::set<std::vector<int>> orders;
     for (int run = 0; run < 50; ++run) {

@@ -20,10 +20,7 @@ protected:
         run.endJingle();
         run.startSongs();
     }
-    static void pass(TrainingRun& run, int tenths) {
-        for (int i = 0; i < tenths; ++i)
-            run.tickClock();
-    }
+    static void pass(TrainingRun& run, int tenths) { run.passTime(tenths * 100); }
     // "1-1 曲3 完全正解 25"
     static std::vector<std::string> lines(const TrainingRun& run) {
         std::vector<std::string> made;
@@ -96,27 +93,53 @@ TEST_F(TrainingRunTest, FewerChoicesThanSongsLeaveTheRightOnes) {
     EXPECT_THAT(run.choices(), UnorderedElementsAreArray(run.correctNumbers()));
 }
 
+TEST_F(TrainingRunTest, TimeCountsWholeHoweverItComes) {
+    DataSession session = settings(1);
+    TrainingRun run(catalogue, session);
+    ASSERT_TRUE(run.prepare());
+    run.startQuest(4);
+    run.passTime(700);
+    run.endJingle();
+    run.passTime(60);
+    run.startSongs();
+    EXPECT_EQ(run.answerTenths(), 0) << "the jingle costs nothing";
+    run.passTime(340); // a late tick
+    run.passTime(50);
+    EXPECT_EQ(run.elapsedMs(), 390);
+    EXPECT_EQ(run.answerTenths(), 3);
+    run.halt();
+    run.passTime(80);
+    EXPECT_EQ(run.answerTenths(), 4) << "remainders are carried";
+    EXPECT_EQ(run.elapsedMs(), 0);
+    run.requestAnswer();
+    run.passTime(5000);
+    run.answer(false);
+    run.passTime(30);
+    EXPECT_EQ(run.answerTenths(), 5) << "nobody is hurried while he answers";
+}
+
 TEST_F(TrainingRunTest, WhatIsPossibleInEachPhase) {
     struct Row {
         TrainingPhase phase;
         const char* status;
-        unsigned actions;
+        unsigned actions, timers;
     };
     constexpr unsigned listening = actionGiveUp | actionSkip | actionAnswer;
     using enum TrainingPhase;
-    const Row rows[] = {{Unprepared, "出題準備", 0},
-                        {Prepared, "出題準備", actionStart | actionSkip},
-                        {NextQuest, "出題中", actionStart | actionSkip},
-                        {Jingle, "出題中", 0},
-                        {Starting, "出題中", 0},
-                        {Playing, "演奏中", listening | actionStop},
-                        {Halted, "出題中", listening | actionReplay},
-                        {Answering, "解答中", 0},
-                        {QuestOver, "出題中", 0},
-                        {Finished, "終了", 0}};
+    const Row rows[] = {{Unprepared, "出題準備", 0, 0},
+                        {Prepared, "出題準備", actionStart | actionSkip, 0},
+                        {NextQuest, "出題中", actionStart | actionSkip, 0},
+                        {Jingle, "出題中", 0, timerJingle},
+                        {Starting, "出題中", 0, timerPlay},
+                        {Playing, "演奏中", listening | actionStop, timerPlay | timerClock},
+                        {Halted, "出題中", listening | actionReplay, timerClock},
+                        {Answering, "解答中", 0, 0},
+                        {QuestOver, "出題中", 0, 0},
+                        {Finished, "終了", 0, 0}};
     for (const Row& row : rows) {
         EXPECT_STREQ(traitsOf(row.phase).status, row.status);
         EXPECT_EQ(traitsOf(row.phase).actions, row.actions) << row.status;
+        EXPECT_EQ(traitsOf(row.phase).timers, row.timers) << row.status;
     }
 }
 

@@ -11,19 +11,21 @@ constexpr zelkova::DataColumn columnTable[] = {
 
 } // namespace
 
+std::string secondsText(int tenths) {
+    return zelkova::numberToText(tenths / 10) + "." + zelkova::numberToText(tenths % 10);
+}
+
 ViewTrainingModeHistory::ViewTrainingModeHistory(platform::WindowHandle list)
     : DataListView(list, columnTable) {}
 
 std::vector<std::string> ViewTrainingModeHistory::cells(const DataTrainingModeHistory& result) {
-    const int tenths = result.getAnswerTime();
-    const std::string seconds = zelkova::numberToText(tenths / 10) + "." + zelkova::numberToText(tenths % 10);
     return {
         zelkova::numberToText(result.getQuestion()),
         zelkova::numberToText(result.getQuestionSub()),
         result.getTitle(),
         result.getArtist(),
         result.getStatus(),
-        result.getStatus().empty() ? "" : seconds,
+        result.getStatus().empty() ? "" : secondsText(result.getAnswerTime()),
     };
 }
 

@@ -4,14 +4,16 @@
 #include "data/data_training_history.h"
 #include "foundation/views/data_list_view.h"
 
+// Tenths of a second as seconds with one decimal: "2.5".
+std::string secondsText(int tenths);
+
 class ViewTrainingModeHistory : public zelkova::DataListView {
 public:
     enum Column : int { question, questionSub, title, artist, status, answerTime };
 
     explicit ViewTrainingModeHistory(platform::WindowHandle list);
 
-    // The answer time is shown in seconds with one decimal; a song without a status has none yet. The new
-    // row's index, -1 when there is no such list.
+    // A song without a status has no answer time yet. The new row's index, -1 when there is no such list.
     int addRow(const DataTrainingModeHistory& result);
     bool updateRow(int index, const DataTrainingModeHistory& result);
 
