@@ -33,6 +33,21 @@ std::string emptySession() {
     return xml::serialise(document.get(), xml::encodingOfNew);
 }
 
+// Into a cleared record.
+void readPart(const DOMElement* element, DataSession& part) {
+    xml::readFields(element, part);
+    std::string numbers;
+    if (xml::readPlace(element, "resourceId", numbers)) part.setResourceId(numbers);
+
+    std::vector<std::int32_t> songs;
+    const DOMElement* list = XmlDom::findChild(element, "resources");
+    for (const DOMElement* song = list ? list->getFirstElementChild() : nullptr; song;
+         song = song->getNextElementSibling())
+        if (XmlDom::getNodeName(song) == "resource")
+            songs.push_back(zelkova::stringToInt(XmlDom::getChildValue(song)));
+    if (!songs.empty()) part.setResources(songs);
+}
+
 } // namespace
 
 void AccesserSession::setStylesheet(const std::string& name) {
@@ -79,18 +94,17 @@ bool AccesserSession::getPart(std::int32_t id, DataSession& part) const {
     part.setResourceId("");
     const auto found = parts_.find(id);
     if (found == parts_.end()) return false;
-    const DOMElement* element = found->second;
-    xml::readFields(element, part);
-    std::string numbers;
-    if (xml::readPlace(element, "resourceId", numbers)) part.setResourceId(numbers);
-
-    std::vector<std::int32_t> songs;
-    const DOMElement* list = findChild(element, "resources");
-    for (const DOMElement* song = list ? list->getFirstElementChild() : nullptr; song;
-         song = song->getNextElementSibling())
-        if (getNodeName(song) == "resource") songs.push_back(zelkova::stringToInt(getChildValue(song)));
-    if (!songs.empty()) part.setResources(songs);
+    readPart(found->second, part);
     return true;
+}
+
+std::vector<DataSession> AccesserSession::allParts() const {
+    std::vector<DataSession> parts;
+    const DOMElement* root = rootNamed(rootName);
+    for (const DOMElement* part = root ? root->getFirstElementChild() : nullptr; part;
+         part = part->getNextElementSibling())
+        if (getNodeName(part) == "part") readPart(part, parts.emplace_back());
+    return parts;
 }
 
 std::vector<std::int32_t> AccesserSession::partNumbers() const {

@@ -25,6 +25,8 @@ public:
     // False, with a cleared record and no songs, when there is no such stage. Stages count from 1.
     bool getPart(std::int32_t id, DataSession& part) const;
     std::vector<std::int32_t> partNumbers() const; // ascending
+    // Every stage in the order of the file, also those whose number is missing, odd or stands twice.
+    std::vector<DataSession> allParts() const;
     // Appends the stage under the next number and answers that number; 0 when nothing is open or no number is
     // left.
     std::int32_t addPart(const DataSession& part);

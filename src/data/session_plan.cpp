@@ -3,7 +3,18 @@
 #include <algorithm>
 #include <limits>
 
-std::optional<SessionPlan> readPlan(AccesserSession& accesser, const std::string& path) {
+namespace {
+
+std::vector<DataSession> playedStages(const AccesserSession& accesser) {
+    std::vector<DataSession> stages;
+    for (const std::int32_t number : accesser.partNumbers())
+        if (number >= 1 && number <= accesser.getMaxPart()) accesser.getPart(number, stages.emplace_back());
+    return stages;
+}
+
+} // namespace
+
+std::optional<SessionPlan> readPlan(AccesserSession& accesser, const std::string& path, PlanStages stages) {
     if (accesser.open(path) == 0) return std::nullopt;
     SessionPlan plan;
     plan.name = accesser.getSessionName();
@@ -11,11 +22,7 @@ std::optional<SessionPlan> readPlan(AccesserSession& accesser, const std::string
     plan.mcVoice = accesser.getMcVoice();
     plan.total = accesser.getTotal();
     plan.maxPart = accesser.getMaxPart();
-    for (const std::int32_t number : accesser.partNumbers()) {
-        if (number < 1 || number > plan.maxPart) continue;
-        DataSession& stage = plan.stages.emplace_back();
-        accesser.getPart(number, stage);
-    }
+    plan.stages = stages == PlanStages::All ? accesser.allParts() : playedStages(accesser);
     accesser.close();
     return plan;
 }

@@ -1,9 +1,18 @@
 #include "editors/session_draft.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "foundation/path.h"
 #include "foundation/text.h"
+
+namespace {
+
+bool isSameStage(const DataSession& one, const DataSession& other) {
+    return one.toString(",") == other.toString(",") && one.getResources() == other.getResources();
+}
+
+} // namespace
 
 std::string firstFreeSessionFile(const std::string& folder) {
     for (int number = 0;; ++number) {
@@ -13,19 +22,48 @@ std::string firstFreeSessionFile(const std::string& folder) {
     }
 }
 
+std::string typedSessionFile(const std::string& typed, const std::string& folder) {
+    std::string path = zelkova::trim(typed);
+    if (path.empty()) return {};
+    if (!path.starts_with('/') && !path.starts_with('\\')) path = folder + "/" + path;
+    if (!zelkova::getFileName(path).empty() && zelkova::getExtension(path).empty()) path += ".xml";
+    return zelkova::getFullPath(path);
+}
+
 bool SessionDraft::choose(const std::string& name, const std::string& path, AccesserSession& accesser) {
-    const std::string wanted = zelkova::normalizePath(path);
-    if (zelkova::fileExists(path) && wanted != loadedPath_) {
-        auto plan = readPlan(accesser, path);
+    // Before the reading: a change that comes in between is found at writing.
+    const auto stamp = platform::fileStamp(path);
+    if (stamp && !isLoaded(path)) {
+        auto plan = readPlan(accesser, path, PlanStages::All);
         if (!plan) return false;
+        loadedStages_ = plan->stages;
         stages = std::move(plan->stages);
         sessionVoice_ = plan->sessionVoice;
         mcVoice_ = plan->mcVoice;
-        loadedPath_ = wanted;
+        loadedPath_ = zelkova::normalizePath(path);
+        loadedStamp_ = stamp;
     }
+    expectedStamp_ = stamp ? loadedStamp_ : std::nullopt;
     sessionName = name;
     filePath = path;
     return true;
+}
+
+bool SessionDraft::isLoaded(const std::string& path) const {
+    if (loadedPath_.empty()) return false;
+    if (zelkova::normalizePath(path) == loadedPath_) return true;
+    const auto stamp = platform::fileStamp(path);
+    return stamp && stamp->isSameFile(*loadedStamp_);
+}
+
+bool SessionDraft::wouldLoseStages(const std::string& path) const {
+    return !stages.empty() && zelkova::fileExists(path) && !isLoaded(path) &&
+           !std::ranges::equal(stages, loadedStages_, isSameStage);
+}
+
+bool SessionDraft::isChangedOnDisk() const {
+    const auto now = platform::fileStamp(filePath);
+    return now && now != expectedStamp_;
 }
 
 bool SessionDraft::move(int stage, int by) {

@@ -5,6 +5,7 @@
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
+#include "host/state/overwrite_question.h"
 #include "host/state/session_folder.h"
 #include "platform/controls.h"
 
@@ -22,7 +23,7 @@ enum : int {
     idFileName = 4403,
 };
 
-constexpr int unreadableSession = 3000012, sessionNotSaved = 4000018;
+constexpr int unreadableSession = 3000012, stagesAreLost = 3000015, sessionNotSaved = 4000018;
 constexpr platform::Color neededRed{255, 0, 0};
 
 // Page 1: the session's name and its file.
@@ -48,17 +49,18 @@ private:
         return code != platform::PSN_WIZNEXT || store();
     }
 
-    std::string text(int id) const { return platform::getText(control(id)); }
+    std::string name() const { return zelkova::trim(platform::getText(control(idName))); }
+    std::string file() const { return typedSessionFile(platform::getText(control(idFile)), sessionFolder()); }
 
     void follow() const {
-        const bool filled = !text(idName).empty() && !text(idFile).empty();
+        const bool filled = !name().empty() && !file().empty();
         platform::setWizardButtons(window(), filled ? platform::PSWIZB_NEXT : 0u);
     }
 
     void browse() const {
         platform::FileDialog options;
         options.title = "名前を付けて保存";
-        options.startPath = text(idFile);
+        options.startPath = file();
         options.filterName = "XML";
         options.pattern = "*.xml";
         options.defaultExtension = "xml";
@@ -67,18 +69,28 @@ private:
         platform::setText(control(idFile), *chosen);
         if (!zelkova::fileExists(*chosen)) return;
         // What cannot be read is told when the host goes on.
-        if (const auto plan = readPlan(host().accesserSession, *chosen))
-            platform::setText(control(idName), zelkova::trim(plan->name));
+        const auto plan = readPlan(host().accesserSession, *chosen);
+        if (const std::string found = plan ? zelkova::trim(plan->name) : ""; !found.empty())
+            platform::setText(control(idName), found);
     }
 
     bool store() const {
         AccesserSession& accesser = host().accesserSession;
-        if (draft_.choose(text(idName), text(idFile), accesser)) return true;
+        const std::string path = file();
+        if (draft_.wouldLoseStages(path) && !mayReplaceStages(path)) return false;
+        if (draft_.choose(name(), path, accesser)) return true;
         zelkova::DataPairsList pairs;
-        pairs.add("SESSION", text(idFile));
+        pairs.add("SESSION", path);
         pairs.add("MESSAGE", accesser.loadError());
         zelkova::reportMessage(window(), unreadableSession, pairs);
         return false;
+    }
+
+    bool mayReplaceStages(const std::string& path) const {
+        zelkova::DataPairsList pairs;
+        pairs.add("FILE", path);
+        return zelkova::showMessage_pairs(window(), stagesAreLost, zelkova::MessageButtons::YesNo, 1,
+                                          pairs) == static_cast<int>(platform::Answer::Yes);
     }
 
     SessionDraft& draft_;
@@ -103,6 +115,7 @@ private:
         const std::string path = draft_.filePath;
         platform::setText(control(idFolderName), zelkova::getFolder(path));
         platform::setText(control(idFileName), zelkova::getFileName(path));
+        if (draft_.isChangedOnDisk() && !mayOverwrite(path)) return false;
         written_ = draft_.write(host().accesserSession, platform::getLocalTime());
         if (written_) return true;
         zelkova::DataPairsList pairs;

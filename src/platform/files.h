@@ -37,6 +37,8 @@ struct FileStamp {
     std::uint64_t device = 0, number = 0, size = 0;
     std::int64_t changed = 0; // nanoseconds
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
+    // The same file, perhaps in another state, and whatever name or link leads to it.
+    bool isSameFile(const FileStamp& other) const { return device == other.device && number == other.number; }
 };
 std::optional<FileStamp> fileStamp(std::string_view path); // none when there is no such file
 

@@ -127,6 +127,41 @@ TEST_F(SessionFile, APlanHasTheStagesUpToTheFilesCount) {
     EXPECT_NE(session.loadError(), "");
 }
 
+TEST_F(SessionFile, AnEditorGetsEveryStageInTheOrderOfTheFile) {
+    AccesserSession session;
+    const auto names = [&](PlanStages wanted) {
+        std::string found;
+        for (const DataSession& stage : readPlan(session, path, wanted).value_or(SessionPlan()).stages)
+            found += stage.getName();
+        return found;
+    };
+    const auto parts = [](const std::vector<const char*>& attributes) {
+        std::string text, name = "A";
+        for (const char* attribute : attributes) {
+            text += std::string("<part ") + attribute + "><name>" + name + "</name></part>";
+            ++name[0];
+        }
+        return text;
+    };
+    const struct {
+        const char* maxPart;
+        std::vector<const char*> attributes;
+        const char *played, *all;
+    } cases[] = {
+        {"<maxPart>1</maxPart>", {"id='1'", "id='2'", "id='3'"}, "A", "ABC"},
+        {"", {"id='1'", "id='2'"}, "", "AB"},
+        {"<maxPart>2</maxPart>", {"id='1'", "id='3'"}, "A", "AB"},
+        {"<maxPart>2</maxPart>", {"id='1'", "id='1'"}, "A", "AB"},
+        {"<maxPart>2</maxPart>", {"id='0'", "id='1'"}, "B", "AB"},
+        {"<maxPart>3</maxPart>", {"id='2'", "", "id='x'", "id='1'"}, "DA", "ABCD"},
+    };
+    for (const auto& each : cases) {
+        write(std::string("<session>") + each.maxPart + parts(each.attributes) + "</session>");
+        EXPECT_EQ(names(PlanStages::Played), each.played) << each.maxPart;
+        EXPECT_EQ(names(PlanStages::All), each.all) << each.maxPart;
+    }
+}
+
 TEST_F(SessionFile, TakesSongsFromElementsElseFromTheText) {
     const struct {
         const char* songs;

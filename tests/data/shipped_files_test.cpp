@@ -108,6 +108,7 @@ const std::map<int, std::set<std::string>> keysOfCallers = {
     {2000028, {"ADDED", "KNOWN", "FAILED", "FILES"}},
     {3000012, {"SESSION", "MESSAGE"}},
     {3000014, {"FILE"}},
+    {3000015, {"FILE"}},
     {3000020, {"QUEST", "REASON"}},
     {3000021, {"FILE"}},
     {3000022, {"FILE", "LOCK"}},

@@ -68,6 +68,83 @@ TEST_F(Draft, TakesTheStagesOfAFileOnce) {
     EXPECT_THAT(names(), ElementsAre("C"));
 }
 
+TEST_F(Draft, TakesEveryStageOfAFileThatMiscounts) {
+    const std::string path = folder.file("old.xml");
+    platform::replaceFile(path,
+                          "<session><maxPart>1</maxPart><part id='1'><name>A</name></part>"
+                          "<part id='1'><name>B</name></part><part id='7'><name>C</name></part></session>");
+    ASSERT_TRUE(draft.choose("名", path, accesser));
+    EXPECT_THAT(names(), ElementsAre("A", "B", "C"));
+    ASSERT_TRUE(draft.write(accesser, {}));
+    EXPECT_EQ(readPlan(accesser, path).value_or(SessionPlan()).stages.size(), 3u);
+}
+
+TEST_F(Draft, KnowsItsFileUnderAnotherNameAndByALink) {
+    const std::string path = existing("first.xml", {stageOf("A", 2)});
+    std::filesystem::create_symlink(path, folder.file("soft.xml"));
+    std::filesystem::create_hard_link(path, folder.file("hard.xml"));
+    ASSERT_TRUE(draft.choose("名", path, accesser));
+    draft.stages.push_back(stageOf("追加", 1));
+    for (const char* name : {"FIRST.xml", "./First.XML", "soft.xml", "hard.xml"}) {
+        EXPECT_FALSE(draft.wouldLoseStages(folder.file(name))) << name;
+        ASSERT_TRUE(draft.choose("名", folder.file(name), accesser));
+        EXPECT_THAT(names(), ElementsAre("A", "追加")) << name;
+    }
+}
+
+TEST_F(Draft, SaysWhenAnotherFileWouldTakeItsStages) {
+    const std::string first = existing("first.xml", {stageOf("A", 2), stageOf("B", 1)});
+    const std::string second = existing("second.xml", {stageOf("C", 1)});
+    EXPECT_FALSE(draft.wouldLoseStages(second)) << "nothing to lose";
+    draft.stages = {stageOf("新", 1)};
+    EXPECT_TRUE(draft.wouldLoseStages(second)) << "added to a new session";
+    EXPECT_FALSE(draft.wouldLoseStages(folder.file("new.xml"))) << "they go along";
+    ASSERT_TRUE(draft.choose("名", first, accesser));
+    EXPECT_FALSE(draft.wouldLoseStages(second)) << "as the file has them";
+    draft.move(0, 1);
+    EXPECT_TRUE(draft.wouldLoseStages(second));
+    draft.move(0, 1);
+    draft.stages[0].setResources({7});
+    EXPECT_TRUE(draft.wouldLoseStages(second)) << "other songs";
+}
+
+TEST_F(Draft, NoticesAFileThatSomebodyElseWrote) {
+    const std::string path = existing("first.xml", {stageOf("A", 2)});
+    const std::string fresh = folder.file("new.xml");
+    ASSERT_TRUE(draft.choose("名", fresh, accesser));
+    EXPECT_FALSE(draft.isChangedOnDisk());
+    existing("new.xml", {stageOf("他人", 1)});
+    EXPECT_TRUE(draft.isChangedOnDisk()) << "came after it was chosen";
+
+    ASSERT_TRUE(draft.choose("名", path, accesser));
+    EXPECT_FALSE(draft.isChangedOnDisk());
+    existing("first.xml", {stageOf("他人", 1)});
+    EXPECT_TRUE(draft.isChangedOnDisk());
+    ASSERT_TRUE(draft.choose("名", path, accesser));
+    EXPECT_TRUE(draft.isChangedOnDisk()) << "chosen again, but not read again";
+    std::filesystem::remove(path);
+    EXPECT_FALSE(draft.isChangedOnDisk()) << "nothing there to be lost";
+    ASSERT_TRUE(draft.choose("名", fresh, accesser));
+    EXPECT_FALSE(draft.isChangedOnDisk()) << "read when it was chosen";
+}
+
+TEST(TypedSessionFile, IsAFullPathOfASessionFile) {
+    const struct {
+        const char *typed, *path;
+    } rows[] = {
+        {"", ""},
+        {" \t", ""},
+        {" natsu ", "/s/natsu.xml"},
+        {"夏", "/s/夏.xml"},
+        {"sub\\natsu.dat", "/s/sub/natsu.dat"},
+        {"../natsu.xml", "/natsu.xml"},
+        {"/other/./natsu", "/other/natsu.xml"},
+        {"\\other\\natsu.xml", "/other/natsu.xml"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(typedSessionFile(row.typed, "/s"), row.path) << row.typed;
+}
+
 TEST_F(Draft, IsLeftAsItWasByAFileThatCannotBeRead) {
     draft.stages = {stageOf("A", 1)};
     draft.filePath = "old";

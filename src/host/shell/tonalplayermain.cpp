@@ -18,6 +18,7 @@
 #include "host/shell/server_events.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
+#include "host/state/overwrite_question.h"
 #include "platform/dialog.h"
 #include "platform/files.h"
 
@@ -109,16 +110,6 @@ void Start::handTitlesToBoxes() {
     zelkova::setCatalogPath(path("../cnf/LogMessage.xml"));
     zelkova::setTitleParts(settings.getDetail() + "-", settings.getNameJpn());
     zelkova::setHelpUrl([] { return host().dataApplication.getHelpUrl(); });
-}
-
-bool mayOverwrite(const std::string& file) {
-    const platform::WindowHandle dialog = platform::openDialog();
-    zelkova::DataPairsList pairs;
-    pairs.add("FILE", file);
-    writeLog(3000014, pairs);
-    return zelkova::showMessage_pairs(dialog ? dialog : host().mainWindow, 3000014,
-                                      zelkova::MessageButtons::YesNo, 1,
-                                      pairs) == static_cast<int>(platform::Answer::Yes);
 }
 
 void Start::openCatalogue() {
