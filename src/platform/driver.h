@@ -21,16 +21,19 @@ bool holdThumb(Control bar, bool held);            // takes it, or lets it go
 bool turnWheel(Control control, int notches);      // over the control; up when positive
 bool pick(Control picker, const SystemTime& time); // a date or a time
 bool spin(Control edit, int steps);                // presses the up-down's arrow, down when negative
+// On a button: the second click falls on what the first has brought to that place.
+bool doubleClick(Control button);
 bool doubleClickRow(Control list, int row);
 bool rightClickRow(Control list, int row);
 bool clickColumn(Control list, int column);
-bool dragColumn(Control list, int column, int width); // by its right edge, to so many pixels
+bool dragColumn(Control list, int column, int width);       // by its right edge, to so many pixels
 bool turnTo(WindowHandle sheet, int page);                  // clicks the tab of a property sheet
 bool dragRow(Control from, int row, Control to, int toRow); // see listSetDrag; toRow -1: below the last row
 // On what has the focus in the window; without a window, in the open pop-up menu or the innermost box.
 // "Return", "Escape", "Tab", "Delete", "F4", "Ctrl+A".
 bool pressKey(WindowHandle window, const std::string& key);
-bool chooseMenu(WindowHandle window, int command); // in the open pop-up menu, else in the menu bar
+bool repeatKey(WindowHandle window, const std::string& key); // what a held key sends after its first press
+bool chooseMenu(WindowHandle window, int command);           // in the open pop-up menu, else in the menu bar
 bool closeBox(WindowHandle window);
 bool resize(WindowHandle window, int width, int height);
 bool dragMouse(WindowHandle window, int fromX, int fromY, int toX, int toY);

@@ -16,7 +16,7 @@ namespace platform {
 // What the sheet asks or tells a page: WM_NOTIFY with wParam 0 and the code in lParam. The page agrees unless
 // it calls answerSheet(page, -1) before it returns.
 enum SheetCode : int {
-    PSN_SETACTIVE = -200,  // it is shown next; its buttons stand as the sheet has them at first
+    PSN_SETACTIVE = -200,  // it is shown from now on; its buttons stand as the sheet has them at first
     PSN_KILLACTIVE = -201, // it is left, or applied while it is shown; -1: it stays
     PSN_APPLY = -202,      // OK or apply, to every page that has been shown; -1: not yet, the page comes up
     PSN_RESET = -203,      // cancel, to every page that has been shown

@@ -96,6 +96,41 @@ TEST_F(Sheets, AWizardGoesFromPageToPage) {
     EXPECT_THAT(told, ElementsAre("1destroy", "2destroy", "3destroy"));
 }
 
+TEST_F(Sheets, APageIsUpWhenItIsToldSo) {
+    std::vector<std::string> seen;
+    onMessage = [&](WindowHandle page, const Message& message) {
+        if (message.id == WM_NOTIFY && message.lParam == PSN_SETACTIVE)
+            seen.push_back(getText(shownPage(getParent(page))));
+    };
+    run(SheetKind::Wizard, [](WindowHandle window) {
+        driver::click({window, ID_WIZNEXT});
+        driver::click({window, ID_WIZBACK});
+        driver::click({window, IDCANCEL});
+    });
+    EXPECT_THAT(seen, ElementsAre("一枚目", "二枚目", "一枚目"));
+}
+
+TEST_F(Sheets, OneClickOrKeyTurnsOnePageOfAWizard) {
+    const int result = run(SheetKind::Wizard, [](WindowHandle window) {
+        EXPECT_TRUE(driver::doubleClick({window, ID_WIZNEXT}));
+        EXPECT_EQ(shown(window), "二枚目");
+        EXPECT_TRUE(driver::doubleClick({window, ID_WIZNEXT}));
+        ASSERT_EQ(shown(window), "三枚目");
+        EXPECT_TRUE(isVisible(window)) << "the finish button stands where the second click falls";
+        driver::click({window, ID_WIZBACK});
+        setFocus({window, ID_WIZNEXT});
+        driver::pressKey(window, "Return");
+        ASSERT_EQ(shown(window), "三枚目");
+        for (const int id : {+Edit, +ID_WIZFINISH}) {
+            setFocus(id == Edit ? Control(shownPage(window), id) : Control(window, id));
+            driver::repeatKey(window, "Return");
+            EXPECT_TRUE(isVisible(window)) << id;
+        }
+        EXPECT_TRUE(driver::doubleClick({window, ID_WIZFINISH})) << "a double click on one page is one click";
+    });
+    EXPECT_EQ(result, IDOK);
+}
+
 TEST_F(Sheets, APageOfAWizardThatRefusesStays) {
     run(SheetKind::Wizard, [this](WindowHandle window) {
         for (const char* refusal : {"1next", "1kill"}) {

@@ -48,6 +48,13 @@ QWidget* innermostOpen() {
     return openModals().empty() ? nullptr : openModals().back()->widget.data();
 }
 
+// What has the focus of the window, of the innermost open box where none is named.
+QWidget* keyTarget(WindowHandle window) {
+    QWidget* top = window ? reach(window) : innermostOpen();
+    QWidget* focused = top ? top->window()->focusWidget() : nullptr;
+    return focused && focused->isEnabled() ? focused : top;
+}
+
 } // namespace
 
 namespace detail {
@@ -69,6 +76,22 @@ bool click(Control control) {
     if (!button) return false;
     if (button->focusPolicy() & Qt::ClickFocus) button->setFocus(Qt::MouseFocusReason);
     button->click();
+    return true;
+}
+
+bool doubleClick(Control control) {
+    auto* button = reachAs<QAbstractButton>(control);
+    if (!button) return false;
+    const QPointer<QWidget> window = button->window();
+    const QPoint place = button->mapTo(window.data(), button->rect().center());
+    for (const auto press : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
+        QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        const QPointer<QWidget> under = window ? window->childAt(place) : nullptr;
+        if (!under) return false;
+        mouse(under, press, under->mapFrom(window.data(), place), Qt::LeftButton);
+        if (under)
+            mouse(under, QEvent::MouseButtonRelease, under->mapFrom(window.data(), place), Qt::NoButton);
+    }
     return true;
 }
 
@@ -161,14 +184,20 @@ bool turnTo(WindowHandle sheet, int page) {
 }
 
 bool pressKey(WindowHandle window, const std::string& key) {
-    QWidget* top = reach(window);
-    if (!window) top = innermostOpen();
     const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
-    if (!top || sequence.isEmpty()) return false;
-    QWidget* focused = top->window()->focusWidget();
-    QWidget* target = focused && focused->isEnabled() ? focused : top;
+    QWidget* target = keyTarget(window);
+    if (!target || sequence.isEmpty()) return false;
     if (!pressShortcut(target, sequence[0]))
         pressAndRelease(target, sequence[0].key(), {}, sequence[0].keyboardModifiers());
+    return true;
+}
+
+bool repeatKey(WindowHandle window, const std::string& key) {
+    const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
+    QWidget* target = keyTarget(window);
+    if (!target || sequence.isEmpty()) return false;
+    QKeyEvent again(QEvent::KeyPress, sequence[0].key(), sequence[0].keyboardModifiers(), {}, true);
+    QApplication::sendEvent(target, &again);
     return true;
 }
 

@@ -2,7 +2,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDateTimeEdit>
+#include <QEvent>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPixmap>
@@ -80,6 +82,8 @@ std::vector<std::string> clippedControls(WindowHandle window) {
     std::vector<std::string> clipped;
     const Record* record = findRecord(window);
     if (!record || !record->widget) return clipped;
+    // Texts that were just set get their room with the next layout.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     for (const QWidget* widget : record->widget->findChildren<QWidget*>()) {
         if (!widget->isVisibleTo(record->widget) || widget->window() != record->widget->window()) continue;
         const Room room = roomOf(widget);

@@ -41,7 +41,9 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (QPushButton* button = buttonForEnter(*this); button && button->isVisible()) button->click();
+        // A key held too long must not go on to press the button of the page that comes next.
+        QPushButton* button = event->isAutoRepeat() ? nullptr : buttonForEnter(*this);
+        if (button && button->isVisible()) button->click();
         return;
     }
     QDialog::keyPressEvent(event);

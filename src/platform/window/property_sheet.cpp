@@ -1,5 +1,6 @@
 #include "platform/property_sheet.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -33,6 +34,22 @@ constexpr ButtonText wizardButtons[] = {{ID_WIZBACK, u"＜ 戻る(&B)"},
                                         {ID_WIZNEXT, u"次へ(&N) ＞"},
                                         {ID_WIZFINISH, u"完了(&F)"},
                                         {IDCANCEL, u"キャンセル"}};
+
+// The second click of a double click on next must not press what stands in its place on the page that the
+// first one brought up.
+class ClickFilter : public QObject {
+public:
+    using QObject::QObject;
+    void pageTurned() { turned_ = true; }
+
+private:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress) turned_ = false;
+        return turned_ && event->type() == QEvent::MouseButtonDblClick;
+    }
+
+    bool turned_ = false; // since the last press that began a click
+};
 
 // Lives while its window runs.
 class Sheet {
@@ -126,12 +143,14 @@ private:
         auto* row = new QHBoxLayout;
         row->setSpacing(8);
         if (isWizard()) row->setContentsMargins(wizardMargin, 0, wizardMargin, 0);
+        clicks_ = new ClickFilter(&frame);
         row->addStretch();
         const auto add = [&](const ButtonText& kind) {
             auto* button = new QPushButton(QString::fromUtf16(kind.text), &frame);
             button->setAutoDefault(false);
             addRecord(button, window_).id = kind.id;
             wireControl(button, window_, kind.id);
+            button->installEventFilter(clicks_);
             row->addWidget(button);
         };
         if (isWizard())
@@ -200,6 +219,7 @@ private:
 
     void show(int page) {
         current_ = page;
+        clicks_->pageTurned();
         Page& shown = pages_[static_cast<std::size_t>(page)];
         const WindowHandle window = shown.window;
         if (isWizard()) {
@@ -207,12 +227,14 @@ private:
             setWizardButtons(window, (page > 0 ? PSWIZB_BACK : 0u) | (last ? PSWIZB_FINISH : PSWIZB_NEXT));
         }
         if (!std::exchange(shown.shown, true)) sendMessage(window, WM_INITDIALOG);
-        agrees(page, PSN_SETACTIVE);
         QWidget* widget = isOver() ? nullptr : findRecord(window)->widget.data();
         if (!widget) return;
+        // Before the page is told: a box that it opens then stands over the page that it speaks of.
         stack_->setCurrentWidget(widget);
         if (heading_) heading_->setText(widget->windowTitle());
         if (tabs_) markTab(page);
+        agrees(page, PSN_SETACTIVE);
+        if (isOver()) return;
         if (isWizard() || !stack_->isVisible()) focusFirst(*widget);
     }
 
@@ -241,6 +263,7 @@ private:
     WindowHandle window_;
     std::vector<Page> pages_;
     QStackedWidget* stack_ = nullptr;
+    ClickFilter* clicks_ = nullptr;
     QTabBar* tabs_ = nullptr;   // of tabs
     QLabel* heading_ = nullptr; // of a wizard
     int current_ = 0;

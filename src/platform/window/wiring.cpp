@@ -39,17 +39,22 @@ private:
 
 // A key that stands for a button acts at once, and once for each press. By itself the toolkit would press the
 // button for the eye first, a tenth of a second in which another player is faster, and a held key would
-// toggle the pause again and again.
-class ShortcutFilter : public QObject {
+// toggle the pause again and again. So would a held Enter on the button in focus.
+class ButtonKeyFilter : public QObject {
 public:
     using QObject::QObject;
 
 private:
     bool eventFilter(QObject* button, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) return isHeldEnter(*static_cast<QKeyEvent*>(event));
         if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
             return false;
         if (!HeldKey::isHeld()) static_cast<QAbstractButton*>(button)->click();
         return true;
+    }
+
+    static bool isHeldEnter(const QKeyEvent& event) {
+        return event.isAutoRepeat() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
     }
 };
 
@@ -60,7 +65,7 @@ void wireControl(QWidget* control, WindowHandle window, int id) {
         notify(window, WM_COMMAND, makeLong(static_cast<unsigned>(id), code));
     };
     if (auto* button = qobject_cast<QAbstractButton*>(control)) {
-        button->installEventFilter(new ShortcutFilter(button));
+        button->installEventFilter(new ButtonKeyFilter(button));
         HeldKey::isHeld(); // watches from the first button on
         QObject::connect(button, &QAbstractButton::clicked, button, [command] { command(BN_CLICKED); });
     } else if (auto* combo = qobject_cast<QComboBox*>(control))
