@@ -118,6 +118,8 @@ void StagesPage::remove() {
     if (row < 0) return;
     draft().stages.erase(draft().stages.begin() + row);
     list().deleteRow(row);
+    // The next one, so that several can go one after the other; the last where there is none.
+    platform::listSelectRow(control(idStages), std::min(row, list().getItemCount() - 1));
     follow(selected());
 }
 

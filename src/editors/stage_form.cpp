@@ -17,12 +17,18 @@ int entryOf(int value, const Labels& labels) {
     return value >= 0 && value < labels.size() ? value : 0;
 }
 
-int typed(const std::string& text) {
-    return zelkova::stringToInt(text);
+bool isTyped(const std::string& text, int lowest, int highest) {
+    const auto number = typedNumber(text);
+    return number && *number >= lowest && *number <= highest;
+}
+
+// Of a text that is no number, the fallback.
+int typed(const std::string& text, int fallback) {
+    return typedNumber(text).value_or(fallback);
 }
 
 int typedHands(const StageForm& form) {
-    return typed(form.hands[static_cast<std::size_t>(form.handsType)]);
+    return std::max(1, typed(form.hands[static_cast<std::size_t>(form.handsType)], 1));
 }
 
 bool isHandsType(int type) {
@@ -69,11 +75,10 @@ std::string remark(const StageForm& form) {
 }
 
 StageRefusal checkForm(const StageForm& form, const LiveSettings& live) {
-    if (live.questNum && (typed(form.questNum) <= 0 || typed(form.questNum) > mostQuests)) return badQuestNum;
+    if (live.questNum && !isTyped(form.questNum, 1, mostQuests)) return badQuestNum;
     if (!live.rules) return stageFits;
-    if (typed(form.score) <= 0 || typed(form.score) > mostPoints) return badScore;
-    if (form.deducts && (typed(form.deduction) > 0 || typed(form.deduction) < -mostPoints))
-        return badDeduction;
+    if (!isTyped(form.score, 1, mostPoints)) return badScore;
+    if (form.deducts && !isTyped(form.deduction, -mostPoints, 0)) return badDeduction;
     return stageFits;
 }
 
@@ -82,11 +87,11 @@ void storeForm(const StageForm& form, const LiveSettings& live, DataSession& sta
     stage.setInterval(form.interval);
     stage.setSpeed(form.speed);
     if (live.name) stage.setName(form.name);
-    if (live.questNum) stage.setQuestNum(typed(form.questNum));
-    if (live.multi) stage.setMulti(std::clamp(typed(form.multi), 1, maxSongs));
+    if (live.questNum) stage.setQuestNum(typed(form.questNum, unset));
+    if (live.multi) stage.setMulti(std::clamp(typed(form.multi, 1), 1, maxSongs));
     if (!live.rules) return;
-    stage.setScore(typed(form.score));
-    stage.setDeduction(form.deducts ? typed(form.deduction) : noDeduction);
+    stage.setScore(typed(form.score, unset));
+    stage.setDeduction(form.deducts ? typed(form.deduction, noDeduction) : noDeduction);
     stage.setHandsType(form.falseStarts ? form.handsType : unset);
     if (form.falseStarts) stage.setHands(typedHands(form));
     stage.setSteal(form.steals ? form.steal : unset);

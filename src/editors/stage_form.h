@@ -41,5 +41,5 @@ enum StageRefusal : int { stageFits = 0, badQuestNum = 3000005, badScore = 30000
 StageRefusal checkForm(const StageForm& form, const LiveSettings& live);
 
 // Writes a form that was checked. What cannot be changed, and what has no field, stays as it is. More than
-// five songs at once become five, fewer than one become one.
+// five songs at once become five, fewer than one become one, and so do fewer than one false start.
 void storeForm(const StageForm& form, const LiveSettings& live, DataSession& stage);

@@ -27,15 +27,36 @@ TEST(StageForm, LimitsOfWhatIsTyped) {
         StageRefusal answer;
     };
     const Row rows[] = {
-        {&StageForm::questNum, "0", badQuestNum},   {&StageForm::questNum, "-1", badQuestNum},
-        {&StageForm::questNum, "", badQuestNum},    {&StageForm::questNum, "十", badQuestNum},
-        {&StageForm::questNum, "101", badQuestNum}, {&StageForm::questNum, "99999999999", badQuestNum},
-        {&StageForm::questNum, "1", stageFits},     {&StageForm::questNum, "100", stageFits},
-        {&StageForm::score, "0", badScore},         {&StageForm::score, "-10", badScore},
-        {&StageForm::score, "", badScore},          {&StageForm::score, "30001", badScore},
-        {&StageForm::score, "1", stageFits},        {&StageForm::score, "30000", stageFits},
-        {&StageForm::deduction, "1", badDeduction}, {&StageForm::deduction, "-30001", badDeduction},
-        {&StageForm::deduction, "0", stageFits},    {&StageForm::deduction, "-30000", stageFits},
+        {&StageForm::questNum, "0", badQuestNum},
+        {&StageForm::questNum, "-1", badQuestNum},
+        {&StageForm::questNum, "", badQuestNum},
+        {&StageForm::questNum, "十", badQuestNum},
+        {&StageForm::questNum, "101", badQuestNum},
+        {&StageForm::questNum, "99999999999", badQuestNum},
+        {&StageForm::questNum, "1", stageFits},
+        {&StageForm::questNum, "100", stageFits},
+        {&StageForm::questNum, "12x", badQuestNum},
+        {&StageForm::questNum, "1０", stageFits},
+        {&StageForm::questNum, "１００", stageFits},
+        {&StageForm::questNum, "１０１", badQuestNum},
+        {&StageForm::questNum, "+5", stageFits},
+        {&StageForm::questNum, "+", badQuestNum},
+        {&StageForm::score, "1 0", badScore},
+        {&StageForm::score, "　１０ ", stageFits},
+        {&StageForm::deduction, "－１０", stageFits},
+        {&StageForm::deduction, "＋１", badDeduction},
+        {&StageForm::deduction, "abc", badDeduction},
+        {&StageForm::deduction, "", badDeduction},
+        {&StageForm::score, "0", badScore},
+        {&StageForm::score, "-10", badScore},
+        {&StageForm::score, "", badScore},
+        {&StageForm::score, "30001", badScore},
+        {&StageForm::score, "1", stageFits},
+        {&StageForm::score, "30000", stageFits},
+        {&StageForm::deduction, "1", badDeduction},
+        {&StageForm::deduction, "-30001", badDeduction},
+        {&StageForm::deduction, "0", stageFits},
+        {&StageForm::deduction, "-30000", stageFits},
     };
     for (const Row& row : rows) {
         StageForm form = filled();
@@ -142,6 +163,29 @@ TEST(StageForm, AStageComesBackAsItWas) {
     EXPECT_EQ(roundTrip(stage).getMulti(), 5);
     stage.setHandsType(8);
     EXPECT_EQ(roundTrip(stage).getHandsType(), -1);
+}
+
+TEST(StageForm, FullWidthNumbersAreStoredAndFalseStartsCountFromOne) {
+    StageForm form = filled();
+    form.questNum = "１２";
+    form.score = "＋３０";
+    form.deduction = "－５";
+    form.multi = "３";
+    form.falseStarts = true;
+    DataSession stage;
+    const struct {
+        const char* typed;
+        int hands;
+    } rows[] = {{"４", 4}, {"0", 1}, {"-3", 1}, {"", 1}, {"x", 1}};
+    for (const auto& row : rows) {
+        form.hands[0] = row.typed;
+        storeForm(form, allLive, stage);
+        EXPECT_EQ(stage.getHands(), row.hands) << row.typed;
+    }
+    EXPECT_EQ(stage.getQuestNum(), 12);
+    EXPECT_EQ(stage.getScore(), 30);
+    EXPECT_EQ(stage.getDeduction(), -5);
+    EXPECT_EQ(stage.getMulti(), 3);
 }
 
 TEST(StageForm, ANewStageStartsEmpty) {
