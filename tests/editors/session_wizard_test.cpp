@@ -62,6 +62,7 @@ enum : int {
     idClearAll = 4611,
 };
 
+enum : int { ok = 111, yes = 111, no = 112 }; // of the message box
 enum : int { nameColumn = 1, markColumn = 10 };
 
 DataSession stageOf(const std::string& name, int questNum, const std::string& songs = {}) {
@@ -140,10 +141,10 @@ protected:
         platform::setText(at(sheet, idFile), path);
         EXPECT_TRUE(next(sheet));
     }
-    void expectMessage(int code) {
-        script.expectDialog(boxName, [code](WindowHandle box) {
+    void expectMessage(int code, int answer = ok) {
+        script.expectDialog(boxName, [code, answer](WindowHandle box) {
             EXPECT_EQ(platform::getText({box, 102}), "C" + std::to_string(code));
-            driver::pressKey(box, "Escape");
+            EXPECT_TRUE(driver::click({box, answer}));
         });
     }
     void expectStage(const std::string& name, const std::string& questNum) {
@@ -215,6 +216,89 @@ TEST_F(SessionWizard, StaysWithAFileThatCannotBeRead) {
     EXPECT_EQ(platform::readFile(broken), "<session>");
 }
 
+TEST_F(SessionWizard, TakesWhatIsTypedForAFileOfTheSessionFolder) {
+    run([this](WindowHandle sheet) {
+        driver::type(at(sheet, idName), " ");
+        EXPECT_EQ(offered(sheet), "C") << "blanks are no name";
+        driver::type(at(sheet, idName), " 夏 ");
+        driver::type(at(sheet, idFile), "  ");
+        EXPECT_EQ(offered(sheet), "C");
+        driver::type(at(sheet, idFile), "natsu");
+        next(sheet);
+        expectStage("一回戦", "2");
+        driver::click(at(sheet, idAdd));
+        next(sheet);
+        assign(sheet, 0, {idShowAll, idFill, idSongsOk});
+        next(sheet);
+        EXPECT_EQ(platform::getText(at(sheet, idFolderName)), folder.path().string());
+        EXPECT_EQ(platform::getText(at(sheet, idFileName)), "natsu.xml");
+        finish(sheet);
+    });
+    EXPECT_EQ(read(folder.file("natsu.xml")).name, "夏");
+}
+
+TEST_F(SessionWizard, BrowsingToASessionWithoutANameKeepsTheTypedOne) {
+    const std::string path = folder.file("old.xml");
+    platform::replaceFile(path, "<session><sessionName> </sessionName></session>");
+    run([&](WindowHandle sheet) {
+        driver::type(at(sheet, idName), "夏");
+        script.expectFileDialog(path).expectMessageBox(platform::Answer::Yes);
+        driver::click(at(sheet, idBrowse));
+        EXPECT_EQ(platform::getText(at(sheet, idName)), "夏");
+        cancel(sheet);
+    });
+}
+
+TEST_F(SessionWizard, AsksBeforeAnotherFileTakesThePlaceOfChangedStages) {
+    const std::string path = write("old.xml", {stageOf("A", 1, "1")});
+    run([&](WindowHandle sheet) {
+        begin(sheet, "夏", folder.file("new.xml"));
+        expectStage("一回戦", "2");
+        driver::click(at(sheet, idAdd));
+        back(sheet);
+        expectMessage(3000015, no);
+        begin(sheet, "夏", path);
+        EXPECT_EQ(title(sheet), "はじめに(1/4)");
+        begin(sheet, "夏", folder.file("new.xml"));
+        EXPECT_THAT(column(at(sheet, idStages), nameColumn), ElementsAre("一回戦"));
+        back(sheet);
+        expectMessage(3000015, yes);
+        begin(sheet, "夏", path);
+        EXPECT_THAT(column(at(sheet, idStages), nameColumn), ElementsAre("A"));
+        cancel(sheet);
+    });
+}
+
+TEST_F(SessionWizard, ReplacesAFileThatSomebodyElseWroteOnlyWhenTheHostSaysSo) {
+    const std::string old = write("old.xml", {stageOf("A", 1, "1")});
+    for (const std::string& path : {old, folder.file("new.xml")}) {
+        run([&](WindowHandle sheet) {
+            begin(sheet, "夏", path);
+            if (path != old) {
+                expectStage("B", "1");
+                driver::click(at(sheet, idAdd));
+            }
+            next(sheet);
+            assign(sheet, 0, {idShowAll, idFill, idSongsOk});
+            write(path.substr(path.rfind('/') + 1), {stageOf("他人", 1)});
+            const auto theirs = platform::readFile(path);
+            script.expectDialog(boxName, [&](WindowHandle box) {
+                EXPECT_EQ(title(sheet), "完了(4/4)") << "the page that the box speaks of is up";
+                EXPECT_EQ(platform::getText({box, 102}), "C3000014");
+                EXPECT_TRUE(driver::click({box, no}));
+            });
+            next(sheet);
+            EXPECT_EQ(title(sheet), "完了(4/4)");
+            EXPECT_EQ(offered(sheet), "BFC");
+            EXPECT_EQ(platform::readFile(path), theirs);
+            expectMessage(3000014, yes);
+            finish(sheet);
+        });
+        ASSERT_EQ(read(path).stages.size(), 1u);
+        EXPECT_EQ(read(path).stages[0].getName(), path == old ? "A" : "B");
+    }
+}
+
 TEST_F(SessionWizard, CountsItsStagesAndOffersWhatIsPossible) {
     run([this](WindowHandle sheet) {
         begin(sheet, "夏", folder.file("new.xml"));
@@ -264,12 +348,16 @@ TEST_F(SessionWizard, CountsItsStagesAndOffersWhatIsPossible) {
         EXPECT_EQ(platform::getText(at(sheet, idTotal)), "総出題数：4");
         EXPECT_THAT(driver::clippedControls(sheet), IsEmpty());
 
-        for (const char* total : {"総出題数：3", "総出題数：0"}) {
-            driver::select(list, platform::listRowCount(list) - 1);
+        expectStage("三回戦", "2");
+        driver::click(at(sheet, idAdd));
+        driver::select(list, 1);
+        for (const auto& [total, selected] :
+             {std::pair("総出題数：5", 1), std::pair("総出題数：3", 0), std::pair("総出題数：0", -1)}) {
             driver::click(at(sheet, idDelete));
             EXPECT_EQ(platform::getText(at(sheet, idTotal)), total);
-            EXPECT_THAT(live(), ElementsAre(idAdd));
+            EXPECT_EQ(platform::listSelectedRow(list), selected) << "the next one";
         }
+        EXPECT_THAT(live(), ElementsAre(idAdd));
         EXPECT_EQ(offered(sheet), "BC");
         cancel(sheet);
     });

@@ -205,6 +205,8 @@ TEST_F(DataViews, ResultsOfATrainingRun) {
     }
     EXPECT_EQ(rows(), (Rows{"2|1|花|瀧廉太郎|完全正解|0.0", "2|1|花|瀧廉太郎|完全正解|0.9",
                             "2|1|花|瀧廉太郎|完全正解|60.5"}));
+    EXPECT_TRUE(view.columns()[5].atRight);
+    EXPECT_FALSE(view.columns()[5].numeric) << "tenths would not count";
 }
 
 TEST_F(DataViews, AHeaderSortsByValueOrTextAndTurnsRound) {

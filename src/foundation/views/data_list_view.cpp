@@ -10,7 +10,7 @@ DataListView::DataListView(platform::WindowHandle list, std::span<const DataColu
 void DataListView::makeColumns() {
     for (const DataColumn& column : columns_)
         insertColumn(getColumnCount(), {column.title, column.width},
-                     column.numeric ? platform::Align::Right : platform::Align::Left);
+                     column.atRight ? platform::Align::Right : platform::Align::Left);
 }
 
 int DataListView::appendRow(const std::vector<std::string>& cells) {

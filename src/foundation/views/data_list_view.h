@@ -11,9 +11,9 @@ namespace zelkova {
 
 struct DataColumn {
     const char* title;
-    int width; // pixels
-    // Its cells are numbers: they stand at the right and are sorted by value.
-    bool numeric = false;
+    int width;            // pixels
+    bool numeric = false; // its cells are whole numbers, sorted by value
+    bool atRight = numeric;
 };
 
 class DataListView : public ListView {

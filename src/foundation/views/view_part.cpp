@@ -11,12 +11,11 @@ constexpr zelkova::DataColumn columnTable[] = {
     {"お手つき", 55},  {"横取り", 50},      {"リソース", 60},
 };
 
-constexpr const char* playable = "○";
-constexpr const char* doubtful = "△";
-constexpr const char* refused = "×";
+// The signs: of what a stage has, and of what its songs are good for.
+constexpr const char *circle = "○", *triangle = "△", *cross = "×";
 
 std::string markIf(bool on) {
-    return on ? "○" : "";
+    return on ? circle : "";
 }
 
 bool hasSongs(const DataSession& stage) {
@@ -26,15 +25,15 @@ bool hasSongs(const DataSession& stage) {
 } // namespace
 
 const char* resourceMark(bool songs, int errcode) {
-    if (!songs) return refused;
+    if (!songs) return cross;
     switch (errcode) {
     case songsComplete:
-        return playable;
+        return circle;
     case songsMissing:
     case songsUnfit:
-        return refused;
+        return cross;
     default:
-        return doubtful;
+        return triangle;
     }
 }
 
@@ -62,7 +61,7 @@ bool ViewPart::setErrorState(int index, int errcode) {
 }
 
 bool ViewPart::isRefused(int index) const {
-    return getText(index, resource) == refused;
+    return getText(index, resource) == cross;
 }
 
 std::vector<std::string> ViewPart::cells(int row, const DataSession& stage) {

@@ -6,7 +6,7 @@ namespace {
 
 constexpr zelkova::DataColumn columnTable[] = {
     {"問題", 40, true},    {"サブ", 40, true}, {"曲名", 180},
-    {"アーティスト", 180}, {"ステータス", 80}, {"解答時間(秒)", 90, true},
+    {"アーティスト", 180}, {"ステータス", 80}, {"解答時間(秒)", 90, false, true},
 };
 
 } // namespace
