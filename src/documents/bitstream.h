@@ -20,56 +20,77 @@ public:
     // Appends the low `count` bits of `value`, 0 to 32 of them. Throws "n_bit_put: out of range.".
     void n_bit_put(std::uint32_t value, int count) {
         if (count < 0 || count > 32) throw "n_bit_put: out of range.";
-        wide_put(value & ((std::uint64_t{1} << count) - 1), count);
+        Row(*this).put(value & ((std::uint64_t{1} << count) - 1), count);
     }
 
-    // Appends the low `count` bits, 0 to 63 of them; all bits above are zero. Nothing is checked.
-    void wide_put(std::uint64_t bits, int count) {
-        word_ |= bits << wordBits_;
-        wordBits_ += count;
-        if (wordBits_ < 64) return;
-        wordBits_ -= 64;
-        storeWord();
-        word_ = bits >> (count - wordBits_);
-    }
+    // A row of puts that keeps the bits in hand in registers. The stream is not used otherwise while it
+    // lives.
+    class Row {
+    public:
+        explicit Row(BStrmOut& stream)
+            : stream_(stream), word_(stream.word_), wordBits_(stream.wordBits_), used_(stream.used_) {}
+        ~Row() {
+            stream_.word_ = word_;
+            stream_.wordBits_ = wordBits_;
+            stream_.used_ = used_;
+        }
+        Row(const Row&) = delete;
+        Row& operator=(const Row&) = delete;
+
+        // Appends the low `count` bits, 0 to 63 of them; all bits above are zero. Nothing is checked.
+        void put(std::uint64_t bits, int count) {
+            word_ |= bits << wordBits_;
+            wordBits_ += static_cast<unsigned>(count);
+            if (wordBits_ < 64) return;
+            wordBits_ -= 64;
+            stream_.storeWord(word_, used_);
+            used_ += 8;
+            if (used_ == BufferBytes) {
+                stream_.handOver(BufferBytes);
+                used_ = 0;
+            }
+            word_ = bits >> (static_cast<unsigned>(count) - wordBits_);
+        }
+
+    private:
+        BStrmOut& stream_;
+        std::uint64_t word_;
+        unsigned wordBits_;
+        unsigned used_;
+    };
 
     // Hands on what is held; zero bits fill the last byte, so the next bit starts a new one.
     void flush() {
-        const int tailBytes = (wordBits_ + 7) / 8;
-        for (int i = 0; i < tailBytes; ++i)
-            buffer_[used_ + i] = static_cast<unsigned char>(word_ >> (8 * i));
-        used_ += tailBytes;
+        storeWord(word_, used_);
+        used_ += (wordBits_ + 7) / 8;
         word_ = 0;
         wordBits_ = 0;
-        handOver();
+        if (used_ > 0) handOver(used_);
+        used_ = 0;
     }
 
-    int bitCount() const { return used_ * 8 + wordBits_; } // in the buffer
-    std::uint64_t bytesOut() const { return bytesOut_; }   // handed to the sink so far
+    int bitCount() const { return static_cast<int>(used_ * 8 + wordBits_); } // in the buffer
+    std::uint64_t bytesOut() const { return bytesOut_; }                     // handed to the sink so far
 
 private:
-    void storeWord() {
+    void storeWord(std::uint64_t word, std::size_t place) {
         if constexpr (std::endian::native == std::endian::little)
-            std::memcpy(&buffer_[used_], &word_, 8);
+            std::memcpy(&buffer_[place], &word, 8);
         else
-            for (int i = 0; i < 8; ++i)
-                buffer_[used_ + i] = static_cast<unsigned char>(word_ >> (8 * i));
-        used_ += 8;
-        if (used_ == BufferBytes) handOver();
+            for (std::size_t i = 0; i < 8; ++i)
+                buffer_[place + i] = static_cast<unsigned char>(word >> (8 * i));
     }
 
-    void handOver() {
-        if (used_ == 0) return;
-        sink_.write(buffer_.data(), static_cast<std::size_t>(used_));
-        bytesOut_ += static_cast<std::uint64_t>(used_);
-        used_ = 0;
+    [[gnu::noinline]] void handOver(unsigned bytes) { // seldom, and it would take registers
+        sink_.write(buffer_.data(), bytes);
+        bytesOut_ += bytes;
     }
 
     Sink& sink_;
     std::array<unsigned char, BufferBytes> buffer_{};
-    int used_ = 0; // whole bytes in the buffer, a multiple of 8 between calls
+    unsigned used_ = 0; // whole bytes in the buffer, a multiple of 8
     std::uint64_t word_ = 0;
-    int wordBits_ = 0; // 0 to 63
+    unsigned wordBits_ = 0; // 0 to 63
     std::uint64_t bytesOut_ = 0;
 };
 

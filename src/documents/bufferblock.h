@@ -13,8 +13,8 @@
 
 namespace BufferBlock {
 
-// `Stream` needs n_bit_put(value, count) and wide_put(bits, count) as BStrmOut has them; it is not owned. All
-// errors are constant texts, thrown as `const char*`.
+// `Stream` needs n_bit_put and Row as BStrmOut has them; it is not owned. All errors are constant texts,
+// thrown as `const char*`.
 template <class Stream>
 class BBlkOut {
 public:
@@ -25,7 +25,7 @@ public:
     void literal_put(int value) {
         if (value < 0 || value > 255) throw "literal_put: out of range.";
         symbols_[held_++] = static_cast<std::uint16_t>(value);
-        ++words_[static_cast<std::size_t>(value)];
+        ++literals_[static_cast<std::size_t>(value)];
         sendWhenFull();
     }
 
@@ -37,33 +37,33 @@ public:
         if (lengthWord < 260 || lengthWord > 516 || distanceWord < 0 ||
             distanceWord >= Converter::CvDistance::farthest)
             throw "match_len_put: out of range.";
-        symbols_[held_++] = static_cast<std::uint16_t>(lengthWord);
-        symbols_[held_++] = static_cast<std::uint16_t>(distanceWord);
-        ++words_[static_cast<std::size_t>(lengthWord)];
-        ++distanceCodes_[distanceConverter_[distanceWord].code];
+        symbols_[held_] = static_cast<std::uint16_t>(lengthWord);
+        symbols_[held_ + 1] = static_cast<std::uint16_t>(distanceWord);
+        held_ += 2;
+        ++literals_[lengthCodes[length].code];
+        ++distances_[distanceCodes[distanceWord].code];
         sendWhenFull();
     }
 
     // Sends what is held as one block, even when that is nothing, and forgets it; `last` (0 or 1) marks the
     // last block of the stream. Throws "out of range." for a length or a distance that Deflate does not have.
     void encode(int last) {
-        Huffman::FrequencyTable literalCounts(literalSymbols), distanceCounts;
-        count(literalCounts, distanceCounts);
-        const Huffman::HuffEnc literals(literalCounts, codeLimit);
-        const Huffman::HuffEnc distances(distanceCounts, codeLimit);
+        if (literals_[Converter::CvMatchLength::none] > 0) throw "out of range.";
+        literals_[endOfBlock] = 1;
+        const Huffman::HuffEnc literals(Huffman::FrequencyTable(literals_), codeLimit);
+        const Huffman::HuffEnc distances(Huffman::FrequencyTable(distances_), codeLimit);
 
         stream_.n_bit_put(static_cast<std::uint32_t>(last), 1);
         stream_.n_bit_put(2, 2); // dynamic Huffman codes
         sendTables(literals.lengths(), distances.lengths());
         sendSymbols(literals, distances);
         held_ = 0;
-        words_.fill(0);
-        distanceCodes_.fill(0);
+        literals_.fill(0);
+        distances_.fill(0);
     }
 
 private:
-    static constexpr int endOfBlock = 256;
-    static constexpr std::size_t literalSymbols = 257;
+    static constexpr std::size_t endOfBlock = 256;
     static constexpr int codeLimit = 15;
     // Words up to 255 are literals, from `lengthBase` on lengths; the word after a length is distance - 1.
     static constexpr int lengthBase = 257;
@@ -73,27 +73,12 @@ private:
         if (held_ > blockLimit_) encode(0);
     }
 
-    void count(Huffman::FrequencyTable& literals, Huffman::FrequencyTable& distances) const {
-        literals.count(endOfBlock);
-        for (std::size_t word = 0; word < wordKinds; ++word)
-            if (words_[word] > 0)
-                literals.count(word <= endOfBlock ? word : lengthCode(word).code, words_[word]);
-        for (std::size_t code = 0; code < distanceCodes_.size(); ++code)
-            if (distanceCodes_[code] > 0) distances.count(code, distanceCodes_[code]);
-    }
-
-    const Converter::Code& lengthCode(std::size_t word) const {
-        const int length = static_cast<int>(word) - lengthBase;
-        if (length < Converter::CvMatchLength::shortest || length > Converter::CvMatchLength::longest)
-            throw "out of range.";
-        return lengthConverter_[length];
-    }
-
     void sendTables(const Huffman::BitLengthTable& literals, const Huffman::BitLengthTable& distances) {
         stream_.n_bit_put(static_cast<std::uint32_t>(literals.size() - 257), 5);
         stream_.n_bit_put(static_cast<std::uint32_t>(distances.size() - 1), 5);
 
         std::vector<LengthSymbol> symbols;
+        symbols.reserve(literals.size() + distances.size());
         appendRuns(literals, symbols);
         appendRuns(distances, symbols);
         Huffman::FrequencyTable counts;
@@ -103,17 +88,12 @@ private:
 
         const int places = usedPlaces(encoder.lengths());
         stream_.n_bit_put(static_cast<std::uint32_t>(places - 4), 4);
-        for (int i = 0; i < places; ++i) {
-            const std::size_t symbol = codeLengthOrder[static_cast<std::size_t>(i)];
+        for (int i = 0; i < places; ++i)
             stream_.n_bit_put(
-                symbol < encoder.lengths().size() ? static_cast<std::uint32_t>(encoder.lengths()[symbol]) : 0,
-                3);
-        }
-        for (const LengthSymbol& symbol : symbols) {
-            const Huffman::HuffEnc::Bits bits = encoder.bits(symbol.symbol);
-            stream_.n_bit_put(bits.pattern, bits.length);
-            stream_.n_bit_put(symbol.extra, symbol.extraBits);
-        }
+                static_cast<std::uint32_t>(encoder[codeLengthOrder[static_cast<std::size_t>(i)]].length), 3);
+        typename Stream::Row row(stream_);
+        for (const LengthSymbol& symbol : symbols)
+            put(joined(encoder.bits(symbol.symbol), {symbol.symbol, symbol.extraBits, symbol.extra}), row);
     }
 
     // Code and extra bits in one number.
@@ -121,43 +101,47 @@ private:
         return {code.pattern | extra.extra << code.length, code.length + static_cast<int>(extra.extraBits)};
     }
 
-    void sendSymbols(const Huffman::HuffEnc& literals, const Huffman::HuffEnc& distances) {
-        std::array<Huffman::HuffEnc::Bits, wordKinds> words{};
-        for (std::size_t word = 0; word < wordKinds; ++word)
-            if (words_[word] > 0)
-                words[word] = word <= endOfBlock
-                                  ? literals.bits(word)
-                                  : joined(literals.bits(lengthCode(word).code), lengthCode(word));
-        std::array<Huffman::HuffEnc::Bits, 30> distanceCodes{};
-        for (std::size_t code = 0; code < distanceCodes.size(); ++code)
-            if (distanceCodes_[code] > 0) distanceCodes[code] = distances.bits(code);
-
-        for (const std::uint16_t *symbol = symbols_.get(), *const end = symbol + held_; symbol != end;
-             ++symbol) {
-            const Huffman::HuffEnc::Bits word = words[*symbol];
-            if (*symbol <= endOfBlock) {
-                put(word);
-                continue;
-            }
-            const Converter::Code code = distanceConverter_[*++symbol];
-            const Huffman::HuffEnc::Bits distance = joined(distanceCodes[code.code], code);
-            stream_.wide_put(word.pattern | std::uint64_t{distance.pattern} << word.length,
-                             word.length + distance.length);
-        }
-        put(literals.bits(endOfBlock));
+    static void put(Huffman::HuffEnc::Bits bits, typename Stream::Row& row) {
+        row.put(bits.pattern, bits.length);
     }
 
-    void put(Huffman::HuffEnc::Bits bits) { stream_.wide_put(bits.pattern, bits.length); }
+    void sendSymbols(const Huffman::HuffEnc& literals, const Huffman::HuffEnc& distances) {
+        using Bits = Huffman::HuffEnc::Bits;
+        std::array<Bits, wordKinds> words{}; // what is sent for each; no bits for one that is not held
+        for (std::size_t word = 0; word < endOfBlock; ++word)
+            words[word] = literals[word];
+        for (int length = lengthCodes.shortest; length <= lengthCodes.longest; ++length)
+            if (const Bits code = literals[lengthCodes[length].code]; code.length > 0)
+                words[static_cast<std::size_t>(length + lengthBase)] = joined(code, lengthCodes[length]);
+
+        typename Stream::Row row(stream_);
+        for (const std::uint16_t *symbol = symbols_.get(), *const end = symbol + held_; symbol != end;
+             ++symbol) {
+            const Bits word = words[*symbol];
+            if (word.length == 0) throw "encode: out of range.";
+            if (*symbol <= endOfBlock) {
+                put(word, row);
+                continue;
+            }
+            const Converter::Code code = distanceCodes[*++symbol];
+            const Bits distance = joined(distances[code.code], code);
+            row.put(word.pattern | std::uint64_t{distance.pattern} << word.length,
+                    word.length + distance.length);
+        }
+        put(literals.bits(endOfBlock), row);
+    }
+
+    static constexpr Converter::CvMatchLength lengthCodes{};
+    static constexpr Converter::CvDistance distanceCodes{};
 
     Stream& stream_;
     std::size_t blockLimit_;
     std::size_t held_ = 0; // words
     std::unique_ptr<std::uint16_t[]> symbols_ =
         std::make_unique_for_overwrite<std::uint16_t[]>(blockLimit_ + 2);
-    std::array<std::uint32_t, wordKinds> words_{}; // how often each word is held
-    std::array<std::uint32_t, 30> distanceCodes_{};
-    inline static const Converter::CvMatchLength lengthConverter_;
-    inline static const Converter::CvDistance distanceConverter_;
+    // How often each code is held.
+    std::array<std::uint32_t, Converter::CvMatchLength::none + 1> literals_{};
+    std::array<std::uint32_t, Converter::CvDistance::codes> distances_{};
 };
 
 } // namespace BufferBlock

@@ -1,6 +1,9 @@
 #include "documents/huffman.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
+#include <numeric>
 
 namespace Huffman {
 
@@ -9,31 +12,66 @@ namespace {
 using TreeNode = BitLengthTable::TreeNode;
 using SortValue = BitLengthTable::SortValue;
 
+void addLeaf(std::vector<TreeNode>& nodes, std::uint32_t weight, std::size_t symbol) {
+    TreeNode& leaf = nodes.emplace_back();
+    leaf.weight = static_cast<std::int32_t>(weight);
+    leaf.symbol = static_cast<std::int32_t>(symbol);
+    leaf.depth = 1; // of one that stays alone
+}
+
+// Leaves by weight, the smaller symbol first among equals: byte by byte from the lowest, each pass keeping
+// the order of the pass before. Nobody could foresee which of two weights is less, so comparing is slow.
+std::vector<SortValue> byWeight(const std::vector<TreeNode>& nodes) {
+    std::vector<SortValue> values(nodes.size()), sorted(nodes.size());
+    std::int32_t highest = 0;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        values[i].weight = nodes[i].weight;
+        values[i].index = static_cast<std::int32_t>(i);
+        highest = std::max(highest, nodes[i].weight);
+    }
+    for (int shift = 0; shift < 32 && highest >> shift > 0; shift += 8) {
+        const auto digit = [&](const SortValue& value) {
+            return static_cast<std::uint32_t>(value.weight) >> shift & 255;
+        };
+        std::array<std::uint32_t, 256> places{};
+        for (const SortValue& value : values)
+            ++places[digit(value)];
+        std::exclusive_scan(places.begin(), places.end(), places.begin(), 0u);
+        for (const SortValue& value : values) {
+            SortValue& place = sorted[places[digit(value)]++];
+            place.weight = value.weight;
+            place.index = value.index;
+        }
+        values.swap(sorted);
+    }
+    return values;
+}
+
 // Joins the two lightest nodes until one is left, the earlier node first among equals. Sums never fall from
 // one join to the next, so the inner nodes are in order as they are made: a sorted list of leaves and the
-// tail of the list of nodes serve as the one ordered queue.
+// tail of the list of nodes serve as the one ordered queue. Behind the end of either stands a weight that is
+// never the lightest.
 void growTree(std::vector<TreeNode>& nodes) {
+    constexpr std::int32_t none = std::numeric_limits<std::int32_t>::max();
     const std::size_t leafCount = nodes.size();
-    std::vector<SortValue> leaves;
-    leaves.reserve(leafCount);
-    for (std::size_t i = 0; i < leafCount; ++i)
-        leaves.push_back({nodes[i].weight, static_cast<std::int32_t>(i)});
-    std::sort(leaves.begin(), leaves.end());
+    std::vector<SortValue> leaves = byWeight(nodes);
+    leaves.push_back({none, -1});
 
-    std::size_t nextLeaf = 0;
-    std::size_t nextInner = leafCount;
+    std::size_t nextLeaf = 0, nextInner = leafCount;
     const auto takeLightest = [&]() -> std::int32_t {
-        const bool leaf = nextLeaf < leafCount &&
-                          (nextInner == nodes.size() || leaves[nextLeaf].weight <= nodes[nextInner].weight);
-        return leaf ? leaves[nextLeaf++].index : static_cast<std::int32_t>(nextInner++);
+        const bool leaf = leaves[nextLeaf].weight <= nodes[nextInner].weight;
+        const std::int32_t lightest = leaf ? leaves[nextLeaf].index : static_cast<std::int32_t>(nextInner);
+        nextLeaf += leaf ? 1 : 0;
+        nextInner += leaf ? 0 : 1;
+        return lightest;
     };
-    nodes.reserve(2 * leafCount - 1);
-    while (nodes.size() < 2 * leafCount - 1) {
-        const std::int32_t left = takeLightest();
-        const std::int32_t right = takeLightest();
-        const std::int32_t weight =
+    for (std::size_t inner = leafCount; inner < 2 * leafCount - 1; ++inner) {
+        nodes.emplace_back().weight = none;
+        const std::int32_t left = takeLightest(), right = takeLightest();
+        nodes[inner].left = left;
+        nodes[inner].right = right;
+        nodes[inner].weight =
             nodes[static_cast<std::size_t>(left)].weight + nodes[static_cast<std::size_t>(right)].weight;
-        nodes.push_back({weight, -1, left, right, 0});
     }
     // Children stand before their parents.
     for (std::size_t i = nodes.size(); i-- > leafCount;)
@@ -45,7 +83,7 @@ void growTree(std::vector<TreeNode>& nodes) {
 // longest to the leaves that were joined first.
 void limitDepths(std::vector<TreeNode>& nodes, std::size_t leafCount, int limit) {
     const auto at = [](int length) { return static_cast<std::size_t>(length); };
-    std::vector<std::int64_t> counts(at(limit) + 1);
+    std::array<std::int64_t, longestLimit + 1> counts{};
     for (std::size_t i = 0; i < leafCount; ++i)
         ++counts[at(std::min(nodes[i].depth, limit))];
     std::int64_t excess = -(std::int64_t{1} << limit);
@@ -85,13 +123,17 @@ std::uint32_t reversed(std::uint32_t value, int bits) {
 
 } // namespace
 
+FrequencyTable::FrequencyTable(std::span<const std::uint32_t> counts) {
+    while (!counts.empty() && counts.back() == 0)
+        counts = counts.first(counts.size() - 1);
+    counts_.assign(counts.begin(), counts.end());
+}
+
 BitLengthTable::BitLengthTable(const FrequencyTable& frequencies, int limit) : limit_(limit) {
     std::vector<TreeNode> nodes;
     nodes.reserve(2 * frequencies.size());
     for (std::size_t symbol = 0; symbol < frequencies.size(); ++symbol)
-        if (frequencies[symbol] > 0)
-            nodes.push_back({static_cast<std::int32_t>(frequencies[symbol]),
-                             static_cast<std::int32_t>(symbol), -1, -1, 1});
+        if (frequencies[symbol] > 0) addLeaf(nodes, frequencies[symbol], symbol);
     if (nodes.empty()) {
         lengths_.assign(1, 1);
         return;
@@ -109,26 +151,26 @@ BitLengthTable::BitLengthTable(const FrequencyTable& frequencies, int limit) : l
 BitPatternTable::BitPatternTable(const BitLengthTable& lengths) {
     if (lengths.size() == 0) throw "BitPatternTable: program error.";
     const int limit = lengths.limit();
-    std::vector<std::uint64_t> counts(static_cast<std::size_t>(limit) + 1);
+    std::array<std::uint32_t, longestLimit + 1> counts{}, next{}, increment{};
     for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
         if (lengths[symbol] < 0 || lengths[symbol] > limit) throw "BitPatternTable: out of range.";
         ++counts[static_cast<std::size_t>(lengths[symbol])];
     }
 
     // Codes are counted left-aligned: a code of length n takes 2^(limit - n) of the 2^limit places.
-    std::vector<std::uint64_t> next(counts.size()), increment(counts.size());
     std::uint64_t total = 0;
-    for (std::size_t length = 1; length < counts.size(); ++length) {
-        next[length] = total;
-        increment[length] = std::uint64_t{1} << (static_cast<std::size_t>(limit) - length);
-        total += counts[length] * increment[length];
+    for (int length = 1; length <= limit; ++length) {
+        const auto at = static_cast<std::size_t>(length);
+        next[at] = static_cast<std::uint32_t>(total);
+        increment[at] = 1u << (limit - length);
+        total += std::uint64_t{counts[at]} * increment[at];
     }
     if (total > std::uint64_t{1} << limit) throw "BitPatternTable: bit-pattern cannot be made.";
 
     patterns_.resize(lengths.size());
     for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol)
         if (const auto length = static_cast<std::size_t>(lengths[symbol]); length > 0) {
-            patterns_[symbol] = reversed(static_cast<std::uint32_t>(next[length]), limit);
+            patterns_[symbol] = reversed(next[length], limit);
             next[length] += increment[length];
         }
 }

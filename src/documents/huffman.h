@@ -2,22 +2,26 @@
 // Prefix codes of limited length for one alphabet: counts, code lengths, bit patterns (RFC 1951
 // section 3.2.2). Symbols are numbers from 0. All errors are constant texts, thrown as `const char*`.
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
 #include <vector>
 
 namespace Huffman {
 
+inline constexpr int longestLimit = 15; // bits that any code may take
+
 // How often each symbol was seen; it reaches as far as the largest symbol counted.
 class FrequencyTable {
 public:
-    explicit FrequencyTable(std::size_t symbols = 0) : counts_(symbols) {}
+    FrequencyTable() = default;
+    // From counts by symbol; zeros at the end are left out.
+    explicit FrequencyTable(std::span<const std::uint32_t> counts);
 
-    void count(std::size_t symbol, std::uint32_t times = 1) {
+    void count(std::size_t symbol) {
         if (symbol >= counts_.size()) counts_.resize(symbol + 1);
-        counts_[symbol] += times;
+        ++counts_[symbol];
     }
     std::size_t size() const { return counts_.size(); }
     std::uint32_t operator[](std::size_t symbol) const { return counts_[symbol]; }
@@ -40,9 +44,9 @@ public:
     struct SortValue {
         std::int32_t weight;
         std::int32_t index; // of the node
-        friend auto operator<=>(const SortValue&, const SortValue&) = default;
     };
 
+    // `limit` is `longestLimit` at most, and so are the lengths.
     BitLengthTable(const FrequencyTable& frequencies, int limit);
     BitLengthTable(std::vector<std::int8_t> lengths, int limit)
         : lengths_(std::move(lengths)), limit_(limit) {}
@@ -64,7 +68,6 @@ public:
     // more codes than there are.
     explicit BitPatternTable(const BitLengthTable& lengths);
 
-    std::size_t size() const { return patterns_.size(); }
     std::uint32_t operator[](std::size_t symbol) const { return patterns_[symbol]; }
 
 private:
@@ -80,12 +83,16 @@ public:
 
     struct Bits {
         std::uint32_t pattern;
-        int length;
+        int length; // 0 for a symbol without a code
     };
+    Bits operator[](std::size_t symbol) const {
+        return symbol < lengths_.size() ? Bits{patterns_[symbol], lengths_[symbol]} : Bits{0, 0};
+    }
     // Throws "encode: out of range." for a symbol without a code.
     Bits bits(std::size_t symbol) const {
-        if (symbol >= lengths_.size() || lengths_[symbol] == 0) throw "encode: out of range.";
-        return {patterns_[symbol], lengths_[symbol]};
+        const Bits found = (*this)[symbol];
+        if (found.length == 0) throw "encode: out of range.";
+        return found;
     }
 
 private:
