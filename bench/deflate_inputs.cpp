@@ -1,11 +1,12 @@
 #include "deflate_inputs.h"
 
 #include <cmath>
-#include <fstream>
 #include <random>
-#include <sstream>
-#include <stdexcept>
 #include <vector>
+
+#include "documents/office.h"
+#include "documents/zip_reader.h"
+#include "platform/files.h"
 
 namespace inputs {
 
@@ -63,14 +64,27 @@ private:
     std::vector<std::string> words_, particles_;
 };
 
+Document read(const std::string& archive) {
+    Document document;
+    for (const ReadEntry& entry : readArchive(platform::readFile(archive).value_or(""))) {
+        document.files.push_back(entry.content);
+        if (entry.name == "content.xml") document.content = entry.content;
+    }
+    return document;
+}
+
 } // namespace
 
-std::string shipped(const std::string& file) {
-    std::ifstream stream(KDL_DIST "/" + file, std::ios::binary);
-    std::ostringstream content;
-    content << stream.rdbuf();
-    if (content.str().empty()) throw std::runtime_error(file + " cannot be read");
-    return content.str();
+Document certificate() {
+    const documents_tests::Office office;
+    office.makeCertificate(documents_tests::certificateOf("山田　花子"));
+    return read(office.certificate());
+}
+
+Document applicationForm() {
+    const documents_tests::Office office;
+    office.makeForm(documents_tests::registOf(5));
+    return read(office.form());
 }
 
 std::string japaneseText(std::size_t size) {

@@ -3,11 +3,18 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace inputs {
 
-// A file of dist/. Throws std::runtime_error when it cannot be read.
-std::string shipped(const std::string& file);
+// As the program writes it, filled in. Throws std::runtime_error when it cannot be made.
+struct Document {
+    std::vector<std::string> files; // in the archive's order
+    std::string content;            // of content.xml
+};
+Document certificate();
+Document applicationForm();
+
 std::string japaneseText(std::size_t size); // UTF-8
 std::string catalogue(std::size_t size);    // XML
 std::string randomBytes(std::size_t size);

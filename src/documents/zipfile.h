@@ -10,10 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "documents/bitstream.h"
-#include "documents/bufferblock.h"
-#include "documents/memory_input.h"
-#include "documents/slidedic.h"
+#include "documents/deflate.h"
 #include "documents/zip_entries.h"
 #include "documents/zipfileheader.h"
 #include "platform/files.h"
@@ -26,19 +23,7 @@ template <class Input>
 class ZIPFileEnc {
 public:
     using ZipHeader = ZIPFileHeader::ZIPHeadEnc::ZipHeader;
-
-    // The compressed bytes of one file.
-    class FileEncBuffer {
-    public:
-        explicit FileEncBuffer(std::size_t expected) { bytes_.reserve(expected); }
-        void write(const unsigned char* bytes, std::size_t count) {
-            bytes_.append(reinterpret_cast<const char*>(bytes), count);
-        }
-        const std::string& bytes() const { return bytes_; }
-
-    private:
-        std::string bytes_;
-    };
+    using FileEncBuffer = ZIPFile::FileEncBuffer;
 
     // Packs the entries, in their order, and puts the archive in the place of an earlier one as a whole. An
     // entry whose file is gone since is left out. False, and nothing is written, when none is left.
@@ -58,7 +43,6 @@ public:
     }
 
 private:
-    static constexpr std::size_t blockLimit = 0x7FFE;
     static constexpr std::uint32_t largest = 0xFFFFFFFF; // bytes in a file
     static constexpr const char* notOpen = "encode: file is not open.";
     static constexpr const char* tooLarge = "encode: archive is too large.";
@@ -96,9 +80,9 @@ private:
 
         entry.versionNeeded = 20;
         entry.uncompressedSize = static_cast<std::int64_t>(content->size());
-        const FileEncBuffer compressed = deflate(*content, entry.crc);
-        const bool smaller = compressed.bytes().size() < content->size();
-        const std::string& data = smaller ? compressed.bytes() : *content;
+        const std::string compressed = deflater_.deflate(*content, entry.crc);
+        const bool smaller = compressed.size() < content->size();
+        const std::string& data = smaller ? compressed : *content;
         entry.method = smaller ? 8 : 0;
         entry.compressedSize = static_cast<std::int64_t>(data.size());
         put(entry, data);
@@ -122,20 +106,6 @@ private:
         return content;
     }
 
-    static FileEncBuffer deflate(std::string_view content, std::uint32_t& crc) {
-        FileEncBuffer buffer(content.size());
-        crc = 0;
-        if (content.empty()) return buffer;
-        BitStream::BStrmOut<FileEncBuffer, 32> bits(buffer);
-        BufferBlock::BBlkOut<decltype(bits)> block(bits, blockLimit);
-        MemoryInput input(content);
-        const HiSpeed_SlideDic::SDicEnc<MemoryInput, 256> dictionary(input, block);
-        crc = ~dictionary.crc();
-        block.encode(1);
-        bits.flush();
-        return buffer;
-    }
-
     void put(ZipHeader& entry, std::string_view data) {
         std::vector<unsigned char> header;
         entry.signature = ZIPFileHeader::ZIPHeadEnc::centralSignature;
@@ -152,6 +122,7 @@ private:
         to.append(bytes.begin(), bytes.end());
     }
 
+    Deflater deflater_; // one for all entries
     std::string archive_;
     std::string directory_; // the central directory, as far as it goes
     std::size_t written_ = 0;

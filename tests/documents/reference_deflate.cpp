@@ -162,7 +162,7 @@ void putBlock(const std::vector<Token>& block, bool last, Bits& out) {
 
 } // namespace
 
-std::vector<Token> tokens(const std::string& input) {
+std::vector<Token> tokens(const std::string& input, std::uint64_t* compared) {
     std::vector<unsigned char> window(windowSize);
     std::vector<int> previous(windowSize, -1), heads(windowSize, -1);
     std::size_t read = 0;
@@ -185,6 +185,7 @@ std::vector<Token> tokens(const std::string& input) {
             int count = 2;
             while (count < longest && position + count < filled && byte(at + count) == byte(position + count))
                 ++count;
+            if (compared) *compared += static_cast<std::uint64_t>(count);
             if (count > bestCount) {
                 bestCount = count;
                 best = {count, position - at, 0};

@@ -16,7 +16,8 @@ struct Token {
     friend bool operator==(const Token&, const Token&) = default;
 };
 
-std::vector<Token> tokens(const std::string& input);
+// `compared` grows by the bytes of all candidates that were found to agree.
+std::vector<Token> tokens(const std::string& input, std::uint64_t* compared = nullptr);
 // One entry for each frequency, as the code lengths of a tree with ties broken by age, limited.
 std::vector<int> codeLengths(const std::vector<std::uint32_t>& frequencies, int limit);
 // The whole stream, the last block included.

@@ -4,7 +4,7 @@
 
 #include <zlib.h>
 
-#include "documents/pipeline.h"
+#include "documents/inflate.h"
 
 namespace {
 

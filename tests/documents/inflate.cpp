@@ -1,35 +1,8 @@
-#include "documents/pipeline.h"
+#include "documents/inflate.h"
 
 #include <stdexcept>
 
 #include <zlib.h>
-
-#include "documents/bitstream.h"
-#include "documents/bufferblock.h"
-#include "documents/memory_input.h"
-#include "documents/slidedic.h"
-
-namespace {
-
-struct Sink {
-    std::string bytes;
-    void write(const unsigned char* data, std::size_t count) {
-        bytes.append(reinterpret_cast<const char*>(data), count);
-    }
-};
-
-} // namespace
-
-Compressed compress(const std::string& input, std::size_t blockLimit) {
-    Sink sink;
-    BitStream::BStrmOut<Sink, 32> bits(sink);
-    BufferBlock::BBlkOut<decltype(bits)> block(bits, blockLimit);
-    ZIPFile::MemoryInput source(input);
-    const HiSpeed_SlideDic::SDicEnc<ZIPFile::MemoryInput, 256> dictionary(source, block);
-    block.encode(1);
-    bits.flush();
-    return {sink.bytes, ~dictionary.crc()};
-}
 
 std::string inflated(const std::string& deflated) {
     z_stream stream{};

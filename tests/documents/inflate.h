@@ -1,0 +1,7 @@
+#pragma once
+// The library that must understand what the compressor says.
+
+#include <string>
+
+// By zlib; throws std::runtime_error unless the stream is whole and ends where its last block ends.
+std::string inflated(const std::string& deflated);
