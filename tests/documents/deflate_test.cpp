@@ -7,74 +7,18 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include "documents/contents.h"
 #include "documents/deflate.h"
 #include "documents/inflate.h"
-#include "documents/match_walk.h"
-#include "documents/memory_input.h"
 #include "documents/reference_deflate.h"
 
 namespace {
 
+using namespace contents;
+
 std::string compress(const std::string& input) {
     std::uint32_t crc = 0;
     return ZIPFile::Deflater().deflate(input, crc);
-}
-
-std::string repeated(const std::string& text, std::size_t size) {
-    std::string result;
-    while (result.size() < size)
-        result += text;
-    result.resize(size);
-    return result;
-}
-
-std::string randomBytes(std::size_t size, int alphabet, unsigned seed) {
-    std::mt19937 random(seed);
-    std::string result;
-    while (result.size() < size)
-        result.push_back(static_cast<char>(random() % static_cast<unsigned>(alphabet)));
-    return result;
-}
-
-// Filler without a pair of bytes that stands twice: nothing in it matches and it takes part in no chain.
-std::string silent(std::size_t size) {
-    std::string result;
-    for (unsigned gap = 1; result.size() < size; ++gap)
-        for (unsigned i = 0; i < 128 && result.size() < size; ++i)
-            result += {static_cast<char>(i), static_cast<char>(128 + (i + gap) % 128)};
-    result.resize(size);
-    return result;
-}
-
-std::string numberedLines(std::size_t size, int step, int interleave) {
-    std::string result;
-    for (int line = 0; result.size() < size; ++line)
-        result += "item" + std::to_string(1000000 + line * step + line % interleave * 3000000) + "\n";
-    result.resize(size);
-    return result;
-}
-
-std::string fibonacciWord(std::size_t size) {
-    std::string shorter = "a", word = "ab";
-    while (word.size() < size)
-        shorter = std::exchange(word, word + shorter);
-    word.resize(size);
-    return word;
-}
-
-// Copies of what was before, of any length and from any distance, between literals.
-std::string copies(std::size_t size, unsigned seed) {
-    std::mt19937 random(seed);
-    std::string result = "seed of it all";
-    while (result.size() < size) {
-        const std::size_t reach = random() % 2 != 0 ? 40000 : 300;
-        std::size_t from = result.size() - 1 - random() % std::min(result.size(), reach);
-        for (auto count = random() % (random() % 4 == 0 ? 400 : 20); count > 0; --count)
-            result.push_back(result[from++]);
-        result.push_back(static_cast<char>(random() % 200));
-    }
-    result.resize(size);
-    return result;
 }
 
 struct Case {
@@ -257,103 +201,6 @@ TEST(Deflate, EndsAFullBlockWithAnEmptyOne) {
     const std::string padding = bits.substr(at + empty.size());
     EXPECT_LT(padding.size(), 8u);
     EXPECT_EQ(padding.find('1'), std::string::npos);
-}
-
-// Gives a file as a slow disk might: in pieces of any size.
-class PiecewiseInput {
-public:
-    explicit PiecewiseInput(const std::string& bytes) : bytes_(bytes) {}
-    void read(char* to, std::streamsize count) {
-        count_ = std::min<std::size_t>(
-            {static_cast<std::size_t>(count), 1 + random_() % 9000, bytes_.size() - at_});
-        std::copy_n(bytes_.data() + at_, count_, to);
-        at_ += count_;
-    }
-    std::streamsize gcount() const { return static_cast<std::streamsize>(count_); }
-
-private:
-    const std::string& bytes_;
-    std::size_t at_ = 0, count_ = 0;
-    std::mt19937 random_{12};
-};
-
-// What the dictionary says, without a block around it.
-struct Tokens {
-    std::vector<reference::Token> list;
-    void literal_put(int value) { list.push_back({0, 0, static_cast<unsigned char>(value)}); }
-    void match_len_put(int length, int distance) { list.push_back({length, distance, 0}); }
-};
-
-TEST(Deflate, FillsTheWindowFromShortReads) {
-    HiSpeed_SlideDic::Workspace workspace;
-    for (const std::size_t size : {9000, 65536, 65537, 200000}) {
-        const std::string input = copies(size, 13);
-        PiecewiseInput source(input);
-        Tokens tokens;
-        const HiSpeed_SlideDic::SDicEnc<PiecewiseInput, 256> dictionary(source, tokens, workspace);
-        ASSERT_EQ(~dictionary.crc(), checksum(input)) << size;
-        auto wanted = reference::tokens(input);
-        for (reference::Token& token : wanted)
-            if (token.length > 0) token.literal = 0;
-        EXPECT_TRUE(tokens.list == wanted) << size;
-    }
-}
-
-struct CountStep {
-    std::uint64_t* steps;
-    void operator()() const { ++*steps; }
-};
-
-// The links and words of text that the search looks at.
-std::uint64_t stepsFor(const std::string& input) {
-    using Index = HiSpeed_SlideDic::BasicMatchIndex<CountStep>;
-    std::uint64_t steps = 0;
-    HiSpeed_SlideDic::BasicWorkspace<Index> workspace{.index = Index(CountStep{&steps})};
-    ZIPFile::MemoryInput source(input);
-    Tokens tokens;
-    const HiSpeed_SlideDic::SDicEnc<ZIPFile::MemoryInput, 256, Index> dictionary(source, tokens, workspace);
-    return steps + tokens.list.size();
-}
-
-// Prose takes about one step for two bytes.
-TEST(Deflate, TakesNoMoreWorkForAwkwardContent) {
-    constexpr std::size_t size = 1'000'000;
-    std::string onePrefix;
-    for (const char byte : randomBytes(size / 5, 256, 4))
-        onePrefix += std::string("abcd") + byte;
-    for (const auto& [name, input] :
-         std::vector<std::pair<std::string, std::string>>{{"a run", std::string(size, 'a')},
-                                                          {"two bytes in turn", repeated("ab", size)},
-                                                          {"two rising ranges", numberedLines(size, 1, 2)},
-                                                          {"falling numbers", numberedLines(size, -1, 1)},
-                                                          {"two letters", randomBytes(size, 2, 1)},
-                                                          {"four letters", randomBytes(size, 4, 1)},
-                                                          {"Fibonacci word", fibonacciWord(size)},
-                                                          {"one prefix, any byte", onePrefix}}) {
-        EXPECT_LT(stepsFor(input), size) << name;
-        // A walk along the chain compares many times as much.
-        std::uint64_t compared = 0;
-        const std::string part = input.substr(0, 100'000);
-        reference::tokens(part, &compared);
-        EXPECT_GT(compared, 5 * part.size()) << name;
-    }
-}
-
-// Texts of three bytes that fall into one place of a table that scatters them by a known factor. Search after
-// search would go through a thousand of them.
-TEST(Deflate, CannotBeSlowedByContentThatKnowsItsFactor) {
-    constexpr std::uint32_t known = 0x9E3779B1u << 8;
-    std::vector<std::string> texts;
-    for (std::uint32_t key = 0; key < 1u << 24; ++key)
-        if (key * known >> (32 - 13) == 0)
-            texts.push_back(
-                {static_cast<char>(key), static_cast<char>(key >> 8), static_cast<char>(key >> 16)});
-    ASSERT_EQ(texts.size(), 2048u);
-    std::mt19937 random(14);
-    std::string input;
-    while (input.size() < 300'000)
-        input += texts[random() % texts.size()];
-    EXPECT_LT(stepsFor(input), input.size());
 }
 
 } // namespace
