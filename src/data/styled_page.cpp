@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <string_view>
+#include <system_error>
 
 #include <libxml/parser.h>
 #include <libxml/uri.h>
@@ -46,12 +46,18 @@ xmlDoc* parse(const std::string& path) {
                          XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
 }
 
+// A folder that may not be looked into holds none; nothing may be thrown through the library.
+bool isFile(const fs::path& path) {
+    std::error_code failure;
+    return fs::is_regular_file(path, failure);
+}
+
 // The path that an address means; "" for what is on no disk. "%" may be part of a name, or stand for one.
 fs::path pathOf(const std::string& address, const fs::path& folder) {
     if (address.find("://") != std::string::npos && !address.starts_with("file://")) return {};
     const std::string plain = address.starts_with("file://") ? address.substr(7) : address;
     const fs::path path = (folder / plain).lexically_normal();
-    if (fs::is_regular_file(path)) return path;
+    if (isFile(path)) return path;
     const std::unique_ptr<char, void (*)(void*)> meant(xmlURIUnescapeString(plain.c_str(), 0, nullptr),
                                                        xmlFree);
     return meant ? (folder / meant.get()).lexically_normal() : path;
@@ -60,10 +66,10 @@ fs::path pathOf(const std::string& address, const fs::path& folder) {
 // The stylesheet that the file in `folder` names, wherever it is now; as it is named when it is nowhere.
 fs::path findSheet(const std::string& named, const fs::path& folder, const fs::path& sheetFolder) {
     const fs::path told = pathOf(named, folder);
-    if (told.empty() || fs::is_regular_file(told)) return told;
+    if (told.empty() || isFile(told)) return told;
     const std::string name = named.substr(named.find_last_of("/\\") + 1); // npos + 1 is 0
     for (const fs::path& place : {folder, sheetFolder})
-        if (fs::is_regular_file(place / name)) return place / name;
+        if (isFile(place / name)) return place / name;
     return told;
 }
 

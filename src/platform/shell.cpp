@@ -3,6 +3,7 @@
 #include <QUrl>
 
 #include "platform/detail/answers.h"
+#include "platform/detail/program_folder.h"
 #include "platform/detail/started_program.h"
 #include "platform/files.h"
 #include "platform/text.h"
@@ -54,9 +55,7 @@ void shellRun(const std::string& program, const std::string& file, const NotOpen
 }
 
 std::string moduleFileName() {
-    std::error_code failure;
-    const auto path = std::filesystem::read_symlink("/proc/self/exe", failure);
-    return failure ? std::string() : programPath(path).value_or(std::string());
+    return programPath(detail::executable()).value_or(std::string());
 }
 
 } // namespace platform

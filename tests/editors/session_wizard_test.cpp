@@ -14,7 +14,6 @@
 #include "platform/driver.h"
 #include "platform/files.h"
 #include "platform/listview.h"
-#include "platform/menu.h"
 #include "platform/property_sheet.h"
 #include "platform/window.h"
 #include "support/temporary_folder.h"
