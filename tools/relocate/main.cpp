@@ -1,7 +1,7 @@
 // kdl-relocate <music folder>
 // Points the songs of the catalogue whose files are missing to the files of the same name in the folder. The
-// catalogue is that of the settings, as the host program uses it; the host must not be running. The catalogue
-// as it was before the first relocation stays beside it as ResourceData.xml.bak.
+// catalogue is that of the settings, as the host program uses it; nothing is done while the host runs. The
+// catalogue as it was before the first relocation stays beside it as ResourceData.xml.bak.
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +13,7 @@
 #include "data/relocate.h"
 #include "foundation/path.h"
 #include "platform/files.h"
+#include "platform/folder_lock.h"
 #include "platform/program_tree.h"
 #include "platform/text.h"
 
@@ -78,5 +79,10 @@ int main(int argc, char** argv) {
     }
     const std::string problem = platform::settleProgramTree();
     if (!problem.empty()) std::fprintf(stderr, "%s\n", problem.c_str());
+    const auto lock = platform::FolderLock::take("..", platform::FolderLock::Kind::Exclusive);
+    if (!lock) {
+        std::fprintf(stderr, "kdl is running (or another kdl-relocate): close it first\n");
+        return EXIT_FAILURE;
+    }
     return relocate(argv[1]);
 }
