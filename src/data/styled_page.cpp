@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include <libxml/parser.h>
 #include <libxml/uri.h>
@@ -73,26 +74,28 @@ fs::path findSheet(const std::string& named, const fs::path& folder, const fs::p
     return told;
 }
 
-// The library asks one function of the process for every file; while a page is made it gives those of one
-// folder.
-class Loader {
-public:
-    explicit Loader(fs::path folder) {
-        folder_ = std::move(folder);
-        xsltSetLoaderFunc(load);
-    }
-    ~Loader() { xsltSetLoaderFunc(nullptr); }
-    Loader(const Loader&) = delete;
-    Loader& operator=(const Loader&) = delete;
+// What the library asks for every file that a stylesheet names: while it is read for the stylesheet itself or
+// one that it imports, while it is applied for the transformation. The stylesheet carries the only folder.
+xmlDoc* loadFromFolder(const xmlChar* address, xmlDict*, int, void* asker, xsltLoadType type) {
+    const xsltStylesheet* sheet = type == XSLT_LOAD_DOCUMENT
+                                      ? static_cast<const xsltTransformContext*>(asker)->style
+                                      : static_cast<const xsltStylesheet*>(asker);
+    while (sheet->parent)
+        sheet = sheet->parent;
+    const fs::path& folder = *static_cast<const fs::path*>(sheet->_private);
+    const fs::path path = pathOf(text(address), folder);
+    return path.parent_path() == folder ? parse(path.string()) : nullptr;
+}
 
-private:
-    static xmlDoc* load(const xmlChar* address, xmlDict*, int, void*, xsltLoadType) {
-        const fs::path path = pathOf(text(address), folder_);
-        return path.parent_path() == folder_ ? parse(path.string()) : nullptr;
-    }
-
-    static inline fs::path folder_;
-};
+// Null when the document is no stylesheet, or one with faults. `folder` has to live as long as the result.
+Owned<xsltStylesheet> compile(Owned<xmlDoc> document, const fs::path& folder) {
+    Owned<xsltStylesheet> sheet(xsltNewStylesheet());
+    if (!sheet) return nullptr;
+    sheet->_private = const_cast<fs::path*>(&folder);
+    if (xsltParseStylesheetUser(sheet.get(), document.get()) != 0) return nullptr;
+    document.release(); // the sheet owns it now
+    return sheet;
+}
 
 // The attribute-like part of a processing instruction.
 std::string pseudoAttribute(const std::string& data, const std::string& name) {
@@ -150,14 +153,12 @@ StyledPage makeStyledPage(const std::string& file, const std::string& page, cons
         reason = why + " (" + platform::utf8ToSjis(sheetPath.string()) + ")";
         return StyledPage::NotMade;
     };
-    const Loader loader(sheetPath.parent_path());
-    xmlDoc* const sheetDocument = parse(sheetPath.string());
+    Owned<xmlDoc> sheetDocument(parse(sheetPath.string()));
     if (!sheetDocument) return fail("スタイルシートを読み込めません。");
-    const Owned<xsltStylesheet> sheet(xsltParseStylesheetDoc(sheetDocument));
-    if (!sheet) {
-        xmlFreeDoc(sheetDocument); // the sheet would have owned it
-        return fail("スタイルシートの内容に誤りがあります。");
-    }
+    xsltSetLoaderFunc(loadFromFolder);
+    const fs::path sheetPlace = sheetPath.parent_path();
+    const Owned<xsltStylesheet> sheet = compile(std::move(sheetDocument), sheetPlace);
+    if (!sheet) return fail("スタイルシートの内容に誤りがあります。");
     const std::string bytes = transformed(sheet.get(), document.get());
     if (bytes.empty()) return fail("スタイルシートを適用できません。");
     if (!platform::replaceFile(page, bytes)) {

@@ -81,6 +81,23 @@ TEST_F(Page, ReadsNothingButTheStylesheetsFolder) {
     EXPECT_NE(zelkova::findText(page(), "本文[隣]"), zelkova::npos) << page();
     EXPECT_EQ(zelkova::findText(page(), "秘密"), zelkova::npos);
 
+    // Nor do the stylesheets that it imports and includes.
+    const std::string open =
+        "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>";
+    write("imported.xsl", open + "<xsl:include href='included.xsl'/></xsl:stylesheet>");
+    const std::string title = "<xsl:template match='root'><xsl:value-of select=\"document('beside.xml')\"/>"
+                              "</xsl:template></xsl:stylesheet>";
+    write("included.xsl", open + title);
+    writeSheet("[<xsl:apply-templates/>]", "<xsl:import href='imported.xsl'/>");
+    ASSERT_EQ(make(), StyledPage::Made) << reason;
+    EXPECT_NE(zelkova::findText(page(), "[隣]"), zelkova::npos) << page();
+    ASSERT_TRUE(platform::replaceFile(elsewhere.file("included.xsl"), open + title));
+    write("imported.xsl",
+          open + "<xsl:include href='" + elsewhere.file("included.xsl") + "'/></xsl:stylesheet>");
+    EXPECT_EQ(make(), StyledPage::NotMade);
+    writeSheet("", "<xsl:import href='" + elsewhere.file("included.xsl") + "'/>");
+    EXPECT_EQ(make(), StyledPage::NotMade);
+
     // What an external entity names stays unread too.
     write("file.xml", "<!DOCTYPE root [<!ENTITY e SYSTEM '" + elsewhere.file("secret.xml") +
                           "'>]><?xml-stylesheet href='sheet.xsl'?><root>&e;</root>");
