@@ -21,13 +21,17 @@ set(shipped_stamp ${CMAKE_BINARY_DIR}/shipped.stamp)
 add_custom_command(
   OUTPUT ${shipped_stamp}
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/dist ${KDL_SHIPPED}
+  # Without the pages of messages that are gone.
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${KDL_SHIPPED}/hlp
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${guide}/images ${KDL_SHIPPED}/hlp/images
-  COMMAND ${XSLTPROC} --stringparam catalogue ${message_catalogue} --output ${KDL_SHIPPED}/hlp/index.html ${guide_sheet}
-          ${guide}/guide.xml
+  COMMAND ${CMAKE_COMMAND} -E copy ${guide}/guide.css ${KDL_SHIPPED}/hlp
+  COMMAND ${XSLTPROC} --stringparam catalogue ${message_catalogue} --stringparam words ${guide}/words.xml
+          --output ${KDL_SHIPPED}/hlp/index.html ${guide_sheet} ${guide}/guide.xml
   COMMAND ${CMAKE_COMMAND} -E touch ${shipped_stamp}
-  DEPENDS ${shipped} ${guide}/guide.xml ${guide_sheet} ${guide_pictures}
+  DEPENDS ${shipped} ${guide}/guide.xml ${guide}/guide.css ${guide}/words.xml ${guide_sheet} ${guide_pictures}
   COMMENT "Gathering what is shipped, making the host's guide"
   VERBATIM)
+add_custom_target(kdl_shipped DEPENDS ${shipped_stamp})
 
 set(stage_stamp ${CMAKE_BINARY_DIR}/stage.stamp)
 add_custom_command(
@@ -40,4 +44,4 @@ add_custom_command(
   COMMENT "Staging what is shipped"
   VERBATIM)
 add_custom_target(kdl_stage ALL DEPENDS ${stage_stamp})
-add_dependencies(kdl_stage kdl_media)
+add_dependencies(kdl_stage kdl_media kdl_shipped)

@@ -1,5 +1,5 @@
-// What is shipped has to fit the program: every message number that the sources use has its text, and the
-// prepared settings are in the form that the program itself writes.
+// What is shipped has to fit the program: every message number that the sources use has its text and its page
+// of help, and the prepared settings are in the form that the program itself writes.
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -8,6 +8,7 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -141,6 +142,59 @@ TEST(ShippedMessages, AskOnlyForWhatTheirCallersPass) {
                     << message.getCode() << " " << tokens[i];
         }
     }
+}
+
+std::string textOf(const fs::path& file) {
+    std::ifstream in(file);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+const fs::path help = fs::path(KDL_SHIPPED_FOLDER) / "hlp";
+
+std::vector<fs::path> pagesOfHelp() {
+    std::vector<fs::path> pages;
+    for (const auto& entry : fs::directory_iterator(help))
+        if (entry.path().extension() == ".html") pages.push_back(entry.path());
+    return pages;
+}
+
+TEST(ShippedHelp, HasAPageForEveryMessage) {
+    DataApplication settings;
+    ASSERT_EQ(AccesserApplication().load(shipped("Config.xml"), settings), 1);
+    // Both buttons of the program fill the address; HTMLヘルプ has no code.
+    const auto page = [&settings](const std::string& code) {
+        const std::string address =
+            zelkova::replaceAll(settings.getHelpUrl(), "%__SERCH_MESSAGE_CODE__%", code);
+        return textOf((help / "../bin" / address).lexically_normal());
+    };
+    std::size_t pages = 1;
+    EXPECT_NE(page("").find("id=\"messages\""), std::string::npos);
+    for (const DataLogMessage& message : messages()) {
+        if (message.getLogging() < 2) continue; // trace lines are only in the log
+        const std::string code = zelkova::numberToText(message.getCode()), text = page(code);
+        EXPECT_NE(text.find("<h1>C" + code + "</h1>"), std::string::npos) << code;
+        EXPECT_EQ(text.find('%'), std::string::npos) << code << " shows a placeholder as it is written";
+        EXPECT_FALSE(message.getRestore().empty()) << code << " does not tell what to do";
+        ++pages;
+    }
+    EXPECT_EQ(pagesOfHelp().size(), pages) << "a page of a message that is gone";
+}
+
+TEST(ShippedHelp, LeadsOnlyToWhatIsThere) {
+    const std::regex link("(href|src)=\"([^\"#]*)#?([^\"]*)\"");
+    std::size_t links = 0;
+    for (const fs::path& file : pagesOfHelp()) {
+        const std::string text = textOf(file);
+        for (std::sregex_iterator match(text.begin(), text.end(), link), end; match != end; ++match) {
+            const fs::path target = (*match)[2].length() == 0 ? file : help / (*match)[2].str();
+            const std::string place = (*match)[3];
+            EXPECT_TRUE(fs::is_regular_file(target)) << file << " -> " << target;
+            EXPECT_TRUE(place.empty() || textOf(target).find("id=\"" + place + "\"") != std::string::npos)
+                << file << " -> " << place;
+            ++links;
+        }
+    }
+    EXPECT_GT(links, messages().size());
 }
 
 TEST(ShippedSettings, AreInTheProgramsOwnForm) {

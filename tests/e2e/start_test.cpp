@@ -75,10 +75,10 @@ TEST_F(Start, TheMenuOpensItsDialogs) {
 }
 
 TEST_F(Start, TheMenuOpensHelpLogAndFolders) {
-    desk.folder.settings.setHelpUrl("../hlp/index.html#C%__SERCH_MESSAGE_CODE__%");
+    desk.folder.settings.setHelpUrl("../hlp/index%__SERCH_MESSAGE_CODE__%.html");
     desk.start();
     const std::pair<int, std::string> targets[] = {
-        {11023, "../hlp/index.html#C"},
+        {11023, "../hlp/index.html"},
         {11024, desk.folder.file("log/kdl_server.log")},
         {11025, desk.folder.file("log")},
         {11099, desk.folder.file("hst/")},
