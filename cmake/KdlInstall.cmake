@@ -31,6 +31,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "gstreamer1.0-plugins-base, gstreamer1.0-plugins-good, gstreamer1.0-plugins-bad, gstreamer1.0-plugins-ugly, \
-gstreamer1.0-libav, gstreamer1.0-alsa, timgm6mb-soundfont, fonts-ipafont-gothic, fonts-ipafont-mincho, qt6-qpa-plugins")
+gstreamer1.0-libav, gstreamer1.0-alsa, gstreamer1.0-pulseaudio, timgm6mb-soundfont, fonts-ipafont-gothic, \
+fonts-ipafont-mincho, qt6-qpa-plugins")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libreoffice-writer, xdg-utils, qt6-translations-l10n")
 include(CPack)
