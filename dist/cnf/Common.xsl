@@ -101,7 +101,7 @@
       th, td { border: 0.5pt solid #9aa5b1; padding: 1mm 1.8mm; vertical-align: top; text-align: left; }
       thead th { background: #e6edf4; white-space: nowrap; }
       tbody tr:nth-child(even) td { background: #f7f9fb; }
-      table.settings { margin-bottom: 2.5mm; }
+      table.settings { margin-bottom: 2.5mm; page-break-after: avoid; }
       table.settings th { background: #f0f3f6; width: 8%; white-space: nowrap; font-weight: normal; color: #555; }
       table.settings td { background: none !important; width: 17%; }
       table.board { width: auto; margin-bottom: 4mm; }
@@ -109,7 +109,11 @@
       table.catalogue th, table.catalogue td { padding: 0.8mm 1.2mm; }
       table.catalogue th.title { width: 26%; }
       table.catalogue th.name { width: 15%; }
-      table.songs th.number { width: 12mm; }
+      table.songs { table-layout: fixed; word-wrap: break-word; }
+      table.songs th.number { width: 10mm; }
+      table.songs th.answerer { width: 17%; }
+      table.songs th.score { width: 9%; font-size: 9pt; white-space: normal; text-align: right; }
+      table.songs th.title { width: 50%; }
       thead th.number, .number { text-align: right; white-space: nowrap; }
       .file { font-size: 8pt; color: #666; word-break: break-all; }
       .artist { color: #666; font-size: 9pt; }

@@ -22,7 +22,8 @@
           <thead>
             <tr>
               <th class="number">NO.</th><th class="title">曲名 / ファイル名</th><th class="name">アーティスト</th><th>ジャンル</th><th>種別</th><th>形式</th>
-              <th>発売日</th><th>長さ</th><th>イントロ</th><th>サビ</th><th>解答</th><th>難易度</th><th>知名度</th>
+              <th class="number">発売日</th><th class="number">長さ</th><th class="number">イントロ</th><th class="number">サビ</th>
+              <th class="number">解答</th><th class="number">難易度</th><th class="number">知名度</th>
             </tr>
           </thead>
           <tbody>

@@ -57,9 +57,9 @@
         <table class="songs">
           <thead>
             <tr>
-              <th class="number">問</th><th>正解（曲名 / アーティスト）</th><th>解答者</th>
+              <th class="number">問</th><th>正解（曲名 / アーティスト）</th><th class="answerer">解答者</th>
               <xsl:for-each select="$users">
-                <th class="number">
+                <th class="score">
                   <xsl:choose>
                     <xsl:when test=". != ''"><xsl:value-of select="."/></xsl:when>
                     <xsl:otherwise>－</xsl:otherwise>

@@ -40,7 +40,7 @@
     <xsl:choose>
       <xsl:when test="resources/resource">
         <table class="songs">
-          <thead><tr><th class="number">問</th><th class="number">NO.</th><th>曲名</th><th>アーティスト</th></tr></thead>
+          <thead><tr><th class="number">問</th><th class="number">NO.</th><th class="title">曲名</th><th>アーティスト</th></tr></thead>
           <tbody>
             <xsl:for-each select="resources/resource">
               <xsl:variable name="place" select="position() - 1"/>
