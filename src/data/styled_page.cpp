@@ -145,7 +145,11 @@ StyledPage makeStyledPage(const std::string& file, const std::string& page, cons
     xmlSetGenericErrorFunc(nullptr, beSilent);
     const fs::path path = platform::nativePath(file);
     const Owned<xmlDoc> document(parse(path.string()));
-    const auto named = document ? stylesheetOf(*document) : std::nullopt;
+    if (!document) {
+        reason = "XML ファイルとして読み取れません。";
+        return StyledPage::NotMade;
+    }
+    const auto named = stylesheetOf(*document);
     if (!named) return StyledPage::NoStylesheet;
 
     const fs::path sheetPath = findSheet(*named, path.parent_path(), platform::nativePath(sheetFolder));

@@ -22,8 +22,12 @@ void dropRegrets(QtMsgType type, const QMessageLogContext& context, const QStrin
 
 } // namespace
 
+bool hasDisplay() {
+    return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
+}
+
 Application::Application(int& argc, char** argv) {
-    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    if (!hasDisplay()) setenv("QT_QPA_PLATFORM", "offscreen", 0);
     toolkitHandler = qInstallMessageHandler(dropRegrets);
     auto* application = new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

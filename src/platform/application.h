@@ -3,8 +3,11 @@
 
 namespace platform {
 
+// Somebody can see windows: DISPLAY or WAYLAND_DISPLAY is set.
+bool hasDisplay();
+
 // Brings the windows, the style and the fonts up, and takes them down again. One per process, made first in
-// main. Without a display (no DISPLAY, no WAYLAND_DISPLAY) windows are drawn off screen.
+// main. Without a display windows are drawn off screen.
 class Application {
 public:
     Application(int& argc, char** argv);

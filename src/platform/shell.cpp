@@ -44,6 +44,12 @@ void shellOpen(const std::string& target, const NotOpened& notOpened) {
     open(target, notOpened);
 }
 
+std::function<bool()> shellOpenAtEnd(const std::string& target) {
+    if (detail::Answers* scripted = detail::answers())
+        return [opened = scripted->open(target)] { return opened; };
+    return detail::startProgram({opener, openersName(target)});
+}
+
 void shellExplore(const std::string& folder, const NotOpened& notOpened) {
     open(folder, notOpened);
 }

@@ -1,6 +1,7 @@
 #include "platform/detail/started_program.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -8,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
+#include <algorithm>
 #include <csignal>
 #include <memory>
 #include <optional>
@@ -100,6 +102,16 @@ bool startProgram(const std::vector<std::string>& command, std::function<void()>
                          if (!running->endedWell() && nowMs() <= latest) failed();
                      });
     return true;
+}
+
+std::function<bool()> startProgram(const std::vector<std::string>& command) {
+    const auto id = spawn(command);
+    if (!id) return [] { return false; };
+    return [running = std::make_shared<const Running>(*id), latest = nowMs() + startMs] {
+        pollfd end{running->descriptor, POLLIN, 0}; // one that is not there never becomes readable
+        const auto left = static_cast<int>(std::max<std::int64_t>(latest - nowMs(), 0));
+        return ::poll(&end, 1, left) <= 0 || running->endedWell();
+    };
 }
 
 } // namespace platform::detail

@@ -1,14 +1,13 @@
 // kdl-relocate as it is called: a copy of it in a tree of the test's own.
 
-#include <cstdio>
 #include <filesystem>
 
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 
 #include "data/accesser_resource.h"
 #include "platform/files.h"
 #include "platform/folder_lock.h"
+#include "support/run_program.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -38,13 +37,9 @@ protected:
     }
     // With what it said in `said`; the answer is its exit code.
     int run(const std::string& arguments) {
-        std::FILE* const program =
-            ::popen((tree.file("bin/kdl-relocate") + " " + arguments + " 2>&1").c_str(), "r");
-        said.clear();
-        for (int c; (c = std::fgetc(program)) != EOF;)
-            said += static_cast<char>(c);
-        const int status = ::pclose(program);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        const auto ended = test_support::runProgram(tree.file("bin/kdl-relocate") + " " + arguments);
+        said = ended.said;
+        return ended.code;
     }
     int runOnMusic() { return run(tree.file("music")); }
     std::string fileOf(int number) const {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/accesser_resource.h"
 #include "data/accesser_session_history.h"
 #include "foundation/text.h"
 #include "platform/files.h"
@@ -38,6 +39,9 @@ protected:
     std::string page() const {
         return platform::utf8ToSjis(platform::readFile(folder.file("page.html")).value_or(""));
     }
+    void expectOnPage(const std::string& text) const {
+        EXPECT_NE(zelkova::findText(page(), text), zelkova::npos) << text;
+    }
 
     TemporaryFolder folder;
     std::string reason;
@@ -51,6 +55,9 @@ TEST_F(Page, OfAHistoryHoldsEveryQuest) {
         quest.setQuest(i + 1);
         quest.setTitle1("曲名①～" + std::to_string(i));
         quest.setArtist5("歌手" + std::to_string(i));
+        quest.setUser("解答者" + std::to_string(i));
+        quest.setScore1(1000 + i);
+        quest.setScore4(-200 - i);
         DataPartHistory& stage = stages[static_cast<std::size_t>(i) / 3];
         stage.setPartName("ステージ" + std::to_string(i / 3));
         auto quests = stage.getDataHistoryList();
@@ -62,9 +69,37 @@ TEST_F(Page, OfAHistoryHoldsEveryQuest) {
     ASSERT_EQ(AccesserSessionHistory().save(folder.file("file.xml"), session), 1);
     ASSERT_EQ(make(), StyledPage::Made) << reason;
     for (int i = 0; i < 6; ++i)
+        for (const char* text : {"曲名①～", "歌手", "解答者", ">100", ">-20"})
+            expectOnPage(text + std::to_string(i));
+    expectOnPage("ステージ0");
+    expectOnPage("ステージ1");
+}
+
+TEST_F(Page, OfACatalogueHoldsEverySong) {
+    AccesserResource catalogue;
+    catalogue.setStylesheet("file://" KDL_SOURCE_FOLDER "/dist/cnf/ResourceData.xsl");
+    ASSERT_EQ(catalogue.open(folder.file("file.xml")), 1);
+    for (int i = 0; i < 300; ++i) {
+        DataResource song;
+        song.setTitle("曲名－" + std::to_string(i));
+        song.setArtist("歌手" + std::to_string(i));
+        song.setFileName("/曲/" + std::to_string(i) + ".mp3");
+        song.setFileType(0);
+        song.setIntroStart(i);
+        song.setIntroEnd(i + 100);
+        catalogue.add(song);
+    }
+    catalogue.remove(7); // the song of the index 6
+    ASSERT_EQ(catalogue.commit(), 1);
+    ASSERT_EQ(make(), StyledPage::Made) << reason;
+    EXPECT_EQ(zelkova::findText(page(), "曲名－6<"), zelkova::npos);
+    for (const int i : {0, 5, 7, 299}) {
+        const std::string number = std::to_string(i), tenths = "." + std::to_string(i % 10);
         for (const std::string& text :
-             {"曲名①～" + std::to_string(i), "歌手" + std::to_string(i), "ステージ" + std::to_string(i / 3)})
-            EXPECT_NE(zelkova::findText(page(), text), zelkova::npos) << text;
+             {"曲名－" + number + "<", "歌手" + number + "<", "/曲/" + number + ".mp3",
+              std::to_string(i / 10) + tenths + "～" + std::to_string(i / 10 + 10) + tenths})
+            expectOnPage(text);
+    }
 }
 
 TEST_F(Page, ReadsNothingButTheStylesheetsFolder) {
@@ -134,8 +169,6 @@ TEST_F(Page, FindsTheStylesheetOfAFileThatHasMoved) {
 TEST_F(Page, IsNotMadeWithoutAUsableStylesheet) {
     write("file.xml", "<root/>");
     EXPECT_EQ(make(), StyledPage::NoStylesheet);
-    write("file.xml", "no xml at all");
-    EXPECT_EQ(make(), StyledPage::NoStylesheet);
 
     writeFile("sheet.xsl", "本文");
     writeSheet("前の版");
@@ -155,6 +188,8 @@ TEST_F(Page, IsNotMadeWithoutAUsableStylesheet) {
     writeSheet("<xsl:call-template name='t'/>",
                "<xsl:template name='t'><xsl:call-template name='t'/></xsl:template>");
     fails("it never ends");
+    write("file.xml", "no xml at all");
+    fails("no XML file");
     writeFile("gone.xsl", "");
     fails("missing");
     writeFile("http://127.0.0.1:9/sheet.xsl", "");

@@ -65,6 +65,28 @@ TEST_F(Shell, TellsWhatTheOpenerMadeOfIt) {
     }
 }
 
+TEST_F(Shell, AnswersAtItsEnd) {
+    const SearchPath path(folder.path());
+    const auto opener = folder.path() / "xdg-open";
+    for (const bool good : {true, false}) {
+        test_support::writeProgram(opener, good ? "exit 0" : "exit 3");
+        const auto one = shellOpenAtEnd("a"), other = shellOpenAtEnd("b");
+        EXPECT_EQ(one(), good);
+        EXPECT_EQ(other(), good);
+    }
+    // A browser that stays has opened its page.
+    test_support::writeProgram(opener, "touch \"$1\"; sleep 3; exit 1");
+    ManualClock clock({2026, 11, 0, 22, 19, 5, 0, 0});
+    const auto stays = shellOpenAtEnd(noted());
+    EXPECT_TRUE(driver::settleUntil([&] { return isFile(noted()); }));
+    clock.advance(10'000);
+    EXPECT_TRUE(stays());
+
+    std::filesystem::remove(opener);
+    const SearchPath nothing(folder.path(), SearchPath::Alone);
+    EXPECT_FALSE(shellOpenAtEnd("a")());
+}
+
 TEST_F(Shell, HandsPathsAndPlacesInPagesOver) {
     const SearchPath path(folder.path());
     install("xdg-open", "exit 2");

@@ -4,7 +4,7 @@
 
 #include "console/player_board.h"
 #include "console/quest_editing.h"
-#include "data/styled_page.h"
+#include "data/file_page.h"
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
 #include "editors/dialogcontrollist.h"
@@ -39,28 +39,16 @@ void open(const std::string& target, decltype(&platform::shellOpen) way = platfo
     zelkova::openWithDesktop(host().mainWindow, target, way);
 }
 
-// As the file's own stylesheet shows it; as it is where that is not possible.
 void openAsPage(const std::string& file) {
-    constexpr int pageNotMade = 3000032;
-    const std::string name = zelkova::getFileName(file);
-    const std::string folder = zelkova::normalizePath(host().modulePath + "../tmp/");
-    platform::makeFolder(folder);
-    const std::string page = folder + name + ".html";
-    zelkova::DataPairsList pairs;
-    std::string reason;
-    switch (makeStyledPage(file, page, host().modulePath + "../cnf", reason)) {
-    case StyledPage::Made:
-        open(page);
-        return;
-    case StyledPage::NotMade:
+    const FilePage page = makeFilePage(file, host().modulePath);
+    if (!page.problem.empty()) {
+        constexpr int pageNotMade = 3000032;
+        zelkova::DataPairsList pairs;
         pairs.add("FILE", file);
-        pairs.add("MESSAGE", reason);
+        pairs.add("MESSAGE", page.problem);
         zelkova::reportMessage(host().mainWindow, pageNotMade, pairs);
-        break;
-    case StyledPage::NoStylesheet:
-        break;
     }
-    open(file);
+    open(page.path.empty() ? file : page.path);
 }
 
 void showRunningOrder() {

@@ -14,5 +14,8 @@ namespace platform::detail {
 // `failed` is called once, from the message loop, when the program ends with another code than 0, or by a
 // signal, within ten seconds: then it has not done what it was started for.
 bool startProgram(const std::vector<std::string>& command, std::function<void()> failed);
+// The same without a message loop: the answer, to be asked for once, waits for the end that `failed` would
+// tell of. False also when there is no such program.
+std::function<bool()> startProgram(const std::vector<std::string>& command);
 
 } // namespace platform::detail
