@@ -1,11 +1,15 @@
 # cmake --install, and a Debian package by cpack.
-#   bin/kdl, kdl-relocate, kdl-terminal
+#   bin/kdl, kdl-page, kdl-relocate, kdl-terminal
 #   share/kdl/                   what is shipped; at its first start the program makes the user's own copy of it
+#   share/applications/, share/mime/packages/
+#                                a menu entry; and kdl-page as what opens the XML files in a file manager. A package's
+#                                triggers bring the desktop's databases up to date
 include(GNUInstallDirs)
 
-install(TARGETS kdl kdl-relocate kdl-terminal DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS kdl kdl-page kdl-relocate kdl-terminal DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${KDL_SHIPPED}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/kdl)
-install(FILES packaging/kdl.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/kdl.desktop packaging/kdl-page.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/kdl-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME kdl.xml)
 install(FILES resources/icons/ICO_INTRO_SERVER.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME kdl.svg)
 install(FILES resources/icons/ICO_INTRO_SERVER.png
