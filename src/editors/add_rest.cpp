@@ -16,19 +16,28 @@ AddRest::AddRest(AccesserResource& catalogue, FileIndex& index, std::vector<std:
     media_.create({});
 }
 
+std::optional<SongFile> AddRest::open() {
+    if (measured_)
+        measureSongFile(media_, *measured_);
+    else
+        measured_ = openSongFile(media_, file());
+    return measured_->measuring ? std::nullopt : std::exchange(measured_, {});
+}
+
 bool AddRest::step() {
-    const std::string& path = file();
-    ++next_;
-    if (index_.find(path)) {
+    if (!measured_ && index_.find(file())) {
         ++known_;
+        ++next_;
         return true;
     }
-    const SongFile song = openSongFile(media_, path);
-    if (!song.isPlayable()) {
-        failed_.push_back(path);
+    const std::optional<SongFile> song = open();
+    if (!song) return true;
+    ++next_;
+    if (!song->isPlayable()) {
+        failed_.push_back(song->name);
         return true;
     }
-    const int number = catalogue_.add(toSong(newForm(path), song, {}));
+    const int number = catalogue_.add(toSong(newForm(song->name), *song, {}));
     if (number == 0) {
         finish();
         next_ = files_.size();

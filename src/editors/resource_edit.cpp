@@ -111,6 +111,9 @@ private:
         case msgUnreadable:
             reportUnreadable();
             return true;
+        case SamplePlayer::msgMeasured:
+            onMeasured();
+            return true;
         case platform::WM_NOTIFY:
             if (message.wParam != idReleaseDate) return false;
             datePicked_ = true;
@@ -138,9 +141,26 @@ private:
         const SongFile& file = player_.file();
         platform::setText(control(idFileName), fileName);
         platform::setToolTip(control(idFileName), fileName);
-        platform::setText(control(idFileType), fileTypeLabels.text(file.type));
+        showFile();
         // Told when the editor can be seen.
-        if (!file.isPlayable()) platform::postMessage(window(), msgUnreadable);
+        if (!file.measuring && !file.isPlayable()) platform::postMessage(window(), msgUnreadable);
+    }
+
+    // The disk took its time; what was typed meanwhile stays.
+    void onMeasured() {
+        const bool changed = changed_;
+        player_.showFile();
+        showFile();
+        setChanged(changed); // a range that is clipped to the song is no change of the host's
+        if (!player_.file().isPlayable()) reportUnreadable();
+    }
+
+    void showFile() {
+        const SongFile& file = player_.file();
+        platform::setText(control(idFileType), fileTypeLabels.text(file.type));
+        // Without its length a song could be stored, but not played in a quest.
+        platform::enable(control(idOk), !file.measuring);
+        platform::enable(control(idTakeRest), !file.measuring);
     }
 
     void reportUnreadable() {
@@ -197,7 +217,7 @@ private:
     // What differs from the catalogue: the only thing that there is to store.
     void setChanged(bool changed) {
         changed_ = changed;
-        platform::enable(control(idApply), changed);
+        platform::enable(control(idApply), changed && !player_.file().measuring);
     }
 
     bool store() {

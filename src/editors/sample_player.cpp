@@ -44,13 +44,17 @@ void SamplePlayer::close() {
 
 void SamplePlayer::load(const std::string& fileName) {
     file_ = openSongFile(media_, fileName);
+    showFile();
+}
+
+void SamplePlayer::showFile() {
     playback_.setFile(file_);
     backwards_ = false;
     if (!playback_.canReverse()) platform::setChecked(control(idReverse), false);
     setSpeed(normalSpeed);
     media_.setVolume(host().editorVolume * 10);
-    platform::setText(control(idLength), zelkova::numberToText(file_.length));
-    platform::setText(control(idUnit), unitText(factor()));
+    platform::setText(control(idLength), file_.measuring ? "" : zelkova::numberToText(file_.length));
+    platform::setText(control(idUnit), file_.measuring ? "読込中…" : unitText(factor()));
     setLimits(rowWhole, {0, file_.length});
     showPosition(rowWhole, 0);
     for (int row = rowIntro; row < sampleRows; ++row) {
@@ -173,6 +177,11 @@ void SamplePlayer::endOfRow(int row) {
 }
 
 void SamplePlayer::onTick() {
+    if (file_.measuring) {
+        measureSongFile(media_, file_);
+        if (!file_.measuring) platform::postMessage(dialog_, msgMeasured);
+        return;
+    }
     const int row = playback_.activeRange();
     if (row == noRow) return;
     const int position = media_.getPosition();

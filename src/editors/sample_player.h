@@ -21,9 +21,13 @@ public:
     void open(platform::WindowHandle dialog);
     void close(); // gives the sound device back and the show its volume
 
-    // In place of the file before; what it does not allow is off afterwards.
+    // In place of the file before; what it does not allow is off afterwards. While a file is still measured
+    // nothing can be played; msgMeasured is posted to the dialog when that is over, and showFile() then turns
+    // on what the file allows.
     void load(const std::string& fileName);
     const SongFile& file() const { return file_; }
+    void showFile();
+    static constexpr unsigned msgMeasured = platform::WM_USER + 2;
 
     void show(const std::array<RangeText, songRanges>& ranges);
     std::array<RangeText, songRanges> ranges() const;

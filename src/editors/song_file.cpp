@@ -23,6 +23,20 @@ std::string extensionOf(const std::string& fileName) {
     return zelkova::findText(extension, " ") == zelkova::npos ? extension : "";
 }
 
+constexpr int momentMs = 100;
+
+void takeLength(zelkova::Media& media, SongFile& file) {
+    const int milliseconds = media.getEnd();
+    if (milliseconds > 0) {
+        if (file.isPlayable()) file.length = milliseconds / positionFactor(file.type);
+        return;
+    }
+    // One without a length is damaged.
+    media.close();
+    file.opened = false;
+    file.type = fileTypeNone;
+}
+
 } // namespace
 
 int fileTypeOfName(std::string_view path) {
@@ -51,12 +65,15 @@ SongFile openSongFile(zelkova::Media& media, const std::string& path) {
     SongFile file;
     file.name = path;
     if (!zelkova::fileExists(path) || !media.open(path)) return file;
-    file.opened = media.getEnd() > 0; // one without a length is damaged
-    if (!file.opened) {
-        media.close();
-        return file;
-    }
+    file.opened = true;
     file.type = fileTypeOfName(path);
-    if (file.isPlayable()) file.length = media.getEnd() / positionFactor(file.type);
+    file.measuring = media.isMeasuring(momentMs);
+    if (!file.measuring) takeLength(media, file);
     return file;
+}
+
+void measureSongFile(zelkova::Media& media, SongFile& file) {
+    if (!file.measuring || media.isMeasuring()) return;
+    file.measuring = false;
+    takeLength(media, file);
 }

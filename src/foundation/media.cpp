@@ -126,6 +126,10 @@ int Media::getEnd() {
     return window ? window->end() : 0;
 }
 
+bool Media::isMeasuring(int waitMs) {
+    return opened && window && window->isMeasuring(waitMs);
+}
+
 // The device's own position of an MP3 at another speed does not follow the sound.
 bool Media::isEstimated() const {
     return mediaType == MediaType::MP3 && speed != 0 && speed != normalSpeed;
@@ -136,7 +140,7 @@ int Media::getPosition() {
     if (!isEstimated()) return window->position();
     const std::uint32_t elapsed = playStartTick == noTick ? 0 : platform::getTickCount() - playStartTick;
     const std::int64_t position = std::int64_t{elapsed} * speed / normalSpeed + playStartPosition;
-    return static_cast<int>(std::min<std::int64_t>(position, getEnd()));
+    return static_cast<int>(isMeasuring() ? position : std::min<std::int64_t>(position, getEnd()));
 }
 
 bool Media::setVolume(int level) {

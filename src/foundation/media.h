@@ -51,7 +51,10 @@ public:
     bool isPlaying() const { return playing; }
     // Goes on playing from the new place when it was playing.
     bool seek(int position);
+    // 0 while the file is not measured; waits for that, as the player does.
     int getEnd();
+    // The length may still come; waits at most so long for that to end.
+    bool isMeasuring(int waitMs = 0);
     // Of an MP3 at another speed than normal this is reckoned from the tick count since play().
     int getPosition();
 

@@ -19,8 +19,9 @@ public:
     // Opens a WAV, MP3, WMA or MIDI file (Shift-JIS path, any name), over any file open before; its speed is
     // 1000 and its place 0. False, with nothing open, when there is no such regular file or its head shows
     // that it is none of these. Returns at once: several players opened one after the other prepare side by
-    // side (some 10 to 100 ms), and what is asked meanwhile holds when the file is ready. A file that turns
-    // out to be broken plays as far as it can be decoded and then stands at its end.
+    // side (some 10 to 100 ms), and what is asked meanwhile holds when the file is ready. Of a disk that has
+    // to wake up first not even the head is waited for. A file that turns out to be broken plays as far as it
+    // can be decoded and then stands at its end.
     virtual bool open(const std::string& path) = 0;
     virtual void close() = 0;
     // From the present place. At the end the player stops by itself with position() == end(). Players that
@@ -34,8 +35,12 @@ public:
     virtual bool seek(int milliseconds) = 0;
     virtual int position() = 0; // milliseconds, in steps of 10; 0 when nothing is open
     // Length in milliseconds, to a tenth of a second also for MP3 without a Xing header; 0 when nothing is
-    // open. Waits for the file to be measured (at most one second).
+    // open or it cannot be told. Waits for the file to be measured, at most until a second after its opening;
+    // 0 while it is not.
     virtual int end() = 0;
+    // The length of the open file may still come: nothing has failed, a disk may be waking up. Waits at most
+    // so long for that to end, which it does a minute after the opening, come what may.
+    virtual bool isMeasuring(int waitMs) = 0;
     // 0 to 1000, a linear factor. Belongs to the player: no file need be open, and it stays for the next
     // ones.
     virtual bool setVolume(int thousandths) = 0;

@@ -34,6 +34,7 @@ protected:
         desk.start();
         desk.script.expectDialog("IDD_KDL0302_EDIT", [&](WindowHandle window) {
             dialog = window;
+            EXPECT_TRUE(desk.passUntil([this] { return live(idPlay); }, 3000)) << "the song is measured";
             act();
             driver::click({window, idCancel});
         });

@@ -9,6 +9,7 @@
 #include "editors/confirm_duplicate.h"
 #include "editors/dialogcontrollist.h"
 #include "platform/listview.h"
+#include "support/watched_sound.h"
 
 namespace {
 
@@ -149,6 +150,27 @@ TEST_F(AddSongs, WhatWasAddedStaysWhenTheRestIsStopped) {
     });
     add(files);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("a", "b", "c"));
+}
+
+// A disk that wakes up late, with a file that has nothing in it.
+TEST_F(AddSongs, TheRestWaitsForADiskThatSleeps) {
+    test_support::WatchedSound sound;
+    sound.setMeasuringTime(3000);
+    const std::vector<std::string> rest{file("a.mp3", 12300), file("nothing.wav", 0), file("b.mp3")};
+    FileIndex index(host().accesserResource);
+    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+        clock.advance(2900);
+        EXPECT_EQ(platform::getText({dialog, idRestFile}), "a.mp3");
+        EXPECT_EQ(platform::getText({dialog, idRestCount}), "0／3曲");
+        clock.advance(200);
+        EXPECT_EQ(platform::getText({dialog, idRestFile}), "nothing.wav");
+        expectMessage(script, 2000028);
+        clock.advance(6000);
+    });
+    dlgAddRest({}, index, rest);
+    EXPECT_THAT(script.faults(), IsEmpty());
+    EXPECT_THAT(titlesOnDisk(), ElementsAre("a", "b"));
+    EXPECT_EQ(stored(1).getLength(), 123);
 }
 
 // Time goes on behind the question whether somebody else's catalogue may be replaced.

@@ -6,6 +6,7 @@
 #include "data/labels.h"
 #include "editors/catalogue_desk.h"
 #include "platform/sound.h"
+#include "support/watched_sound.h"
 
 namespace {
 
@@ -460,6 +461,67 @@ TEST_F(ResourceEdit, AFileThatDoesNotOpenIsToldAndSpoilsNothing) {
             EXPECT_EQ(stored(number).getFileType(), fileTypeMp3);
         }
     }
+}
+
+// What a disk takes that has to wake up first.
+constexpr std::uint32_t wakingMs = 6000;
+
+TEST_F(ResourceEdit, AFileOnADiskThatSleepsIsWaitedForWithoutBeingCalledDamaged) {
+    test_support::WatchedSound sound;
+    sound.setMeasuringTime(wakingMs);
+    const int number = addSong(file("song.mp3", 15000));
+    edit(number, [&] {
+        EXPECT_EQ(text(idFileType), "MP3");
+        EXPECT_EQ(text(idLength), "");
+        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
+        EXPECT_EQ(range(sabi), "100-200");
+        type(idTitle, "別の題");
+        clock.advance(wakingMs - 200);
+        EXPECT_THAT(livePlayers(), IsEmpty());
+        for (const int id : {+idOk, +idApply, +idTakeRest, +idSlider})
+            EXPECT_FALSE(live(id)) << id;
+        clock.advance(200);
+        driver::settle();
+        EXPECT_EQ(text(idLength), "150");
+        EXPECT_EQ(range(sabi), "100-150") << "clipped, as by a disk that is awake";
+        EXPECT_EQ(text(idTitle), "別の題");
+        EXPECT_THAT(livePlayers(), ElementsAre(+idPlay, +idStop, intro + rangePlay, intro + rangeStop,
+                                               sabi + rangePlay, sabi + rangeStop));
+        EXPECT_TRUE(live(idApply));
+        click(idPlay);
+        clock.advance(1000);
+        EXPECT_EQ(text(idPosition), "10");
+        click(idOk);
+    });
+    EXPECT_EQ(stored(number).getLength(), 150);
+    EXPECT_EQ(stored(number).getTitle(), "別の題");
+
+    edit(number, [&] {
+        clock.advance(wakingMs);
+        driver::settle();
+        EXPECT_FALSE(live(idApply)) << "nobody has changed anything";
+        EXPECT_TRUE(live(idOk));
+        click(idCancel);
+    });
+    edit(number, [&] { click(idCancel); }); // nor does the editor wait for its file
+}
+
+TEST_F(ResourceEdit, AFileThatTurnsOutDamagedIsToldThen) {
+    test_support::WatchedSound sound;
+    sound.setMeasuringTime(wakingMs);
+    edit(
+        -1,
+        [&] {
+            clock.advance(wakingMs - 200);
+            expectMessage(script, 4000008);
+            clock.advance(200);
+            driver::settle();
+            EXPECT_EQ(text(idLength), "0");
+            EXPECT_EQ(text(idFileType), "");
+            EXPECT_THAT(livePlayers(), IsEmpty());
+            click(idCancel);
+        },
+        file("nothing.wav", 0));
 }
 
 TEST_F(ResourceEdit, AStoringThatFailsKeepsTheEditorOpenAndTheCatalogueAsItWas) {

@@ -226,6 +226,7 @@ public:
         ADD_FAILURE() << "the desk stands still until the song is measured";
         return 0;
     }
+    bool isMeasuring(int waitMs) override { return waitMs == 0; }
     bool setVolume(int) override { return true; }
     bool setSpeed(int) override { return true; }
 };
@@ -241,6 +242,7 @@ public:
 };
 
 TEST(MediaPreparation, WaitsForNoLength) {
+    platform::ManualClock clock;
     platform::setSoundDevice(std::make_unique<UnmeasuredDevice>());
     {
         Media media;
@@ -253,6 +255,9 @@ TEST(MediaPreparation, WaitsForNoLength) {
             EXPECT_TRUE(media.seek(1000));
             EXPECT_TRUE(media.setVolume(500));
             EXPECT_TRUE(media.play());
+            clock.advance(500);
+            EXPECT_EQ(media.getPosition(), 1000) << "it is not known to end before";
+            EXPECT_TRUE(media.pause());
         }
     }
     platform::setSoundDevice(nullptr);

@@ -79,6 +79,7 @@ TEST_P(SoundContract, NothingOpenDoesNothing) {
     EXPECT_FALSE(player_->seek(100));
     EXPECT_EQ(player_->position(), 0);
     EXPECT_EQ(player_->end(), 0);
+    EXPECT_FALSE(player_->isMeasuring(0));
     player_->close();
 }
 
@@ -99,6 +100,7 @@ TEST_P(SoundContract, RefusesWhatIsNoSoundAndForgetsWhatWasOpen) {
 
 TEST_P(SoundContract, SeeksToTheMillisecondWithinTheSong) {
     ASSERT_TRUE(player_->open(song_));
+    EXPECT_FALSE(player_->isMeasuring(5000));
     EXPECT_EQ(player_->end(), 2000);
     const std::pair<int, int> seeks[] = {{1234, 1234}, {-200, 0}, {2000, 2000}, {99999, 2000}, {1, 1}};
     for (const auto& [asked, reached] : seeks) {

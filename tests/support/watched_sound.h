@@ -1,6 +1,7 @@
 #pragma once
 // The silent device, with its players' volumes and what plays on it to be looked at.
 
+#include <cstdint>
 #include <memory>
 #include <set>
 #include <string>
@@ -29,8 +30,12 @@ public:
     // How many players play the file.
     int playing(const std::string& path) const;
 
+    // Files opened from now on are measured only so long after.
+    void setMeasuringTime(std::uint32_t milliseconds) { *measuringTime_ = milliseconds; }
+
 private:
     std::shared_ptr<std::vector<std::weak_ptr<Player>>> players_;
+    const std::shared_ptr<std::uint32_t> measuringTime_ = std::make_shared<std::uint32_t>(0);
 };
 
 } // namespace test_support

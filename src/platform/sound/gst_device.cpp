@@ -30,6 +30,7 @@ public:
     bool seek(int milliseconds) override { return voice_->seek(milliseconds); }
     int position() override { return voice_->position(); }
     int end() override { return voice_->end(); }
+    bool isMeasuring(int waitMs) override { return voice_->isMeasuring(waitMs); }
     bool setVolume(int thousandths) override { return voice_->setVolume(thousandths); }
     bool setSpeed(int thousandths) override { return voice_->setSpeed(thousandths); }
 

@@ -48,6 +48,7 @@ public:
     }
 
     int end() override { return end_; }
+    bool isMeasuring(int) override { return false; }
 
     bool setVolume(int thousandths) override { return sound::isVolume(thousandths); }
 

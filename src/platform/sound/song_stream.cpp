@@ -126,16 +126,18 @@ private:
         state_->openWanted = false;
         const std::filesystem::path path = state_->path;
         int length = 0;
+        bool isSound = false;
         unlocked([&] {
             if (path.empty()) return;
             FileWindow file(path);
+            isSound = fileKind(file) != FileKind::None;
             length = fileLength(file);
         });
         if (state_->openWanted) return;
         if (length > 0) state_->publishLength(length);
         unlocked([&] {
             reader_.close();
-            if (!path.empty()) reader_.open(path);
+            if (isSound) reader_.open(path);
         });
         if (state_->openWanted || path.empty()) return;
         state_->open = true;

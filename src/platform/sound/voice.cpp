@@ -1,8 +1,10 @@
 #include "platform/sound/voice.h"
 
 #include <algorithm>
+#include <future>
 
 #include "platform/files.h"
+#include "platform/sound/background.h"
 #include "platform/sound/file_kind.h"
 
 namespace platform::sound {
@@ -11,18 +13,37 @@ namespace {
 // A file of which the library gives neither sound nor an error for so many blocks counts as played: whoever
 // waits for its end goes on.
 constexpr int starvedLimit = 5000 / blockMs;
-constexpr std::chrono::seconds measureLimit{1};
+// How long after its opening a file's length is waited for, and counts as one that may still come.
+constexpr std::chrono::seconds measureLimit{1}, hopeLimit{60};
+constexpr std::chrono::milliseconds headLimit{200};
+
+// By its head. Whoever reads from a disk that sleeps waits for seconds, so that is not done here; such a file
+// is given the benefit of the doubt.
+bool mayBeSound(const std::filesystem::path& path) {
+    const auto told = std::make_shared<std::promise<bool>>();
+    std::future<bool> answer = told->get_future();
+    const bool asked = runInBackground([told, path] {
+        FileWindow file(path);
+        told->set_value(fileKind(file) != FileKind::None);
+    });
+    return !asked || answer.wait_for(headLimit) != std::future_status::ready || answer.get();
+}
+
+// Milliseconds until then, from 0.
+int remaining(std::chrono::steady_clock::time_point limit) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(limit - std::chrono::steady_clock::now());
+    return static_cast<int>(std::max<std::int64_t>(0, left.count()));
+}
 
 } // namespace
 
 bool Voice::open(const std::string& path) {
     close();
     const std::filesystem::path native = nativePath(path);
-    FileWindow file(native);
-    if (fileKind(file) == FileKind::None) return false;
+    if (!mayBeSound(native)) return false;
     const std::lock_guard lock(mutex_);
     stream_.open(native);
-    measureBy_ = Clock::now() + measureLimit;
+    opened_ = Clock::now();
     open_ = true;
     return true;
 }
@@ -88,9 +109,16 @@ int Voice::position() {
 int Voice::end() {
     // Not under the lock: the mixer must not wait with us.
     if (!open_) return 0;
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(measureBy_ - Clock::now());
     bool known = false;
-    return stream_.length(static_cast<int>(std::max<std::int64_t>(0, left.count())), known);
+    return stream_.length(remaining(opened_ + measureLimit), known);
+}
+
+bool Voice::isMeasuring(int waitMs) {
+    if (!open_) return false;
+    const int left = remaining(opened_ + hopeLimit);
+    bool known = false;
+    stream_.length(std::min(waitMs, left), known);
+    return !known && left > waitMs;
 }
 
 bool Voice::setVolume(int thousandths) {

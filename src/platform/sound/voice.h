@@ -36,6 +36,7 @@ public:
     bool seek(int milliseconds);
     int position();
     int end();
+    bool isMeasuring(int waitMs);
     bool setVolume(int thousandths);
     bool setSpeed(int thousandths);
 
@@ -55,7 +56,7 @@ private:
     SongStream stream_;
     SpeedChanger changer_;
     bool open_ = false;
-    Clock::time_point measureBy_; // nobody waits for the length beyond this
+    Clock::time_point opened_;
     bool playing_ = false;
     bool starting_ = false;                    // playing, and nothing of it was heard yet
     Clock::time_point asked_;                  // when it was told to play
