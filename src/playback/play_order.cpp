@@ -28,6 +28,18 @@ void PlayOrder::afterEnd() {
         forward();
 }
 
+int PlayOrder::roundLength() const {
+    switch (method_) {
+    case NextRow::Loop:
+        return 1;
+    case NextRow::Random:
+        return 2 * rowCount(); // what is left of one bag, and the next one
+    case NextRow::InOrder:
+        break;
+    }
+    return rowCount();
+}
+
 void PlayOrder::forward() {
     moveTo(method_ == NextRow::Random ? shuffleBag_.draw(numbers_, current_)
                                       : (current_ + 1) % numbers_.size());

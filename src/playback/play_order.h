@@ -21,6 +21,8 @@ public:
     int number() const { return numbers_[current_]; } // of the current row
 
     void choose(NextRow method) { method_ = method; }
+    // When so many rows have ended by themselves, each that can come has come.
+    int roundLength() const;
     void goTo(int row); // a row that is not there changes nothing
 
     // A row has ended by itself.

@@ -6,6 +6,13 @@
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 
+namespace {
+
+// The catalogue's finest unit: what is shorter was not meant to be heard.
+constexpr int momentMs = 100;
+
+} // namespace
+
 SongPlayer::SongPlayer(platform::WindowHandle window, std::vector<int> numbers) : order_(std::move(numbers)) {
     media_.create(window);
 }
@@ -19,6 +26,7 @@ bool SongPlayer::fits(const DataResource& song) const {
 }
 
 void SongPlayer::play(void (PlayOrder::*next)()) {
+    unheard_ = 0;
     if (order_.isEmpty()) return;
     const int first = order_.currentRow();
     std::vector<bool> refused(static_cast<std::size_t>(order_.rowCount()));
@@ -35,13 +43,19 @@ void SongPlayer::play(void (PlayOrder::*next)()) {
         (order_.*next)();
     }
     order_.goTo(first);
+    giveUp();
+}
+
+void SongPlayer::giveUp() {
     stop();
     media_.close();
     song_.clear();
     span_ = {0, 0};
+    foundNothing_ = true;
 }
 
 void SongPlayer::start(const DataResource& song) {
+    foundNothing_ = false;
     song_ = song;
     order_.notePlayed();
     loadSound(media_, song.getFileName());
@@ -51,6 +65,7 @@ void SongPlayer::start(const DataResource& song) {
     span_ = playSpan(song, range_, 0);
     seek(static_cast<int>(span_.start));
     elapsedMs_ = 0;
+    looks_ = 0;
     watch_.look();
     playState_ = PlayState::Playing;
 }
@@ -131,15 +146,25 @@ void SongPlayer::countTime() {
 
 bool SongPlayer::hasEnded() {
     const int position = media_.getPosition();
-    const int fileEnd = media_.getEnd(); // 0 where the length could not be told
+    const int fileEnd = end();
     return position >= toMilliseconds(span_.end, song_.getFileType()) ||
            (fileEnd > 0 && position >= fileEnd) || (limitMs_ != noLimit && elapsedMs_ >= limitMs_);
 }
 
 bool SongPlayer::tick() {
     countTime();
-    if (!media_.isPlaying() || !hasEnded()) return false;
-    order_.afterEnd();
-    play();
+    if (!media_.isPlaying()) return false;
+    ++looks_;
+    if (!hasEnded()) return false;
+    // A first look may come late, but then it was the only one.
+    const bool heard = looks_ > 1 && elapsedMs_ >= momentMs;
+    const int unheard = heard ? 0 : unheard_ + 1;
+    if (unheard > order_.roundLength()) {
+        giveUp();
+    } else {
+        order_.afterEnd();
+        play();
+        unheard_ = unheard;
+    }
     return true;
 }

@@ -14,6 +14,8 @@ enum class PlayState : int { Stopped = 0, Playing = 1, Paused = 2 };
 
 // Plays out of the host's catalogue, at the volume and speed that the host's state keeps for it. With no row
 // at all everything does nothing. A song whose file does not open is silent and lasts until the user goes on.
+// Songs whose spans leave nothing to hear pass at once; when a whole round of them has passed the player
+// stops and holds no song.
 class SongPlayer {
 public:
     static constexpr int noLimit = -1;
@@ -47,20 +49,23 @@ public:
     bool tick();
 
     PlayState state() const { return playState_; }
+    // It has stopped by itself, for want of a song that can be heard in this range.
+    bool foundNothing() const { return foundNothing_; }
     const PlayOrder& order() const { return order_; }
     const DataResource& song() const { return song_; } // cleared before the first
     // Both in the song's own position unit. The start of the span may lie above its end.
     const PlaySpan& span() const { return span_; }
     int place();
-    // Milliseconds; both 0 when nothing is open.
+    // Milliseconds; both 0 when nothing is open, the end also as long as the length is not known.
     int position() { return media_.getPosition(); }
-    int end() { return media_.getEnd(); }
+    int end() { return media_.isMeasuring() ? 0 : media_.getEnd(); }
 
 private:
     bool fits(const DataResource& song) const;
     // The current row or, from there on in the given direction, the first one that can be played.
     void play(void (PlayOrder::*next)() = &PlayOrder::forward);
     void start(const DataResource& song);
+    void giveUp();
     void applyVolume();
     void countTime();
     bool hasEnded();
@@ -75,5 +80,8 @@ private:
     DataResource song_;
     PlaySpan span_{0, 0};
     int elapsedMs_ = 0; // that the song has sounded
+    int looks_ = 0;     // at the song while it sounds
+    int unheard_ = 0;   // songs in a row that ended before they could be heard
+    bool foundNothing_ = false;
     zelkova::Stopwatch watch_;
 };

@@ -48,6 +48,7 @@ constexpr std::array ranges{rangeStart,  rangeIntro, rangeSabi,  rangeMelody,
                             rangeRandom, rangeEnd,   rangeAnswer};
 constexpr std::array limits{+SongPlayer::noLimit, 1000, 3000, 5000, 10'000};
 
+constexpr const char* nothingToHear = "この再生位置で聞ける曲がありません。";
 constexpr const char* listMenu = "IDM_KDL0801_LISTMENUE";
 constexpr int iconPixels = 30;
 constexpr unsigned tickMs = 10;
@@ -212,7 +213,8 @@ private:
         const bool plays = state == PlayState::Playing, stands = state == PlayState::Stopped;
         platform::setIcon(control(idPlay), plays ? "ICO_INTRO_PAUSE" : "ICO_INTRO_PLAY", iconPixels);
         platform::setIcon(control(idStop), stands ? "ICO_INTRO_STOP2" : "ICO_INTRO_STOP", iconPixels);
-        platform::setText(control(idTitle), player_->song().getTitle());
+        platform::setText(control(idTitle),
+                          player_->foundNothing() ? nothingToHear : player_->song().getTitle());
         platform::setText(control(idArtist), player_->song().getArtist());
         platform::setText(control(idHistory), player_->order().historyText());
         showPlace();

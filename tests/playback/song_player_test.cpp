@@ -132,6 +132,72 @@ TEST_F(SongPlayerTest, SpansWithoutLengthEndAtTheFirstLook) {
     EXPECT_EQ(player->state(), PlayState::Playing);
 }
 
+// In whatever order: nobody is left with a player that races through the list in silence.
+TEST_F(SongPlayerTest, ARoundWithNothingToHearIsTheLast) {
+    addSongs(3);
+    start();
+    const std::pair<NextRow, int> rounds[] = {
+        {NextRow::InOrder, 3}, {NextRow::Random, 6}, {NextRow::Loop, 1}};
+    for (const auto& [method, round] : rounds) {
+        SCOPED_TRACE(static_cast<int>(method));
+        player->choose(method);
+        player->choose(rangeEnd);
+        for (int time = 0; time < 2; ++time) { // it can be asked again
+            player->playRow(1);
+            pass(round * 10);
+            EXPECT_EQ(player->state(), PlayState::Playing) << "it has come round to where it began";
+            EXPECT_FALSE(player->foundNothing());
+            pass(10);
+            EXPECT_EQ(player->state(), PlayState::Stopped);
+            EXPECT_TRUE(player->foundNothing());
+            EXPECT_EQ(player->song().getTitle(), "");
+        }
+        player->choose(rangeStart);
+        player->playOrPause();
+        EXPECT_FALSE(player->foundNothing());
+        pass(20'000 * round + 100);
+        EXPECT_EQ(player->state(), PlayState::Playing);
+        player->stop();
+    }
+}
+
+TEST_F(SongPlayerTest, OneSongThatIsHeardKeepsTheOthersComing) {
+    addSongs(3);
+    DataResource changed;
+    for (const int number : {1, 2}) {
+        host().accesserResource.get(number, changed);
+        changed.setSabiStart(number == 1 ? 30 : 51); // the melody: backwards, and a tenth of a second
+        host().accesserResource.update(number, changed);
+    }
+    host().accesserResource.get(3, changed);
+    changed.setIntroEnd(changed.getSabiStart());
+    host().accesserResource.update(3, changed);
+    start().choose(rangeMelody);
+    player->playOrPause();
+    pass(10'000);
+    EXPECT_EQ(player->state(), PlayState::Playing);
+    // Shorter than can be marked.
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        test_support::writeSilence(file(name), 30);
+    player->choose(rangeStart);
+    player->playRow(0);
+    pass(1000);
+    EXPECT_TRUE(player->foundNothing());
+}
+
+TEST_F(SongPlayerTest, ADiskThatSleepsIsNotWaitedFor) {
+    addSongs(2);
+    sound.setMeasuringTime(3000);
+    start().playOrPause();
+    EXPECT_EQ(player->end(), 0);
+    pass(2000);
+    EXPECT_EQ(row(), 0);
+    pass(1000);
+    EXPECT_EQ(player->end(), 20'000);
+    pass(18'000);
+    EXPECT_EQ(row(), 1);
+}
+
 TEST_F(SongPlayerTest, TheLimitCountsTheTimeThatIsHeard) {
     addSongs(4);
     start().limitTo(1000);
