@@ -9,6 +9,7 @@
 #include "foundation/media.h"
 #include "foundation/views/message_box.h"
 #include "foundation/views/volume_bar.h"
+#include "host/state/answer_display_ids.h"
 #include "host/state/current_quest.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
@@ -17,25 +18,11 @@
 #include "host/state/song_play.h"
 #include "platform/window.h"
 
+using namespace answer_display;
+
 namespace {
 
 enum : int { resultNoSteal = 1, resultNoVictim = -1, resultCancelled = -2 };
-
-enum : int {
-    idWinner = 1303,
-    idAnswer1 = 1305, // to 1309
-    idVictimGroup = 1310,
-    idVictim = 1311,
-    idEffectGroup = 1312,
-    idPlay = 1313,
-    idStop = 1314,
-    idOk = 1315,
-    idTimer = 1316,
-    idEffect = 1317,
-    idRange = 1320,
-    idVolume = 1321,
-    idVolumeText = 1322,
-};
 
 constexpr unsigned tickMs = 500;
 constexpr int ticksPerSong = 16; // of a quest of several songs
@@ -43,9 +30,7 @@ constexpr int nobody = -1;
 
 class AnswerDisplay : public zelkova::Dialog {
 public:
-    explicit AnswerDisplay(int winner) : Dialog("IDD_KDL0103_ANSWERDSP"), winner_(winner) {
-        candidates_.fill(nobody);
-    }
+    explicit AnswerDisplay(int winner) : Dialog(form), winner_(winner) { candidates_.fill(nobody); }
 
 private:
     bool onMessage(const platform::Message& message) override {

@@ -1,6 +1,7 @@
 #include "console/answer_request.h"
 
 #include "console/answer_lines.h"
+#include "console/dialog_ids.h"
 #include "console/user_text.h"
 #include "foundation/dialog.h"
 #include "foundation/media.h"
@@ -15,25 +16,9 @@
 #include "host/state/rule_text.h"
 #include "platform/window.h"
 
-namespace {
+using namespace answer_request;
 
-enum : int {
-    idUser = 1202,
-    idRight = 1204,
-    idWrong = 1206,
-    idEffect = 1209,
-    idOk = 1211,
-    idVoid = 1212,
-    idAnswer1 = 1213, // to 1217
-    idAnswerCaption = 1218,
-    idCheer = 1219,
-    idUserCaption = 1221,
-    idHurry = 1222,
-    idPause = 1223,
-    idTimeUp = 1226,
-    idVolume = 1229,
-    idVolumeText = 1230,
-};
+namespace {
 
 struct ControlColor {
     int id;
@@ -50,7 +35,7 @@ constexpr ControlColor colors[] = {
 
 class AnswerRequest : public zelkova::Dialog {
 public:
-    explicit AnswerRequest(int userId) : Dialog("IDD_KDL0102_REQUEST"), userId_(userId) {}
+    explicit AnswerRequest(int userId) : Dialog(form), userId_(userId) {}
 
 private:
     bool onMessage(const platform::Message& message) override {

@@ -1,17 +1,18 @@
 #include "console/confirm_victory.h"
 
+#include "console/dialog_ids.h"
 #include "foundation/dialog.h"
 #include "foundation/views/message_box.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 
-namespace {
+using namespace confirm_victory;
 
-enum : int { idOk = 6102, idDrumRoll = 6103, idDrumRollStop = 6104, idAward = 6105, idAwardStop = 6106 };
+namespace {
 
 class ConfirmVictory : public zelkova::Dialog {
 public:
-    ConfirmVictory() : Dialog("IDD_KDL0601_CONFIRM_VECTORY") {}
+    ConfirmVictory() : Dialog(form) {}
 
 private:
     void open() override {

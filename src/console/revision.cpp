@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "console/dialog_ids.h"
 #include "console/player_board.h"
 #include "data/labels.h"
 #include "foundation/dialog.h"
@@ -14,20 +15,9 @@
 #include "host/state/rule_text.h"
 #include "platform/window.h"
 
+using namespace revision;
+
 namespace {
-
-enum : int {
-    idStage = 1402,
-    idRule = 1403,
-    idUser1 = 1404, // the first of four groups of nine numbers
-    groupSize = 9,
-    idOk = 1440,
-    idCancel = 1441,
-    idHideScores = 1442,
-};
-
-// Inside a group.
-enum : int { offsetName = 1, offsetState = 2, offsetScore = 3, offsetHands = 5, offsetRest = 7 };
 
 struct NumberField {
     int offset;
@@ -60,7 +50,7 @@ struct Shown {
 
 class Revision : public zelkova::Dialog {
 public:
-    Revision() : Dialog("IDD_KDL0104_REVISION") {}
+    Revision() : Dialog(form) {}
 
 private:
     bool onCommand(int id) override {

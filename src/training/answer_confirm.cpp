@@ -5,16 +5,12 @@
 #include "foundation/dialog.h"
 #include "host/state/host_state.h"
 #include "training/training_answer.h"
+#include "training/training_ids.h"
 #include "training/training_quests.h"
 
-namespace {
+using namespace answer_confirm;
 
-enum : int {
-    idCaption1 = 9203, // to 9207
-    idAnswer1 = 9208,  // to 9212
-    idDecide = 9213,
-    idCancel = 9214,
-};
+namespace {
 
 constexpr char nothingChosen[] = "-- 解答を選択して下さい --";
 
@@ -27,7 +23,7 @@ std::string choiceText(const DataResource& song) {
 class AnswerConfirm : public zelkova::Dialog {
 public:
     AnswerConfirm(const TrainingRun& run, QuestSound& sound, int& volume)
-        : Dialog("IDD_KDL0902_ANSWER_CONFIRM"), run_(run), sound_(sound), volume_(volume),
+        : Dialog(form), run_(run), sound_(sound), volume_(volume),
           asked_(static_cast<int>(run.correctNumbers().size())) {}
 
 private:

@@ -4,35 +4,22 @@
 #include "foundation/dialog.h"
 #include "foundation/views/message_box.h"
 #include "foundation/views/volume_bar.h"
+#include "host/state/answer_display_ids.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 
-namespace {
+using namespace answer_display;
 
-// The template is that of the show's answer display.
-enum : int {
-    idWinnerCaption = 1302,
-    idWinner = 1303,
-    idAnswer1 = 1305, // to 1309
-    idVictimGroup = 1310,
-    idEffectGroup = 1312,
-    idPlay = 1313,
-    idStop = 1314,
-    idOk = 1315,
-    idTimer = 1316,
-    idRange = 1320,
-    idVolume = 1321,
-    idVolumeText = 1322,
-};
+namespace {
 
 constexpr unsigned tickMs = 500;
 
 class TrainingAnswer : public zelkova::Dialog {
 public:
     TrainingAnswer(const TrainingRun& run, const SongPlay& first, int& volume)
-        : Dialog("IDD_KDL0103_ANSWERDSP"), run_(run), first_(first), volume_(volume) {}
+        : Dialog(form), run_(run), first_(first), volume_(volume) {}
 
 private:
     void open() override {

@@ -1,7 +1,9 @@
 #pragma once
-// Numbers of the training window's controls, commands and timers.
+// Numbers of the controls, commands and timers of the training window and its dialogs.
 
 namespace training {
+
+constexpr char form[] = "IDD_KDL0901_TRAINING_MODE";
 
 enum : int {
     idCounter = 9102,
@@ -33,3 +35,24 @@ enum : int {
 };
 
 } // namespace training
+
+namespace answer_confirm {
+
+constexpr char form[] = "IDD_KDL0902_ANSWER_CONFIRM";
+
+enum : int {
+    idCaption1 = 9203, // to 9207
+    idAnswer1 = 9208,  // to 9212
+    idDecide = 9213,
+    idCancel = 9214,
+};
+
+} // namespace answer_confirm
+
+namespace training_result {
+
+constexpr char form[] = "IDD_KDL0903_TRAINING_MODE_RESULT";
+
+enum : int { idHistory = 9302, idOk = 9303, idRankCaption = 9304, idRank = 9305 };
+
+} // namespace training_result

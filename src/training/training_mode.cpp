@@ -41,8 +41,7 @@ constexpr Timer timers[] = {
 class TrainingMode : public zelkova::Dialog {
 public:
     explicit TrainingMode(const TrainingSettings& editSettings)
-        : Dialog("IDD_KDL0901_TRAINING_MODE"), editSettings_(editSettings),
-          run_(host().accesserResource, host().trainingSession) {}
+        : Dialog(form), editSettings_(editSettings), run_(host().accesserResource, host().trainingSession) {}
 
 private:
     void open() override {

@@ -3,11 +3,12 @@
 #include "foundation/dialog.h"
 #include "foundation/views/view_training_mode_history.h"
 #include "platform/window.h"
+#include "training/training_ids.h"
 #include "training/training_rank.h"
 
-namespace {
+using namespace training_result;
 
-enum : int { idHistory = 9302, idOk = 9303, idRankCaption = 9304, idRank = 9305 };
+namespace {
 
 constexpr int rankPixels = 24;
 constexpr platform::Color rankColor{0x41, 0x64, 0xE6};
@@ -16,8 +17,7 @@ constexpr platform::Color white{0xFF, 0xFF, 0xFF}, black{0, 0, 0};
 class TrainingResult : public zelkova::Dialog {
 public:
     TrainingResult(const std::vector<DataTrainingModeHistory>& history, int range)
-        : Dialog("IDD_KDL0903_TRAINING_MODE_RESULT"), history_(history),
-          rank_(trainingRank(trainingScore(history, range))) {}
+        : Dialog(form), history_(history), rank_(trainingRank(trainingScore(history, range))) {}
 
 private:
     void open() override {

@@ -7,10 +7,13 @@
 #include "data/app_logger.h"
 #include "foundation/component.h"
 #include "foundation/text.h"
+#include "foundation/views/message_box_ids.h"
 #include "foundation/views/open_with_desktop.h"
 #include "platform/controls.h"
 
 namespace zelkova {
+
+using namespace message_box;
 
 namespace {
 
@@ -27,17 +30,6 @@ StartTexts& startTexts() {
     static StartTexts texts;
     return texts;
 }
-
-enum : int {
-    idIcon = 101,
-    idCode = 102,
-    idMessage = 103,
-    idDetailCaption = 104,
-    idDetail = 105,
-    idDetailButton = 106,
-    idHelp = 107,
-    idAnswer1 = 111, // to 113
-};
 
 struct Button {
     Answer answer;
@@ -100,11 +92,10 @@ public:
     }
 
     int run(platform::WindowHandle owner) {
-        return platform::runDialog(owner, "IDD_KDL0001_MESSAGE_BOX",
-                                   [this](platform::WindowHandle dialog, const platform::Message& message) {
-                                       return componentWndProc(dialog, message.id, message.wParam,
-                                                               message.lParam) != 0;
-                                   });
+        return platform::runDialog(
+            owner, form, [this](platform::WindowHandle dialog, const platform::Message& message) {
+                return componentWndProc(dialog, message.id, message.wParam, message.lParam) != 0;
+            });
     }
 
     platform::LResult componentWndProc(platform::WindowHandle dialog, unsigned message,
