@@ -3,6 +3,8 @@
 #include "console/player_board.h"
 #include "data/app_logger.h"
 #include "data/labels.h"
+#include "foundation/text.h"
+#include "host/state/console_ids.h"
 #include "host/state/quest.h"
 #include "platform/controls.h"
 #include "support/test_sounds.h"
@@ -38,19 +40,6 @@ DataLogMessageList catalogueOfMessages() {
 
 } // namespace
 
-DataSession stageOf(const std::string& name, int questNum, const std::string& songs) {
-    DataSession stage;
-    stage.setName(name);
-    stage.setQuestNum(questNum);
-    stage.setRange(rangeIntro);
-    stage.setInterval(4);
-    stage.setSpeed(0);
-    stage.setMulti(1);
-    stage.setScore(10);
-    stage.setResourceId(songs);
-    return stage;
-}
-
 Desk::Desk() {
     registerClasses();
     resetHost();
@@ -78,6 +67,7 @@ Desk::Desk() {
 }
 
 Desk::~Desk() {
+    EXPECT_THAT(script.faults(), testing::IsEmpty());
     host().kdlState.reset();
     platform::destroyWindow(window);
     resetHost();
@@ -118,6 +108,19 @@ void Desk::raiseEvents(const std::vector<int>& events) {
         ASSERT_TRUE(host().kdlState->getState()->canHandle(event)) << event << " in " << state();
         host().kdlState->changeState(event);
     }
+}
+
+int Desk::answer(const char* form, const std::function<int()>& open, const std::function<void(Form)>& act) {
+    script.expectDialog(form, act);
+    const int result = open();
+    EXPECT_TRUE(script.done());
+    return result;
+}
+
+void Desk::chooseInRow(int row, int command) {
+    script.expectMenu("IDM_KDL0101_QUESTMENUE", command);
+    ASSERT_TRUE(driver::rightClickRow(data()[ids::questList], row));
+    EXPECT_TRUE(script.done());
 }
 
 void Desk::setUser(int index, const std::string& name, int score, int answerRight) {

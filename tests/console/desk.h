@@ -6,22 +6,21 @@
 #include <string>
 #include <vector>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "console/console_pane.h"
 #include "console/data_pane.h"
 #include "data/data_resource.h"
 #include "data/data_session.h"
 #include "host/state/host_state.h"
-#include "platform/driver.h"
+#include "support/form.h"
+#include "support/stage.h"
 #include "support/temporary_folder.h"
 #include "support/watched_sound.h"
 
 namespace console_tests {
 
-// A stage that plays one song for each quest, without penalties.
-DataSession stageOf(const std::string& name, int questNum, const std::string& songs);
+namespace driver = platform::driver;
+using test_support::Form;
+using test_support::stage;
 
 class Desk : public testing::Test {
 protected:
@@ -37,23 +36,20 @@ protected:
     std::string state() const { return host().kdlState->getState()->getStateName(); }
     void setUser(int index, const std::string& name, int score = 0, int answerRight = 1);
 
-    platform::Control console(int id) const { return {host().consolePane, id}; }
-    platform::Control data(int id) const { return {host().dataPane, id}; }
-    std::string consoleText(int id) const { return platform::getText(console(id)); }
+    static Form console() { return host().consolePane; }
+    static Form data() { return host().dataPane; }
+    // What `open` gives, whose dialog `act` leaves.
+    int answer(const char* form, const std::function<int()>& open, const std::function<void(Form)>& act);
+    // What is chosen there of the menu of a row of the quest list.
+    void chooseInRow(int row, int command);
 
     test_support::TemporaryFolder folder;
     test_support::WatchedSound sound;
     platform::ManualClock clock;
+    driver::Script script; // has run as written at the end
     platform::WindowHandle window;
     ChildLeftWnd left;
     ChildRightDataWnd right;
 };
-
-// No fault in the script, and nothing left over.
-MATCHER(RanAsWritten, "") {
-    for (const std::string& fault : arg.faults())
-        *result_listener << fault << "; ";
-    return arg.faults().empty();
-}
 
 } // namespace console_tests

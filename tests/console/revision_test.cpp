@@ -1,69 +1,59 @@
-#include "console/desk.h"
-#include "console/player_board.h"
 #include "console/revision.h"
-#include "data/labels.h"
+
+#include "console/desk.h"
+#include "console/dialog_ids.h"
+#include "console/player_board.h"
 #include "host/state/console_ids.h"
-#include "platform/controls.h"
 
 namespace {
 
 using namespace console_tests;
-namespace driver = platform::driver;
-using platform::WindowHandle;
+using namespace revision;
+using testing::ElementsAre;
 
-constexpr char dialogName[] = "IDD_KDL0104_REVISION";
-
-enum : int { idStage = 1402, idRule = 1403, idOk = 1440, idCancel = 1441, idHide = 1442 };
-enum Field : int { name = 1, status = 2, score = 3, hands = 5, rest = 7 };
-
-int idOf(int user, Field field) {
-    return 1404 + 9 * user + field;
+int idOf(int user, int field) {
+    return idUser1 + groupSize * user + field;
 }
 
 class Revision : public Desk {
 protected:
     void SetUp() override {
-        DataSession stage = stageOf("段", 1, "");
-        stage.setHandsType(handsInStage);
-        stage.setHands(2);
-        openSession({stage});
+        openSession({stage({.name = "段", .handsType = handsInStage, .hands = 2})});
         setUser(0, "甲", 30);
         setUser(1, "乙", 20, userFalseStart);
         setUser(2, "丙", 10, userOut);
         refreshUserPane();
     }
-    int run(const std::function<void(WindowHandle)>& act) {
-        driver::Script script;
-        script.expectDialog(dialogName, act);
-        const int result = dlgRevision(window);
-        EXPECT_THAT(script, RanAsWritten());
-        return result;
+    int run(const std::function<void(Form)>& act) {
+        return answer(
+            form, [&] { return dlgRevision(window); }, act);
     }
-    const DataUserInfo& user(int index) const { return host().userList[static_cast<std::size_t>(index)]; }
+    static const DataUserInfo& user(int index) { return host().userList[static_cast<std::size_t>(index)]; }
 };
 
 TEST_F(Revision, WritesTheUsersOnOkOnly) {
-    EXPECT_EQ(run([](WindowHandle dialog) {
-                  EXPECT_EQ(platform::getText({dialog, idStage}), "ステージ名：段");
-                  EXPECT_EQ(platform::getText({dialog, idRule}),
-                            "このステージ中に[2]回 お手つきした場合、このステージが完了するまでお休み。");
-                  driver::type({dialog, idOf(0, name)}, "変更");
-                  driver::pressKey(dialog, "Escape");
-              }),
-              0);
+    const auto fill = [](Form dialog) {
+        EXPECT_THAT(
+            dialog.texts({idStage, idRule}),
+            ElementsAre("ステージ名：段",
+                        "このステージ中に[2]回 お手つきした場合、このステージが完了するまでお休み。"));
+        dialog.type(idOf(0, offsetName), "変更");
+        dialog.type(idOf(0, offsetScore), "-31000"); // only the arrows keep to the range
+        dialog.type(idOf(0, offsetHands), "3");
+        dialog.type(idOf(1, offsetRest), "2");
+        dialog.spin(idOf(1, offsetScore), 2);
+        dialog.select(idOf(3, offsetState), userTakesPart);
+        dialog.click(idHideScores);
+    };
+    const auto leave = [&](const std::function<void(Form)>& how) {
+        return run([&](Form dialog) {
+            fill(dialog);
+            how(dialog);
+        });
+    };
+    EXPECT_EQ(leave([](Form dialog) { dialog.key("Escape"); }), 0);
     EXPECT_EQ(user(0).getName(), "甲");
-
-    EXPECT_EQ(run([](WindowHandle dialog) {
-                  driver::type({dialog, idOf(0, name)}, "変更");
-                  driver::type({dialog, idOf(0, score)}, "-31000"); // only the arrows keep to the range
-                  driver::type({dialog, idOf(0, hands)}, "3");
-                  driver::type({dialog, idOf(1, rest)}, "2");
-                  ASSERT_TRUE(driver::spin({dialog, idOf(1, score)}, 2));
-                  ASSERT_TRUE(driver::select({dialog, idOf(3, status)}, userTakesPart));
-                  ASSERT_TRUE(driver::click({dialog, idHide}));
-                  ASSERT_TRUE(driver::click({dialog, idOk}));
-              }),
-              1);
+    EXPECT_EQ(leave([](Form dialog) { dialog.click(idOk); }), 1);
     EXPECT_EQ(user(0).getName(), "変更");
     EXPECT_EQ(user(0).getScore(), -31000);
     EXPECT_EQ(user(0).getHands(), 3);
@@ -73,43 +63,43 @@ TEST_F(Revision, WritesTheUsersOnOkOnly) {
     EXPECT_EQ(user(3).getAnswerRight(), userTakesPart);
     EXPECT_EQ(user(3).getType(), 1);
     EXPECT_TRUE(host().hideScores);
-    EXPECT_EQ(consoleText(ids::userRank1 + 1), "１位") << "the board follows";
-    run([](WindowHandle dialog) {
-        EXPECT_TRUE(platform::isChecked({dialog, idHide}));
-        driver::click({dialog, idCancel});
+    EXPECT_EQ(console().text(ids::userRank1 + 1), "１位") << "the board follows";
+    run([](Form dialog) {
+        EXPECT_TRUE(dialog.checked(idHideScores));
+        dialog.click(idCancel);
     });
 }
 
 TEST_F(Revision, FieldsFollowTheState) {
-    struct Row {
-        int status;
-        bool name, score, hands, rest;
+    const std::pair<int, std::vector<int>> rows[] = {
+        {userTakesPart, {offsetName, offsetScore, offsetHands}},
+        {userFalseStart, {offsetName, offsetScore, offsetRest}},
+        {userUnset, {offsetName, offsetScore, offsetRest}}, // stays as it was
+        {userOut, {}},
+        {userUnset, {}}};
+    const auto liveFields = [](Form dialog, int user) {
+        std::vector<int> fields;
+        for (const int field : {offsetName, offsetScore, offsetHands, offsetRest})
+            if (dialog.live(idOf(user, field))) fields.push_back(field);
+        return fields;
     };
-    const Row rows[] = {{userTakesPart, true, true, true, false},
-                        {userFalseStart, true, true, false, true},
-                        {userUnset, true, true, false, true}, // stays as it was
-                        {userOut, false, false, false, false},
-                        {userUnset, false, false, false, false}};
-    run([&](WindowHandle dialog) {
-        EXPECT_FALSE(platform::isEnabled({dialog, idOf(0, rest)})) << "also at the opening";
-        EXPECT_FALSE(platform::isEnabled({dialog, idOf(2, score)}));
-        for (const Row& row : rows) {
-            ASSERT_TRUE(driver::select({dialog, idOf(1, status)}, row.status));
-            EXPECT_EQ(platform::isEnabled({dialog, idOf(1, name)}), row.name) << row.status;
-            EXPECT_EQ(platform::isEnabled({dialog, idOf(1, score)}), row.score) << row.status;
-            EXPECT_EQ(platform::isEnabled({dialog, idOf(1, hands)}), row.hands) << row.status;
-            EXPECT_EQ(platform::isEnabled({dialog, idOf(1, rest)}), row.rest) << row.status;
+    run([&](Form dialog) {
+        EXPECT_EQ(liveFields(dialog, 0), rows[0].second) << "also at the opening";
+        EXPECT_EQ(liveFields(dialog, 2), std::vector<int>());
+        for (const auto& [status, fields] : rows) {
+            dialog.select(idOf(1, offsetState), status);
+            EXPECT_EQ(liveFields(dialog, 1), fields) << status;
         }
-        driver::pressKey(dialog, "Escape");
+        dialog.key("Escape");
     });
 }
 
 TEST_F(Revision, WhatTheTerminalSaidMeanwhileStands) {
-    run([&](WindowHandle dialog) {
+    run([&](Form dialog) {
         setUser(3, "新人", 0, userTakesPart);
         host().userList[0].setName("改名");
-        driver::type({dialog, idOf(0, score)}, "55");
-        ASSERT_TRUE(driver::click({dialog, idOk}));
+        dialog.type(idOf(0, offsetScore), "55");
+        dialog.click(idOk);
     });
     EXPECT_EQ(user(3).getName(), "新人");
     EXPECT_EQ(user(3).getAnswerRight(), userTakesPart);
@@ -120,9 +110,9 @@ TEST_F(Revision, WhatTheTerminalSaidMeanwhileStands) {
 TEST_F(Revision, ANameThatTheControlCannotShowStandsUntilItIsTyped) {
     const std::string odd = "甲\x85\x40乙"; // a gap in the code page
     host().userList[0].setName(odd);
-    run([&](WindowHandle dialog) {
-        ASSERT_NE(platform::getText({dialog, idOf(0, name)}), odd);
-        ASSERT_TRUE(driver::click({dialog, idOk}));
+    run([&](Form dialog) {
+        ASSERT_NE(dialog.text(idOf(0, offsetName)), odd);
+        dialog.click(idOk);
     });
     EXPECT_EQ(user(0).getName(), odd);
 }
@@ -130,13 +120,11 @@ TEST_F(Revision, ANameThatTheControlCannotShowStandsUntilItIsTyped) {
 TEST_F(Revision, OkTellsAConnectedTerminal) {
     host().server = std::make_unique<ServerVrp>(2, 0);
     const auto revise = [&] {
-        driver::Script script;
-        script.expectDialog(dialogName, [](WindowHandle dialog) {
-            platform::setChecked({dialog, idHide}, true);
-            driver::click({dialog, idOk});
+        script.expectDialog(form, [](Form dialog) {
+            platform::setChecked(dialog[idHideScores], true);
+            dialog.click(idOk);
         });
-        EXPECT_TRUE(driver::click(console(ids::revision)));
-        EXPECT_THAT(script, RanAsWritten());
+        console().click(ids::revision);
     };
     revise();
     EXPECT_EQ(host().vrmStatus, 0) << "there is no terminal";
@@ -148,15 +136,15 @@ TEST_F(Revision, OkTellsAConnectedTerminal) {
 }
 
 TEST_F(Revision, ASessionThatEndedMeanwhileKeepsItsClearedUsers) {
-    const int result = run([](WindowHandle dialog) {
-        for (DataUserInfo& each : host().userList)
-            each.clear();
-        host().kdlState->reset();
-        driver::type({dialog, idOf(0, score)}, "55");
-        driver::click({dialog, idHide});
-        ASSERT_TRUE(driver::click({dialog, idOk}));
-    });
-    EXPECT_EQ(result, 0);
+    EXPECT_EQ(run([](Form dialog) {
+                  for (DataUserInfo& each : host().userList)
+                      each.clear();
+                  host().kdlState->reset();
+                  dialog.type(idOf(0, offsetScore), "55");
+                  dialog.click(idHideScores);
+                  dialog.click(idOk);
+              }),
+              0);
     EXPECT_EQ(user(0).getName(), "");
     EXPECT_EQ(user(0).getScore(), 0);
     EXPECT_FALSE(host().hideScores);

@@ -7,46 +7,26 @@
 #include "e2e/desk.h"
 #include "host/state/console_ids.h"
 #include "support/audience.h"
-#include "support/test_sounds.h"
+#include "support/heard_song.h"
 
 namespace {
 
+using test_support::melody;
 using test_support::stage;
-
-// Each second of the song has a tone of its own.
-const std::vector<double> melody = {440, 520, 620, 740, 850, 970};
 
 class HeardShow : public testing::Test {
 protected:
-    HeardShow()
-        : desk(platform::makeGstreamerDevice(
-              platform::SoundOutput::Captured,
-              [this](const platform::CapturedBlock& block) { audience.hear(block); })) {
+    HeardShow() : desk(audience.device()) {
         desk.folder.settings.setEfcRequest1(""); // no buzzer: behind the buzz there is nothing to hear
         desk.folder.settings.setEfcQuestion("");
     }
 
-    int addSong() {
-        const std::string file = desk.folder.file("snd/song.mp3");
-        EXPECT_TRUE(
-            test_support::encode(file, test_support::tones(melody), "lamemp3enc target=quality quality=4"));
-        DataResource song;
-        song.setFileName(file);
-        song.setFileType(fileTypeMp3);
-        song.setLength(60);
-        song.setSabiStart(20);
-        song.setSabiEnd(40);
-        desk.folder.addSongs({song});
-        return 1;
-    }
-
     // Opens a session of one quest with these settings and plays until the songs start.
     void play(int range, int speed) {
-        addSong();
-        DataSession one = stage({.name = "一回戦", .songs = "1"});
-        one.setRange(range);
+        desk.folder.addSongs({test_support::heardSong(desk.folder.file("snd/song.mp3"))});
+        DataSession one =
+            stage({.name = "一回戦", .range = range, .interval = playTimeWholeRange, .songs = "1"});
         one.setSpeed(speed);
-        one.setInterval(6); // the whole range
         const std::string file = desk.folder.writeSession("大会", {one});
         desk.start();
         desk.openSession(file);

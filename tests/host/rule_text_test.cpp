@@ -18,10 +18,19 @@ DataSession stageWith(int handsType, int hands, int deduction = 1, int steal = s
 } // namespace
 
 TEST(RuleText, PenaltiesAndFalseStarts) {
-    EXPECT_EQ(penaltyText(stageWith(-1, 0)), "なし");
-    EXPECT_EQ(penaltyText(stageWith(handsRest, 3, -5, 0)),
-              "減点:[-5]\r\nお手つき(休み):[3]\r\n横取り:[指名]");
-    EXPECT_EQ(penaltyText(stageWith(handsInStage, 1)), "お手つき(ステージ中):[1]");
+    const struct {
+        int deduction, handsType, hands, steal;
+        const char* text;
+    } rows[] = {{1, -1, 3, stealNone, "なし"},
+                {-5, -1, -1, stealNone, "減点:[-5]"},
+                {0, -1, -1, stealNone, "減点:[0]"},
+                {2, -1, -1, stealNone, "減点:[2]"},
+                {1, handsInStage, 2, stealNone, "お手つき(ステージ中):[2]"},
+                {1, handsInQuest, 3, stealNone, "お手つき(問中):[3]"},
+                {-10, handsRest, 1, 0, "減点:[-10]\r\nお手つき(休み):[1]\r\n横取り:[指名]"},
+                {1, -1, -1, 0, "横取り:[指名]"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(penaltyText(stageWith(row.handsType, row.hands, row.deduction, row.steal)), row.text);
     EXPECT_EQ(falseStartText(stageWith(-1, 1)), "");
     EXPECT_EQ(falseStartText(stageWith(handsInStage, 2)),
               "このステージ中に[2]回 お手つきした場合、このステージが完了するまでお休み。");

@@ -9,15 +9,14 @@
 #include "platform/driver.h"
 #include "playback/tonal_player.h"
 #include "support/audience.h"
+#include "support/heard_song.h"
 #include "support/temporary_folder.h"
-#include "support/test_sounds.h"
 
 namespace {
 
 namespace driver = platform::driver;
 
-// Each second of the song has a tone of its own.
-const std::vector<double> melody = {440, 520, 620, 740, 850, 970};
+using test_support::melody;
 
 enum : int {
     idFromAnswer = 8110,
@@ -31,21 +30,11 @@ enum : int {
 class HeardPlayer : public testing::Test {
 protected:
     HeardPlayer() {
-        platform::setSoundDevice(platform::makeGstreamerDevice(
-            platform::SoundOutput::Captured,
-            [this](const platform::CapturedBlock& block) { audience.hear(block); }));
+        platform::setSoundDevice(audience.device());
         resetHost();
         zelkova::setMasterVolume(100);
         host().accesserResource.open(folder.file("ResourceData.xml"));
-        DataResource song;
-        song.setTitle("聞こえる曲");
-        song.setFileName(folder.file("song.mp3"));
-        song.setFileType(fileTypeMp3);
-        song.setLength(60);
-        song.setAnsStart(20);
-        song.setAnsEnd(40);
-        EXPECT_TRUE(test_support::encode(song.getFileName(), test_support::tones(melody),
-                                         "lamemp3enc target=quality quality=4"));
+        DataResource song = test_support::heardSong(folder.file("song.mp3"));
         host().accesserResource.add(song);
         song.setTitle("無い曲"); // what follows is silence
         song.setFileName(folder.file("gone.mp3"));

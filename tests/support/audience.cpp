@@ -4,6 +4,11 @@
 
 namespace test_support {
 
+std::unique_ptr<platform::SoundDevice> Audience::device() {
+    return platform::makeGstreamerDevice(platform::SoundOutput::Captured,
+                                         [this](const platform::CapturedBlock& block) { hear(block); });
+}
+
 void Audience::hear(const platform::CapturedBlock& block) {
     const std::lock_guard lock(mutex_);
     for (std::size_t frame = 0; frame < block.frames; ++frame) {

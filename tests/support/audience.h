@@ -2,6 +2,7 @@
 // Ears for everything that a capturing sound device sends to the loudspeaker.
 
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -9,10 +10,11 @@
 
 namespace test_support {
 
-// Keeps the sound by the time at which it is due; players are not told apart. It must outlive the device.
+// Keeps the sound by the time at which it is due; players are not told apart.
 class Audience {
 public:
-    void hear(const platform::CapturedBlock& block);
+    // One that sends everything here. The audience must outlive it.
+    std::unique_ptr<platform::SoundDevice> device();
     void forget();
 
     // Of the first and the last block with a sound in it, as tick counts; 0 before any.
@@ -23,6 +25,8 @@ public:
     double toneAt(int milliseconds) const;
 
 private:
+    void hear(const platform::CapturedBlock& block);
+
     mutable std::mutex mutex_;
     std::vector<std::int16_t> stereo_; // from the first sound on
     std::uint32_t firstSound_ = 0, lastSound_ = 0;

@@ -100,21 +100,4 @@ std::string ProgramFolder::writeSession(const std::string& name, const std::vect
     return written;
 }
 
-DataSession stage(const StageRules& rules) {
-    DataSession made;
-    made.setName(rules.name);
-    made.setQuestNum(rules.quests);
-    made.setRange(rangeStart);
-    made.setInterval(2); // three seconds
-    made.setSpeed(0);
-    made.setMulti(rules.multi);
-    made.setScore(rules.score);
-    made.setDeduction(rules.deduction);
-    made.setHandsType(rules.handsType);
-    made.setHands(rules.hands);
-    made.setSteal(rules.steal);
-    made.setResourceId(rules.songs);
-    return made;
-}
-
 } // namespace test_support

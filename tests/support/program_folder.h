@@ -9,6 +9,7 @@
 #include "data/data_application.h"
 #include "data/data_resource.h"
 #include "data/data_session.h"
+#include "support/stage.h"
 #include "support/temporary_folder.h"
 
 namespace test_support {
@@ -36,14 +37,5 @@ private:
     bool settingsKept_ = false;
     std::string catalogue() const { return file("cnf/ResourceData.xml"); }
 };
-
-// A stage with the given rules, played from the start for three seconds; songs are catalogue numbers
-// separated by ",".
-struct StageRules {
-    const char* name;
-    int quests = 1, multi = 1, score = 10, deduction = 1, handsType = -1, hands = -1, steal = -1;
-    std::string songs = {};
-};
-DataSession stage(const StageRules& rules);
 
 } // namespace test_support

@@ -37,32 +37,14 @@ TEST(TrainingRank, TheRangeWeighs) {
     EXPECT_EQ(trainingScore({}, rangeIntro), 0);
 }
 
-TEST(TrainingRank, BoundsBelongToTheLowerRank) {
-    struct Row {
-        int score;
-        const char* text;
-    };
-    const Row rows[] = {{-2000000000, "Ｄ － 初心者級"}, {0, "Ｄ － 初心者級"},
-                        {1000, "Ｄ － 初心者級"},        {1001, "Ｃ － 駆出し級"},
-                        {2000, "Ｃ － 駆出し級"},        {2001, "Ｂ － 熟練者級"},
-                        {3000, "Ｂ － 熟練者級"},        {3001, "Ａ － 専門家級"},
-                        {4000, "Ａ － 専門家級"},        {4001, "Ｓ － 極めし者"},
-                        {5000, "Ｓ － 極めし者"},        {5001, "Ｇ － 神様級"},
-                        {6000, "Ｇ － 神様級"},          {6001, "Ｏ － 全知全能神級"},
-                        {7000, "Ｏ － 全知全能神級"},    {7001, "Ｎ － 絶無"},
-                        {2000000000, "Ｎ － 絶無"}};
-    for (const Row& row : rows)
-        EXPECT_STREQ(trainingRank(row.score).text, row.text) << row.score;
-    EXPECT_STREQ(trainingRank(2500).sentence, "優秀");
-}
-
-TEST(TrainingRank, EachOutcomeHasItsColour) {
-    const auto colour = [](const char* word) { return findOutcome(word)->background; };
-    EXPECT_EQ(colour("スキップ"), (platform::Color{240, 240, 70}));
-    EXPECT_EQ(colour("不正解"), (platform::Color{255, 65, 160}));
-    EXPECT_EQ(colour("正解"), (platform::Color{100, 180, 255}));
-    EXPECT_EQ(colour("完全正解"), (platform::Color{100, 225, 65}));
-    EXPECT_EQ(findOutcome("出題中"), nullptr);
+TEST(TrainingRank, EachThousandBelongsToTheRankBelow) {
+    EXPECT_STREQ(trainingRank(-2'000'000'000).text, "Ｄ － 初心者級");
+    for (int score = 1000; score <= 7000; score += 1000) {
+        EXPECT_STREQ(trainingRank(score - 999).text, trainingRank(score).text) << score;
+        EXPECT_STRNE(trainingRank(score).text, trainingRank(score + 1).text) << score;
+    }
+    EXPECT_STREQ(trainingRank(7001).text, "Ｎ － 絶無");
+    EXPECT_STREQ(trainingRank(2'000'000'000).text, "Ｎ － 絶無");
 }
 
 } // namespace
