@@ -58,6 +58,13 @@ void chooseSpeed() {
     initResource();
 }
 
+void takeShownPlaySettings() {
+    DataSession& stage = host().dataSession;
+    stage.setRange(platform::getSelection(control(ids::range)));
+    stage.setInterval(platform::getSelection(control(ids::interval)));
+    stage.setSpeed(platform::getSelection(control(ids::speed)));
+}
+
 void changeStage() {
     editStageOfQuest(host().curQuestNumber);
 }
@@ -68,10 +75,7 @@ void changeSongs() {
 
 void startQuest() {
     if (!guard(EV_QUEST_START)) return;
-    DataSession& stage = host().dataSession;
-    stage.setRange(platform::getSelection(control(ids::range)));
-    stage.setInterval(platform::getSelection(control(ids::interval)));
-    stage.setSpeed(platform::getSelection(control(ids::speed)));
+    takeShownPlaySettings();
     initResource();
     host().kdlState->changeState(EV_QUEST_START);
     notifyStatus();

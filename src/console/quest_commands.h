@@ -6,6 +6,9 @@ void chooseRange();
 void chooseInterval();
 void chooseSpeed();
 
+// The quest is played as the console's three lists stand; takes effect with the next initResource().
+void takeShownPlaySettings();
+
 void changeStage(); // settings of the current quest's stage
 void changeSongs(); // songs of the current quest's stage
 

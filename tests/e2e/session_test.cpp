@@ -1,10 +1,12 @@
 // Opening and ending a session, with everything that can stand in the way.
 
+#include <array>
 #include <filesystem>
 #include <regex>
 
 #include <gtest/gtest.h>
 
+#include "data/labels.h"
 #include "e2e/desk.h"
 #include "foundation/path.h"
 #include "host/state/console_ids.h"
@@ -242,6 +244,45 @@ TEST_F(Session, RebuildingThePlayersInMidSession) {
     desk.reply("STATUSNOTIFY", 301);
     driver::chooseMenu(host().mainWindow, 11015);
     desk.leadIn();
+}
+
+TEST_F(Session, RebuildingThePlayersKeepsWhatTheHostChoseForTheQuest) {
+    startShow();
+    const auto at = [](int id) { return platform::Control{host().consolePane, id}; };
+    ASSERT_EQ(platform::getSelection(at(ids::interval)), 2);
+    const auto choose = [&](int range, int interval, int speed) {
+        ASSERT_TRUE(driver::select(at(ids::range), range));
+        ASSERT_TRUE(driver::select(at(ids::interval), interval));
+        ASSERT_TRUE(driver::select(at(ids::speed), speed));
+    };
+    const auto clearAndCompare = [&] {
+        const std::array shown{desk.text(ids::range), desk.text(ids::interval), desk.text(ids::speed)};
+        const int start = host().playStart[0], limit = host().playLimit;
+        driver::chooseMenu(host().mainWindow, 11015);
+        EXPECT_EQ(host().playStart[0], start);
+        EXPECT_EQ(host().playLimit, limit);
+        EXPECT_EQ(host().dataSession.getRange(), platform::getSelection(at(ids::range)));
+        EXPECT_EQ(host().dataSession.getSpeed(), platform::getSelection(at(ids::speed)));
+        EXPECT_EQ((std::array{desk.text(ids::range), desk.text(ids::interval), desk.text(ids::speed)}),
+                  shown);
+        EXPECT_EQ(desk.text(ids::points), "30");
+    };
+    driver::type(at(ids::points), "30");
+    choose(rangeEnd, 0, 1);
+    clearAndCompare();
+    EXPECT_EQ(host().playLimit, 250);
+    // Paused, no button takes the lists over before the song sounds again.
+    desk.playQuest();
+    desk.click(ids::stop);
+    desk.hear();
+    desk.reply("STATUSNOTIFY", 303);
+    ASSERT_TRUE(desk.click(ids::pause));
+    desk.hear();
+    desk.reply("STATUSNOTIFY", 200);
+    choose(rangeEnd, 7, 0);
+    clearAndCompare();
+    ASSERT_TRUE(desk.click(ids::replay));
+    EXPECT_EQ(host().playLimit, -2);
 }
 
 TEST_F(Session, ASecondBuzzFindsTheFirstOne) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "console/player_board.h"
+#include "console/quest_commands.h"
 #include "console/quest_editing.h"
 #include "data/file_page.h"
 #include "documents/application_form_dialog.h"
@@ -129,9 +130,12 @@ void editCatalogue() {
 void rebuildPlayers() {
     createPlayers();
     HostState& state = host();
-    if (state.curQuestNumber != 0 &&
-        questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
-        initResource();
+    if (state.curQuestNumber == 0 ||
+        !questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList))
+        return;
+    // What the host chose for the quest stands on the console, and is what will be heard.
+    takeShownPlaySettings();
+    initResource();
 }
 
 // No song, timer or request of the show is under way, and none begins without the host.
