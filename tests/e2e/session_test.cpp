@@ -88,6 +88,23 @@ TEST_F(Session, FilesThatAreNoSessions) {
     EXPECT_FALSE(platform::pathExists(gone));
 }
 
+// Also for a session from another machine, whose songs are not here.
+TEST_F(Session, TheAddressIsSeenUntilTheTerminalHasNamedItsUsers) {
+    desk.start();
+    desk.openSession(desk.folder.writeSession("夏", {stage({.name = "一回戦", .songs = "99"})}));
+    const platform::Control bar{host().mainWindow, ids::statusBar};
+    const std::string port = ":" + std::to_string(desk.folder.settings.getServerPort());
+    EXPECT_NE(platform::getStatusText(bar, 1).find(port), std::string::npos)
+        << platform::getStatusText(bar, 1);
+    ASSERT_TRUE(
+        driver::select({host().consolePane, ids::interval}, 0)); // the host changes the quest meanwhile
+    EXPECT_EQ(platform::getStatusText(bar, 0), "接続待ち");
+    desk.connect();
+    EXPECT_EQ(platform::getStatusText(bar, 0), "接続済み");
+    desk.announce("青木", 1);
+    EXPECT_EQ(platform::getStatusText(bar, 0), "問題の注意");
+}
+
 TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
     const std::string odd =
         desk.folder.writeSession("odd", {stage({.name = "多", .quests = 1, .multi = 9, .songs = "1,2"})});

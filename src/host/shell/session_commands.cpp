@@ -185,7 +185,6 @@ void openSession() {
     address.add("HOST", state.server->getLocalAddress());
     address.add("PORT", state.dataApplication.getServerPort());
     showStatusBar(2000022, address);
-    showQuestWarning();
 }
 
 void closeSession() {

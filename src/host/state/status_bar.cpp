@@ -4,7 +4,17 @@
 #include "host/state/console_ids.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
+#include "host/state/intro_state.h"
 #include "platform/controls.h"
+
+namespace {
+
+bool awaitsTerminal() {
+    const KdlState* machine = host().kdlState.get();
+    return machine && machine->is(StateInit::getInstance());
+}
+
+} // namespace
 
 void showStatusBar(int code, const zelkova::DataPairsList& pairs) {
     const DataLogMessage message = host().logMessageList.getMessage(code);
@@ -22,5 +32,5 @@ void showQuestWarning() {
     pairs.add("QUEST", host().curQuestNumber);
     pairs.add("REASON", host().questWarning);
     writeLog(3000020, pairs);
-    showStatusBar(3000020, pairs);
+    if (!awaitsTerminal()) showStatusBar(3000020, pairs);
 }

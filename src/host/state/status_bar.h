@@ -8,5 +8,6 @@
 void showStatusBar(int code, const zelkova::DataPairsList& pairs = {});
 
 // Shows why the current quest cannot be played as it stands, if anything does (questWarning), without
-// stopping the show: log and status bar.
+// stopping the show: log and status bar. While the terminal is awaited the bar keeps the address to connect
+// to.
 void showQuestWarning();
