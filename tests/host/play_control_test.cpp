@@ -4,9 +4,9 @@
 
 #include "data/labels.h"
 #include "host/state/host_state.h"
-#include "platform/sound.h"
 #include "support/temporary_folder.h"
 #include "support/test_sounds.h"
+#include "support/watched_sound.h"
 
 namespace {
 
@@ -14,7 +14,6 @@ namespace {
 class PlayControl : public testing::Test {
 protected:
     void SetUp() override {
-        platform::setSoundDevice(platform::makeSilentDevice());
         resetHost();
         for (zelkova::Media& media : host().questMedia)
             media.create({});
@@ -23,10 +22,7 @@ protected:
         host().dataSession.setSpeed(0);
         host().dataSession.setInterval(intervalRange);
     }
-    void TearDown() override {
-        resetHost();
-        platform::setSoundDevice(nullptr);
-    }
+    void TearDown() override { resetHost(); }
 
     enum : int { interval250 = 0, intervalSecond = 1, intervalRange = 6, intervalEndless = 7 };
 
@@ -59,6 +55,7 @@ protected:
 
     test_support::TemporaryFolder folder;
     platform::ManualClock clock;
+    test_support::WatchedSound sound;
 };
 
 } // namespace
@@ -167,6 +164,20 @@ TEST_F(PlayControl, MissingSongsAreSilentAndPassedOver) {
         EXPECT_FALSE(checkPlayStop());
         showProgress();
     }
+}
+
+TEST_F(PlayControl, ASongWhoseDiskSleepsIsNotOverBeforeItBegins) {
+    sound.setMeasuringTime(3000);
+    addSong(20000);
+    host().dataSession.setRange(rangeIntro); // 1000 to 5000
+    initResource();
+    play();
+    pass(1000);
+    EXPECT_FALSE(checkPlayStop());
+    pass(2950);
+    EXPECT_FALSE(checkPlayStop());
+    pass(50);
+    EXPECT_TRUE(checkPlayStop());
 }
 
 TEST_F(PlayControl, ASongWithoutAUnitIsNotDividedBy) {

@@ -56,11 +56,12 @@ bool isPlayOver(std::span<const SongPlay> songs, int speed, int limit, int elaps
     const bool timeOver = limit >= 0 && elapsed >= limit;
     bool anySounds = false;
     for (const SongPlay& song : songs) {
-        const int end = song.media->getEnd();
-        if (end <= 0) continue; // did not open
+        const bool measured = !song.media->isMeasuring(); // else its disk is waking up
+        const int end = measured ? song.media->getEnd() : 0;
+        if (measured && end <= 0) continue; // did not open
         anySounds = true;
         const int position = song.media->getPosition();
-        if (speed == 0 && position >= end) return true;
+        if (measured && speed == 0 && position >= end) return true;
         if (limit == noLimit) continue;
         if (timeOver || position >= song.end) return true;
     }
