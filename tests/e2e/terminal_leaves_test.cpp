@@ -225,6 +225,21 @@ TEST(TerminalLeaves, UnderTheHistoryQuestion) {
     show.playAgain();
 }
 
+TEST(TerminalLeaves, UnderTheQuestionBeforeClosing) {
+    TerminalLeaves show;
+    show.desk.playQuest();
+    show.desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [&](platform::WindowHandle question) {
+        show.expectEnd(true); // the history is offered here, and not again for the answer below
+        show.leave(false);
+        EXPECT_TRUE(driver::settleUntil([&] { return show.desk.stateName() == "START"; }, 3000));
+        EXPECT_TRUE(driver::click({question, 111})); // yes
+    });
+    driver::closeBox(host().mainWindow);
+    EXPECT_TRUE(platform::isWindow(host().mainWindow));
+    show.waitForEnd();
+    show.playAgain();
+}
+
 // A terminal that hung wakes while the session is being ended: nothing starts again behind the question.
 TEST(TerminalLeaves, NotButAnswersUnderTheHistoryQuestion) {
     struct Case {

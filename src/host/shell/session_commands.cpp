@@ -18,6 +18,7 @@
 #include "host/state/history_record.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
+#include "host/state/intro_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
 #include "host/state/requests.h"
@@ -189,7 +190,7 @@ void openSession() {
 
 void closeSession() {
     HostState& state = host();
-    if (state.endingSession) return;
+    if (state.endingSession || !state.kdlState || state.kdlState->is(StateStart::getInstance())) return;
     state.endingSession = true;
     state.vrmStatus = 0; // what the terminal still answers, behind the question too, is dropped
     haltSongs();
