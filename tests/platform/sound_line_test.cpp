@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/sound/mixer.h"
+#include "platform/sound/speaker_line.h"
 #include "support/temporary_folder.h"
 #include "support/test_sounds.h"
 
@@ -108,6 +109,12 @@ TEST_F(SoundLine, ACardThatGoesAwayStopsNoSongAndAnotherIsFound) {
         EXPECT_EQ(looks, 3);
         mixer.remove(*voice_);
     }
+}
+
+TEST(SpeakerLine, LooksForACardWithoutAWord) {
+    testing::internal::CaptureStderr();
+    platform::sound::SpeakerLine::open();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(SoundLine, ACardThatAlwaysFailsIsNotOpenedWithoutEnd) {

@@ -3,6 +3,17 @@
 #include <mutex>
 
 namespace platform::sound {
+namespace {
+
+// How the library is to take the element among others for the same.
+void setRank(const char* element, guint rank) {
+    GstPluginFeature* feature = gst_registry_lookup_feature(gst_registry_get(), element);
+    if (!feature) return;
+    gst_plugin_feature_set_rank(feature, rank);
+    gst_object_unref(feature);
+}
+
+} // namespace
 
 bool startGstreamer() {
     static std::once_flag once;
@@ -11,11 +22,9 @@ bool startGstreamer() {
         up = gst_init_check(nullptr, nullptr, nullptr);
         if (!up) return;
         // Of the synthesisers that may be installed, the one that needs nothing but a soundfont.
-        GstRegistry* registry = gst_registry_get();
-        if (GstPluginFeature* feature = gst_registry_lookup_feature(registry, "fluiddec")) {
-            gst_plugin_feature_set_rank(feature, GST_RANK_PRIMARY + 1);
-            gst_object_unref(feature);
-        }
+        setRank("fluiddec", GST_RANK_PRIMARY + 1);
+        // Goes by ways that are tried without it, and writes to the terminal when there is no card.
+        setRank("openalsink", GST_RANK_NONE);
     });
     return up;
 }
