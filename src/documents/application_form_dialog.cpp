@@ -1,33 +1,21 @@
 #include "documents/application_form_dialog.h"
 
 #include "documents/application_form.h"
+#include "documents/dialog_ids.h"
 #include "documents/document_dialog.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "platform/clock.h"
 #include "platform/window.h"
 
-namespace {
+using namespace application_form_dialog;
 
-enum : int {
-    idShow = 9302,
-    idCancel = 9303,
-    idSessionName = 9304,
-    idDate = 9305,
-    idStartTime = 9306,
-    idEndTime = 9307,
-    idPlace = 9308,
-    idOrganizer = 9309,
-    idDelegate = 9310,
-    idIssueDate = 9311,
-    idPictures = 9312,
-    idEndNotKnown = 9313,
-};
+namespace {
 
 class ApplicationForm : public DocumentDialog {
 public:
     ApplicationForm(const DataApplication& settings, const std::string& modulePath)
-        : DocumentDialog("IDD_KDL0904_CREATE_WRITE_APPLICATION", settings, modulePath) {}
+        : DocumentDialog(form, settings, modulePath) {}
 
 private:
     bool onCommand(int id) override {

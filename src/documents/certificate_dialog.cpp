@@ -1,6 +1,7 @@
 #include "documents/certificate_dialog.h"
 
 #include "documents/certificate.h"
+#include "documents/dialog_ids.h"
 #include "documents/document_dialog.h"
 #include "documents/kanji_number.h"
 #include "documents/template_text.h"
@@ -9,24 +10,9 @@
 #include "platform/shell.h"
 #include "platform/window.h"
 
-namespace {
+using namespace certificate_dialog;
 
-enum : int {
-    idUserName = 6202,
-    idOrder = 6203,
-    idCompetition = 6204,
-    idYear = 6205,
-    idMonth = 6206,
-    idDay = 6207,
-    idCompany = 6208,
-    idPost = 6209,
-    idPublisher = 6210,
-    idWord = 6211,
-    idCancel = 6212,
-    idFirstHint = 6213, // nine beside the fields, two below
-    idLastHint = 6223,
-    idWriter = 6224,
-};
+namespace {
 
 constexpr platform::Color hintColor{255, 0, 0};
 constexpr int lastYearBeforeEra = 1988;
@@ -52,7 +38,7 @@ constexpr Placeholder placeholders[] = {
 class Certificate : public DocumentDialog {
 public:
     Certificate(const DataApplication& settings, const std::string& modulePath)
-        : DocumentDialog("IDD_KDL0602_CERTIFICATE", settings, modulePath) {}
+        : DocumentDialog(form, settings, modulePath) {}
 
 private:
     bool onCommand(int id) override {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editors/add_rest.h"
+#include "editors/dialog_ids.h"
 #include "editors/song_form.h"
 #include "foundation/dialog.h"
 #include "foundation/path.h"
@@ -12,15 +13,9 @@
 #include "platform/controls.h"
 #include "platform/messages.h"
 
-namespace {
+using namespace add_rest;
 
-enum : int {
-    idFileName = 3501,
-    idProgress = 3502,
-    idCount = 3503,
-    idStop = 3504,
-    idTimer = 3505,
-};
+namespace {
 
 enum : int { whatWasAdded = 2000028 };
 constexpr unsigned stepMs = 10;
@@ -29,7 +24,7 @@ constexpr std::size_t mostNames = 20; // in a message
 class AddRestDialog : public zelkova::Dialog {
 public:
     AddRestDialog(FileIndex& index, std::vector<std::string> files)
-        : Dialog("IDD_KDL0305_ADD_REST"), work_(host().accesserResource, index, std::move(files)) {}
+        : Dialog(form), work_(host().accesserResource, index, std::move(files)) {}
 
 private:
     void open() override {

@@ -1,19 +1,12 @@
 #include "editors/confirm_duplicate.h"
 
+#include "editors/dialog_ids.h"
 #include "foundation/dialog.h"
 #include "platform/controls.h"
 
-namespace {
+using namespace confirm_duplicate;
 
-enum : int {
-    idIcon = 3401,
-    idQuestion = 3402,
-    idDetails = 3403,
-    idEdit = 3405,
-    idNew = 3406,
-    idCancel = 3407,
-    idStopBatch = 3408,
-};
+namespace {
 
 constexpr char question[] =
     "選択したファイルは、既に登録されています。\r\n[編集]ボタンを押すと、既存のデータを編集します。"
@@ -22,7 +15,7 @@ constexpr char question[] =
 class ConfirmDuplicate : public zelkova::Dialog {
 public:
     ConfirmDuplicate(const DataResource& known, BatchPlace place)
-        : Dialog("IDD_KDL0304_EDIT_CONFIRM"), known_(known), place_(place) {}
+        : Dialog(form), known_(known), place_(place) {}
 
 private:
     void open() override {

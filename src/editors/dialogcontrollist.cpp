@@ -1,6 +1,7 @@
 #include "editors/dialogcontrollist.h"
 
 #include "editors/add_songs.h"
+#include "editors/dialog_ids.h"
 #include "editors/search_list.h"
 #include "editors/song_file.h"
 #include "foundation/dialog.h"
@@ -8,13 +9,13 @@
 #include "host/state/host_state.h"
 #include "platform/dialog.h"
 
-namespace {
+using namespace control_list;
 
-enum : int { idAdd = 3101, idSearch = 3102, idList = 3103, idOk = 3105 };
+namespace {
 
 class ControlList : public zelkova::Dialog {
 public:
-    ControlList() : Dialog("IDD_KDL0301_EDIT_RESOURCE_LIST") {}
+    ControlList() : Dialog(form) {}
 
 private:
     void open() override {}

@@ -1,40 +1,15 @@
 #include "editors/part_detail.h"
 
 #include "data/labels.h"
+#include "editors/dialog_ids.h"
 #include "foundation/dialog.h"
 #include "foundation/views/message_box.h"
 #include "host/state/host_state.h"
 #include "platform/window.h"
 
-namespace {
+using namespace part_detail;
 
-enum : int {
-    idNameCaption = 4501,
-    idName = 4502,
-    idQuestNumCaption = 4503,
-    idQuestNum = 4504,
-    idRange = 4505,
-    idInterval = 4506,
-    idSpeed = 4507,
-    idScore = 4508,
-    idDeducts = 4509,
-    idDeduction = 4510,
-    idFalseStarts = 4511,
-    idHandsType1 = 4512, // the first of three radio buttons
-    idHands1 = 4515,     // the first of their three edits
-    idSteals = 4518,
-    idSteal = 4519,
-    idHandsRules = 4520, // what 4511 switches
-    idDeductionCaption = 4521,
-    idOk = 4522,
-    idCancel = 4523,
-    idMulti = 4524,
-    idMultiCaption = 4525,
-    idStealCaption = 4526,
-    idRulesGroup = 4527,
-    idStealGroup = 4528,
-    idRemark = 4531,
-};
+namespace {
 
 struct Text {
     int id;
@@ -87,7 +62,7 @@ int fieldOf(StageRefusal refusal) {
 class PartDetail : public zelkova::Dialog {
 public:
     PartDetail(StageMode mode, DataSession& stage)
-        : Dialog("IDD_KDL0405_PARTDETAIL"), stage_(stage), live_(liveSettings(mode, stage)) {}
+        : Dialog(form), stage_(stage), live_(liveSettings(mode, stage)) {}
 
 private:
     bool onCommand(int id) override {

@@ -5,6 +5,7 @@
 #include <span>
 #include <unordered_set>
 
+#include "editors/dialog_ids.h"
 #include "editors/resource_edit.h"
 #include "editors/search_list.h"
 #include "editors/song_assignment.h"
@@ -17,29 +18,9 @@
 #include "platform/menu.h"
 #include "platform/window.h"
 
-namespace {
+using namespace resource_detail;
 
-enum : int {
-    idTarget = 4602,
-    idSource = 4603,
-    idOk = 4604,
-    idCancel = 4605,
-    idSet = 4606,
-    idShowAll = 4608,
-    idFill = 4609,
-    idSearch = 4610,
-    idClearAll = 4611,
-    idClear = 4612,
-    idShuffle = 4613,
-    idUp = 4614,
-    idDown = 4615,
-    idRemove = 4616,
-    idRemoveAll = 4617,
-    idEdit = 4620,
-    idElsewhereMark = 4621,
-    idInStageMark = 4622,
-    idUnfitMark = 4623,
-};
+namespace {
 
 enum : int { askKeepSource = 2000010, tooFewSongs = 3000008 };
 
@@ -50,7 +31,7 @@ constexpr platform::Color emptyRowInk{0x87, 0x87, 0x87};
 class ResourceDetail : public zelkova::Dialog {
 public:
     ResourceDetail(std::vector<DataSession>& stages, std::size_t index)
-        : Dialog("IDD_KDL0406_RESOURCEDETAIL"), stage_(stages[index]), songs_(stages, index, catalogue_) {}
+        : Dialog(form), stage_(stages[index]), songs_(stages, index, catalogue_) {}
 
 private:
     struct Command {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/labels.h"
+#include "editors/dialog_ids.h"
 #include "editors/sample_player.h"
 #include "editors/song_form.h"
 #include "foundation/dialog.h"
@@ -13,29 +14,9 @@
 #include "platform/dialog.h"
 #include "platform/window.h"
 
-namespace {
+using namespace resource_edit;
 
-enum : int {
-    idNumber = 3202,
-    idFileName = 3203,
-    idBrowse = 3204,
-    idTitle = 3205,
-    idArtist = 3206,
-    idArtistKana = 3207,
-    idReleaseDate = 3208,
-    idGenre = 3209,
-    idFileType = 3210,
-    idType1 = 3212, // the first of three radio buttons
-    idOk = 3253,
-    idCancel = 3254,
-    idApply = 3255,
-    idFamous = 3263,
-    idDeficalt = 3264,
-    idBatch = 3265, // what is shown of several files only
-    idBatchText = 3266,
-    idTakeRest = 3267,
-    idStopBatch = 3268,
-};
+namespace {
 
 enum : unsigned { msgUnreadable = platform::WM_USER + 1 };
 enum : int { fileUnreadable = 4000008 };
@@ -58,8 +39,7 @@ bool isField(int id) {
 class ResourceEdit : public zelkova::Dialog {
 public:
     ResourceEdit(int no, std::string fileName, const DataResource& stored, BatchPlace place)
-        : Dialog("IDD_KDL0302_EDIT"), no_(no), fileName_(std::move(fileName)), stored_(stored),
-          place_(place) {}
+        : Dialog(form), no_(no), fileName_(std::move(fileName)), stored_(stored), place_(place) {}
 
 private:
     void open() override {

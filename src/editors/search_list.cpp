@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/labels.h"
+#include "editors/dialog_ids.h"
 #include "editors/resource_edit.h"
 #include "editors/song_form.h"
 #include "foundation/dialog.h"
@@ -14,30 +15,9 @@
 #include "host/state/host_state.h"
 #include "platform/window.h"
 
-namespace {
+using namespace search_list;
 
-enum : int {
-    idFilters = 3310, // all fields and their buttons
-    idByNumber = 3311,
-    idNoFrom = 3312,
-    idNoTo = 3313,
-    idTitle = 3317,
-    idArtist = 3318,
-    idKana = 3319,
-    idGenre = 3320,
-    idFormat = 3324,
-    idAnyType = 3326, // the first of four radio buttons, the others in the order of songTypeLabels
-    idByDate = 3330,
-    idDateFrom = 3331,
-    idDateTo = 3332,
-    idSearch = 3333,
-    idClear = 3335,
-    idList = 3336,
-    idOk = 3338,
-    idLegendMark = 3339,
-    idEdit = 3341,
-    idRemove = 3342,
-};
+namespace {
 
 enum : int { askRemove = 2000013, notSorted = 4000009 };
 
@@ -47,8 +27,7 @@ constexpr int yearsBack = 5;
 // Lives for one opening.
 class SearchList : public zelkova::Dialog {
 public:
-    SearchList(SearchListMode mode, std::string& numbers)
-        : Dialog("IDD_KDL0303_SERCHLIST"), mode_(mode), numbers_(numbers) {}
+    SearchList(SearchListMode mode, std::string& numbers) : Dialog(form), mode_(mode), numbers_(numbers) {}
 
 private:
     void open() override {

@@ -1,5 +1,6 @@
 #include "editors/session_wizard.h"
 
+#include "editors/dialog_ids.h"
 #include "editors/session_wizard_stages.h"
 #include "foundation/path.h"
 #include "foundation/text.h"
@@ -9,19 +10,9 @@
 #include "host/state/session_folder.h"
 #include "platform/controls.h"
 
+using namespace session_wizard;
+
 namespace {
-
-enum : int {
-    idFile = 4103,
-    idBrowse = 4104,
-    idName = 4105,
-    idNameNeeded = 4106,
-    idFileNeeded = 4107,
-
-    idOutcome = 4401,
-    idFolderName = 4402,
-    idFileName = 4403,
-};
 
 constexpr int unreadableSession = 3000012, stagesAreLost = 3000015, sessionNotSaved = 4000018;
 constexpr platform::Color neededRed{255, 0, 0};
@@ -29,7 +20,7 @@ constexpr platform::Color neededRed{255, 0, 0};
 // Page 1: the session's name and its file.
 class FilePage : public zelkova::SheetPage {
 public:
-    explicit FilePage(SessionDraft& draft) : SheetPage("IDD_KDL0401_SESSION"), draft_(draft) {}
+    explicit FilePage(SessionDraft& draft) : SheetPage(form), draft_(draft) {}
 
 private:
     void open() override {
@@ -147,7 +138,7 @@ void dlgSessionWizard(platform::WindowHandle owner) {
     SongsPage songs(draft);
     ResultPage result(draft);
     platform::runPropertySheet(owner,
-                               {.name = "IDD_KDL0401_SESSION",
+                               {.name = form,
                                 .title = "出題ファイルの作成",
                                 .kind = platform::SheetKind::Wizard,
                                 .pages = {file.entry(), stages.entry(), songs.entry(), result.entry()}});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "editors/dialog_ids.h"
 #include "editors/part_detail.h"
 #include "editors/resource_detail.h"
 #include "foundation/text.h"
@@ -10,21 +11,9 @@
 #include "platform/menu.h"
 #include "platform/window.h"
 
+using namespace session_wizard;
+
 namespace {
-
-enum : int {
-    idStages = 4201,
-    idAdd = 4202,
-    idEdit = 4203,
-    idDelete = 4204,
-    idUp = 4206,
-    idDown = 4207,
-    idTotal = 4208,
-
-    idSongs = 4301,
-    idAssign = 4302,
-    idRefusedMark = 4303,
-};
 
 constexpr platform::Color refusedRow{250, 115, 115};
 

@@ -15,9 +15,11 @@
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "foundation/views/open_with_desktop.h"
+#include "host/shell/command_ids.h"
 #include "host/shell/players.h"
 #include "host/shell/session_commands.h"
 #include "host/shell/version_dialog.h"
+#include "host/state/console_ids.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
@@ -180,32 +182,32 @@ struct Command {
 };
 
 constexpr std::array commands{
-    Command{11001, closeWindow},
-    Command{11002, openSession},
-    Command{11003, editCatalogue},
-    Command{11004, makeSession},
-    Command{11005, closeSession},
-    Command{11008, playMusic<&DataApplication::getEfcApplause>},
-    Command{11009, changeSettings},
-    Command{11010, showVersion},
-    Command{11012, clearScores},
-    Command{11013, clearUsers},
-    Command{11015, rebuildPlayers},
-    Command{11016, showRunningOrder},
-    Command{11018, showTurnRoundPoints},
-    Command{11019, playMusic<&DataApplication::getEfcOpening>},
-    Command{11020, playMusic<&DataApplication::getEfcThinking>},
-    Command{11021, playMusic<&DataApplication::getEfcEndingl>},
-    Command{11022, playMusic<&DataApplication::getEfcTimeUp>},
-    Command{11023, openHelp},
-    Command{11024, openLogFile},
-    Command{11025, exploreLogFolder},
-    Command{11097, makeDocument<dlgCertificate>},
-    Command{11098, playMusic<&DataApplication::getEfcApplause2>},
-    Command{11099, exploreHistoryFolder},
-    Command{11102, makeDocument<dlgApplicationForm>},
-    Command{11150, runPlayer},
-    Command{11151, train},
+    Command{command::closeWindow, closeWindow},
+    Command{ids::openSession, openSession},
+    Command{command::editCatalogue, editCatalogue},
+    Command{command::makeSession, makeSession},
+    Command{ids::endSession, closeSession},
+    Command{command::playApplause, playMusic<&DataApplication::getEfcApplause>},
+    Command{command::changeSettings, changeSettings},
+    Command{command::showVersion, showVersion},
+    Command{command::clearScores, clearScores},
+    Command{command::clearUsers, clearUsers},
+    Command{command::rebuildPlayers, rebuildPlayers},
+    Command{command::showRunningOrder, showRunningOrder},
+    Command{command::showTurnRoundPoints, showTurnRoundPoints},
+    Command{command::playOpening, playMusic<&DataApplication::getEfcOpening>},
+    Command{command::playThinking, playMusic<&DataApplication::getEfcThinking>},
+    Command{command::playEnding, playMusic<&DataApplication::getEfcEndingl>},
+    Command{command::playTimeUp, playMusic<&DataApplication::getEfcTimeUp>},
+    Command{command::openHelp, openHelp},
+    Command{command::openLogFile, openLogFile},
+    Command{command::exploreLogFolder, exploreLogFolder},
+    Command{command::makeCertificate, makeDocument<dlgCertificate>},
+    Command{command::playFinalApplause, playMusic<&DataApplication::getEfcApplause2>},
+    Command{command::exploreHistoryFolder, exploreHistoryFolder},
+    Command{command::makeApplicationForm, makeDocument<dlgApplicationForm>},
+    Command{command::runPlayer, runPlayer},
+    Command{command::train, train},
 };
 
 } // namespace

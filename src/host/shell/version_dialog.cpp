@@ -5,17 +5,11 @@
 
 #include "foundation/dialog.h"
 #include "foundation/views/message_box.h"
+#include "host/shell/version_dialog_ids.h"
+
+using namespace version_dialog;
 
 namespace {
-
-enum : int {
-    idIcon = 1601,
-    idName = 1602,
-    idVersion = 1603,
-    idCopyright = 1604,
-    idMaker = 1605,
-    idAddress = 1606,
-};
 
 constexpr int iconPixels = 64;
 
@@ -28,8 +22,7 @@ std::string versionText(const Version& version) {
 
 class VersionDialog : public zelkova::Dialog {
 public:
-    explicit VersionDialog(const DataApplication& settings)
-        : Dialog("IDD_KDL0106_VERSION"), settings_(settings) {}
+    explicit VersionDialog(const DataApplication& settings) : Dialog(form), settings_(settings) {}
 
 private:
     void open() override {
