@@ -73,6 +73,7 @@ bool Media::open(const std::string& fileName) {
     if (!window || !window->open(fileName)) return false;
     mediaType = typeOf(fileName);
     opened = true;
+    standAt(0);
     // The player starts each file at normal speed and keeps its volume.
     const bool ownVolume = traitsOf(mediaType).hasVolume && volume >= 0;
     window->setVolume(ownVolume ? volume : fullVolume);
@@ -100,11 +101,8 @@ bool Media::playReverse() {
 bool Media::pause() {
     if (!playing || !window || !window->pause()) return false;
     playing = false;
-    if (isEstimated()) {
-        const int place = getPosition();
-        playStartTick = noTick;
-        seek(place);
-    }
+    standAt(getPosition());
+    if (isEstimated()) window->seek(playStartPosition);
     return true;
 }
 
@@ -117,9 +115,15 @@ bool Media::stop() {
 }
 
 bool Media::seek(int position) {
-    if (!window) return false;
-    const bool found = window->seek(position);
-    return playing ? play() : found;
+    const bool found = window && window->seek(position);
+    if (playing) return play();
+    if (found) standAt(std::max(position, 0));
+    return found;
+}
+
+void Media::standAt(int position) {
+    playStartPosition = position;
+    playStartTick = noTick;
 }
 
 int Media::getEnd() {

@@ -55,7 +55,8 @@ public:
     int getEnd();
     // The length may still come; waits at most so long for that to end.
     bool isMeasuring(int waitMs = 0);
-    // Of an MP3 at another speed than normal this is reckoned from the tick count since play().
+    // Of an MP3 at another speed than normal this is reckoned from the tick count since play(); it holds
+    // still where pause() or seek() left the song.
     int getPosition();
 
     // 0 to 1000. WAV and MID have no volume of their own and refuse.
@@ -70,6 +71,7 @@ public:
 
 private:
     bool isEstimated() const;
+    void standAt(int position); // what is reckoned from, while nothing plays
 
     std::unique_ptr<platform::SoundPlayer> window;
     bool opened = false;

@@ -98,10 +98,28 @@ TEST_F(MediaTest, APauseAtAnotherSpeedStandsWhereTheSoundWas) {
     EXPECT_FALSE(media_.isPlaying());
     EXPECT_FALSE(media_.pause());
     clock_.advance(5000);
+    EXPECT_EQ(media_.getPosition(), 1500);
     media_.play();
     EXPECT_EQ(media_.getPosition(), 1500);
     clock_.advance(1000);
     EXPECT_EQ(media_.getPosition(), 2000);
+    media_.pause();
+    EXPECT_TRUE(media_.seek(8000));
+    EXPECT_EQ(media_.getPosition(), 8000);
+    EXPECT_TRUE(media_.setSpeed(2000));
+    EXPECT_EQ(media_.getPosition(), 8000);
+    ASSERT_TRUE(media_.open(file("SONG2.Mp3")));
+    EXPECT_EQ(media_.getPosition(), 0) << "that was another song";
+}
+
+TEST_F(MediaTest, AChangeOfSpeedInAPauseLeavesTheSongStanding) {
+    ASSERT_TRUE(media_.open(file("song.mp3")));
+    media_.play();
+    clock_.advance(3000);
+    media_.pause();
+    EXPECT_TRUE(media_.setSpeed(2000));
+    clock_.advance(1000);
+    EXPECT_EQ(media_.getPosition(), 3000);
 }
 
 TEST_F(MediaTest, AChangeOfSpeedInThePlayGoesOnFromThere) {
