@@ -30,7 +30,7 @@ protected:
     TrainingAtTheDesk() {
         for (int i = 0; i < 12; ++i)
             desk.folder.addSong("曲", "歌手");
-        const std::string file = desk.folder.writeSession("大会", {stage({.name = "一回戦", .songs = "1"})});
+        file = desk.folder.writeSession("大会", {stage({.name = "一回戦", .songs = "1"})});
         desk.start();
         desk.openSession(file);
         desk.connect();
@@ -69,6 +69,7 @@ protected:
     }
 
     Desk desk;
+    std::string file;
 };
 
 TEST_F(TrainingAtTheDesk, TheShowGoesOnWithItsOwnSong) {
@@ -135,6 +136,24 @@ TEST_F(TrainingAtTheDesk, ABuzzIsNeitherHeardNorJudged) {
     train(buzzWhileASongPlays);
     EXPECT_EQ(desk.stateName(), "PAUSE");
     EXPECT_EQ(host().requestUserId, -1);
+}
+
+TEST_F(TrainingAtTheDesk, TheTerminalComesMeanwhile) {
+    ASSERT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    desk.openSession(file);
+    ASSERT_EQ(desk.stateName(), "INIT");
+    train([&](WindowHandle dialog) {
+        driver::click({dialog, idStart});
+        ASSERT_TRUE(desk.passUntil([] { return host().questMedia[0].isPlaying(); }, 5000));
+        desk.connect();
+        desk.announce("青木", 1);
+        EXPECT_EQ(desk.stateName(), "ENABLE");
+        EXPECT_TRUE(host().questMedia[0].isPlaying()) << "the training goes on";
+    });
+    EXPECT_FALSE(host().questMedia[0].isPlaying());
+    EXPECT_GT(host().questMedia[0].getEnd(), 0) << "the song of the quest is open";
+    desk.playQuest();
+    EXPECT_TRUE(host().questMedia[0].isPlaying());
 }
 
 TEST_F(TrainingAtTheDesk, WhatTheHostChoseForTheQuestStays) {

@@ -155,10 +155,12 @@ void train() {
         zelkova::showMessage(host().mainWindow, showUnderWay);
         return;
     }
+    host().playersLent = true;
     dlgTrainingMode(host().mainWindow, [](platform::WindowHandle owner, DataSession& session) {
         return dlgPartDetail(owner, StageMode::Training, session);
     });
-    // The players were lent. The host's edits on the console still hold for the quest.
+    host().playersLent = false;
+    // The host's edits on the console still hold for the quest.
     if (!host().dataResourceList.empty()) initResource();
 }
 

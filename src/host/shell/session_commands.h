@@ -5,6 +5,6 @@
 void openSession();
 
 // 出題の終了: from the menu, from closing the window, or after a lost connection, in any state. Offers to
-// save the history; does nothing while it is already under way, and without a session: it may have ended under
-// the question that leads here.
+// save the history; does nothing while it is already under way, and without a session: it may have ended
+// under the question that leads here.
 void closeSession();

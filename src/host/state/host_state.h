@@ -98,6 +98,7 @@ struct HostState {
     int leadInEnd = 0;         // milliseconds
     int leadInPosition = -1;   // milliseconds; where the lead-in stood at the tick before
     bool songsStarted = false; // the terminal's 302 has started the songs of this play
+    bool playersLent = false;  // the training plays on questMedia; the quest's songs wait until it is over
     bool hideScores = false;
     std::string questWarning; // why the current quest cannot be played as it stands; empty when it can
     platform::SystemTime sessionStartTime, sessionEndTime;

@@ -50,6 +50,7 @@ std::vector<SongPlay> checkedSongs() {
 
 void initResource() {
     HostState& state = host();
+    if (state.playersLent) return;
     const DataSession& stage = state.dataSession;
     std::string warning;
     if (state.dataResourceList.empty()) warning = "楽曲の数が足りません。";

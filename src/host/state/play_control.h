@@ -2,7 +2,8 @@
 // From a quest's settings to what its players do.
 
 // Opens the songs of the current quest side by side, works out their ranges and the limit of the play time.
-// Songs without a file stay silent.
+// Songs without a file stay silent. Does nothing while the players are lent: who lent them calls it
+// afterwards.
 void initResource();
 
 // The part of it that only the play time concerns.
