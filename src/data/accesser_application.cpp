@@ -3,6 +3,7 @@
 #include <xercesc/dom/DOM.hpp>
 
 #include "data/xml_record.h"
+#include "data/xml_unknown.h"
 #include "data/xml_writer.h"
 #include "foundation/text.h"
 #include "platform/files.h"
@@ -47,22 +48,28 @@ void AccesserApplication::write(DOMElement& root, const DataApplication& setting
     xml::writeFields(appendElement(&root, applicationName), settings);
 }
 
-int AccesserApplication::load(const std::string& path, DataApplication& settings) {
-    if (parse(path) != 0) return 0;
+const DOMElement* AccesserApplication::open(const std::string& path) {
+    if (parse(path) != 0) return nullptr;
     const DOMElement* root = findChild(getCurrentNode(), rootName);
-    if (!root) {
-        refuse("設定ファイルではありません");
-        return 0;
-    }
+    if (!root) refuse("設定ファイルではありません");
+    return root;
+}
+
+int AccesserApplication::load(const std::string& path, DataApplication& settings) {
+    const DOMElement* root = open(path);
+    if (!root) return 0;
     read(root, settings);
     return 1;
 }
 
 int AccesserApplication::save(const std::string& path, const DataApplication& settings) {
-    DataApplication ignored;
-    if (platform::pathExists(path) && load(path, ignored) == 0 && !putAside(path)) return 0;
+    const bool exists = platform::pathExists(path);
+    const DOMElement* earlier = exists ? open(path) : nullptr;
+    if (exists && !earlier && !putAside(path)) return 0;
     const xml::NewDocument document = xml::createDocument(rootName, "");
-    write(*document->getDocumentElement(), settings);
+    DOMElement& root = *document->getDocumentElement();
+    write(root, settings);
+    if (earlier) xml::keepUnknown(*earlier, root);
     return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
 }
 

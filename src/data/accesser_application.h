@@ -22,10 +22,15 @@ class AccesserApplication : public AccesserFundamental {
 public:
     // 1, or 0 when the file is no settings file: loadError() tells why and the record stays as it was.
     int load(const std::string& path, DataApplication& settings);
-    // 1, or 0 when the file could not be written; the old one is then whole. A file that cannot be understood
-    // is put aside first, under its name and ".broken" (with a number where that is taken).
+    // 1, or 0 when the file could not be written; the old one is then whole. What it holds beside the
+    // settings, as that of a later version does, is kept behind them. A file that cannot be understood is put
+    // aside first, under its name and ".broken" (with a number where that is taken).
     int save(const std::string& path, const DataApplication& settings);
 
     void read(const xercesc::DOMElement* root, DataApplication& settings) override;
     void write(xercesc::DOMElement& root, const DataApplication& settings) override;
+
+private:
+    // Null when the file is no settings file.
+    const xercesc::DOMElement* open(const std::string& path);
 };

@@ -158,6 +158,55 @@ TEST_F(ApplicationFile, MissingElementsLeaveTheirFields) {
     EXPECT_EQ(read("<fundamental><version>1.2</version></fundamental>").getVersion(), Version{});
 }
 
+// The same file afterwards, but for the value that was changed.
+TEST_F(ApplicationFile, KeepsWhatALaterVersionAddedThroughEverySave) {
+    DataApplication settings =
+        read("<later x:of=\"2\" xmlns:x=\"urn:later\"><x:deep name=\"表示\">値 <b>太</b> 後</x:deep>"
+             "<!-- 注 --><empty/></later>"
+             "<fundamental edition=\"夏\"><licence>鍵①</licence><name>kdl</name></fundamental>"
+             "<application><screens><screen no=\"1\"> 左 </screen><screen no=\"2\">右</screen></screens>"
+             "<serverPort range=\"ＬＡＮ\">1</serverPort>"
+             "<log><mirror>../log/二.log</mirror></log>"
+             "<effect><encore volume=\"50\">../eft/アンコール.wav</encore><ok>../eft/ok.wav</ok>"
+             "<encore>../eft/2.wav</encore><finalBell enable=\"TRUE\" echo=\"ある\"/></effect>"
+             "<user>青木</user><application><sponsor>後援</sponsor></application></application>");
+    settings.setServerPort(20020);
+    const std::string text = written(settings);
+    for (const char* kept : {
+             "</application>\n\n  <later x:of=\"2\" xmlns:x=\"urn:later\">",
+             "<x:deep name=\"表示\">値",
+             "<b>太</b>",
+             "<!-- 注 -->",
+             "<fundamental edition=\"夏\">\n    <name>kdl</name>",
+             "</helpUrl>\n    <licence>鍵①</licence>\n  </fundamental>",
+             "</application>\n    <screens>\n      <screen no=\"1\"> 左 </screen>\n      <screen "
+             "no=\"2\">右</screen>\n"
+             "    </screens>\n  </application>",
+             "<serverPort range=\"ＬＡＮ\">20020</serverPort>",
+             "</fileName>\n      <mirror>../log/二.log</mirror>\n    </log>",
+             "</steal>\n      <encore volume=\"50\">../eft/アンコール.wav</encore>\n      "
+             "<encore>../eft/2.wav</encore>\n    </effect>",
+             "<finalBell echo=\"ある\" enable=\"TRUE\">",
+             "</dsp>\n      <sponsor>後援</sponsor>\n    </application>",
+         })
+        EXPECT_THAT(text, HasSubstr(kept));
+    EXPECT_EQ(written(settings), text);
+    DataApplication again;
+    ASSERT_EQ(AccesserApplication().load(path, again), 1);
+    EXPECT_EQ(dump<DataApplication>(again), dump<DataApplication>(settings));
+    EXPECT_EQ(written(again), text);
+}
+
+TEST_F(ApplicationFile, KeepsNothingThatStandsInsideAValueOrTwice) {
+    DataApplication settings =
+        read("<application><user>一<more>二</more></user><user>三</user></application>");
+    EXPECT_EQ(settings.getUser(), "一");
+    const std::string text = written(settings);
+    EXPECT_THAT(text, HasSubstr("<user>一</user>"));
+    EXPECT_THAT(text, Not(HasSubstr("二")));
+    EXPECT_THAT(text, Not(HasSubstr("三")));
+}
+
 TEST_F(ApplicationFile, TheDumpHidesThePassword) {
     DataApplication settings;
     settings.setPassword("secret");
