@@ -97,7 +97,7 @@ bool confirmed(int code, const zelkova::DataPairsList& pairs) {
 
 void clearScores() {
     zelkova::DataPairsList pairs;
-    pairs.add("SUBJECT", "得点クリア");
+    pairs.add("SUBJECT", "得点クリア（全員を０点にする）");
     if (!confirmed(2000004, pairs)) return;
     for (DataUserInfo& user : host().userList)
         user.setScore(0);
