@@ -10,6 +10,7 @@
 
 #include "platform/detail/folder_names.h"
 #include "platform/detail/program_folder.h"
+#include "platform/detail/protection.h"
 #include "platform/detail/qt_text.h"
 #include "platform/text.h"
 
@@ -93,6 +94,12 @@ void setProgramFolder(const fs::path& folder) {
     chosenFolder() = folder;
 }
 
+bool isWriteProtected(const fs::path& file) {
+    struct stat found {};
+    if (::stat(file.c_str(), &found) != 0) return false;
+    return (found.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0 || ::access(file.c_str(), W_OK) != 0;
+}
+
 } // namespace detail
 
 fs::path nativePath(std::string_view path) {
@@ -156,7 +163,7 @@ bool replaceFile(std::string_view path, std::string_view bytes) {
     std::error_code failure;
     // A link stays a link: what it points at is replaced.
     if (fs::is_symlink(target, failure)) target = fs::weakly_canonical(target, failure);
-    if (fs::is_directory(target, failure)) return false;
+    if (fs::is_directory(target, failure) || detail::isWriteProtected(target)) return false;
 
     std::string neighbour = target.native() + ".XXXXXX";
     const int descriptor = ::mkostemp(neighbour.data(), O_CLOEXEC);

@@ -28,7 +28,7 @@ inline constexpr std::size_t largestFile = 256 * 1024 * 1024;
 // The whole file. None for what is no file, cannot be read, or is larger than that.
 std::optional<std::string> readFile(std::string_view path);
 // Replaces the file: writes a neighbour, flushes it to the disk and renames it. On failure the old file is
-// whole and the answer is false.
+// whole and the answer is false; so it is with a file that is write-protected.
 bool replaceFile(std::string_view path, std::string_view bytes);
 bool makeFolder(std::string_view path); // with its parents; true when it is there afterwards
 

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "platform/detail/program_folder.h"
+#include "platform/detail/protection.h"
 
 namespace platform {
 
@@ -97,7 +98,7 @@ void followFile(const fs::path& from, const fs::path& to, const std::string& pat
         // A start that was cut off has left files, but no record of them.
         if (came == stamps.end() && haveEqualBytes(from, to)) stamps[path] = stampOf(to);
         const bool untouched = came != stamps.end() && came->second == stampOf(to);
-        if (!untouched || came->second == shipped) return;
+        if (!untouched || came->second == shipped || detail::isWriteProtected(to)) return;
     }
     copyWithTime(from, to);
     stamps[path] = shipped;

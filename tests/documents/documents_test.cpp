@@ -365,6 +365,18 @@ TEST_F(Documents, AnOutputThatCannotBeWrittenIsTold) {
     EXPECT_TRUE(fault->earlierShown);
 }
 
+TEST_F(Documents, AWriteProtectedOutputStaysAndIsTold) {
+    ASSERT_FALSE(office.makeCertificate(certificateOf("前")));
+    const auto earlier = platform::readFile(office.certificate());
+    fs::permissions(office.certificate(), fs::perms::owner_read);
+    testing::internal::CaptureStdout();
+    const auto fault = office.makeCertificate(certificateOf("後"));
+    testing::internal::GetCapturedStdout();
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->code, 4000015);
+    EXPECT_EQ(platform::readFile(office.certificate()), earlier);
+}
+
 TEST_F(Documents, ALargePictureIsPacked) {
     fs::create_directories(office.file("tmp/certificateWork/Pictures"));
     std::string picture(std::size_t{50} << 20, '\0');

@@ -47,6 +47,21 @@ TEST(Files, ReplaceWholeOrNotAtAll) {
     EXPECT_FALSE(platform::replaceFile("", "x"));
 }
 
+// By the mode, so that it holds for the superuser too.
+TEST(Files, AreNotReplacedWhileWriteProtected) {
+    const TemporaryFolder folder;
+    const std::string file = folder.file("Config.xml");
+    ASSERT_TRUE(platform::replaceFile(file, "old"));
+    std::filesystem::create_symlink("Config.xml", folder.path() / "link.xml");
+    ASSERT_EQ(::chmod(file.c_str(), 0444), 0);
+    EXPECT_FALSE(platform::replaceFile(file, "new"));
+    EXPECT_FALSE(platform::replaceFile(folder.file("link.xml"), "new"));
+    EXPECT_EQ(platform::readFile(file), "old");
+    EXPECT_EQ(platform::listFolder(folder.path().string()).size(), 2u);
+    ASSERT_EQ(::chmod(file.c_str(), 0644), 0);
+    EXPECT_TRUE(platform::replaceFile(file, "new"));
+}
+
 TEST(Files, KeepLinks) {
     const TemporaryFolder folder;
     ASSERT_TRUE(platform::replaceFile(folder.file("real.xml"), "old"));

@@ -57,6 +57,30 @@ TEST(ProgramTree, FollowsWhatIsShippedButKeepsWhatWasChanged) {
     }
 }
 
+TEST(ProgramTree, LeavesWhatIsWriteProtected) {
+    const TemporaryFolder folder;
+    const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
+    write(shipped / "cnf/a.xml", "texts 1");
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    fs::permissions(own / "cnf/a.xml", fs::perms::owner_read);
+    ship(shipped / "cnf/a.xml", "texts 2");
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    EXPECT_EQ(read(own / "cnf/a.xml"), "texts 1");
+    fs::permissions(own / "cnf/a.xml", fs::perms::owner_write, fs::perm_options::add);
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    EXPECT_EQ(read(own / "cnf/a.xml"), "texts 2");
+}
+
+// What is shipped may be write-protected; the user's copy is not.
+TEST(ProgramTree, GivesFilesThatCanBeWritten) {
+    const TemporaryFolder folder;
+    const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
+    write(shipped / "cnf/a.xml", "texts");
+    fs::permissions(shipped / "cnf/a.xml", fs::perms::owner_read);
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    EXPECT_NE(fs::status(own / "cnf/a.xml").permissions() & fs::perms::owner_write, fs::perms::none);
+}
+
 TEST(ProgramTree, GoesOnAfterAStartThatWasCutOff) {
     const TemporaryFolder folder;
     const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
