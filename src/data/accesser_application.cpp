@@ -73,6 +73,26 @@ int AccesserApplication::save(const std::string& path, const DataApplication& se
     return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
 }
 
+void deliverFundamental(const std::string& shippedFile, const std::string& usersFile) {
+    XmlDom shipped, users;
+    if (!shipped.load(shippedFile) || !users.load(usersFile)) return;
+    const DOMElement* delivered =
+        XmlDom::findChild(XmlDom::findChild(shipped.getCurrentNode(), rootName), fundamentalName);
+    DOMElement* root = XmlDom::findChild(users.getCurrentNode(), rootName);
+    if (!delivered || !root) return;
+    xml::dropBlanks(*root);
+    auto* half = static_cast<DOMElement*>(root->getOwnerDocument()->importNode(delivered, true));
+    xml::dropBlanks(*half);
+    if (DOMElement* old = XmlDom::findChild(root, fundamentalName)) {
+        xml::keepUnknown(*old, *half);
+        if (half->isEqualNode(old)) return;
+        root->replaceChild(half, old);
+    } else {
+        root->insertBefore(half, root->getFirstChild());
+    }
+    users.save(xml::encodingOfEdited);
+}
+
 std::string catalogueInUse(const DataApplication& settings, const std::string& usual) {
     const std::string& named = settings.getResourceFileName();
     return named.empty() || !platform::pathExists(named) ? usual : named;

@@ -34,3 +34,9 @@ private:
     // Null when the file is no settings file.
     const xercesc::DOMElement* open(const std::string& path);
 };
+
+// Gives the user's settings file, which a delivery leaves alone once it was changed, the half that describes
+// the product and the installation from the file that was delivered. Everything else stays as it is; so does
+// the whole file where nothing differs, where one of the two cannot be understood, and where it cannot be
+// written.
+void deliverFundamental(const std::string& shippedFile, const std::string& usersFile);

@@ -145,15 +145,16 @@ std::string followTree(const fs::path& from, const fs::path& to) {
 ProgramTree findProgramTree(const fs::path& program, const fs::path& userData) {
     const fs::path beside = program.parent_path().parent_path();
     const bool hasTree = fs::is_directory(beside / "cnf");
-    if (hasTree && isWritable(beside / "cnf")) return {program.parent_path(), ""};
+    if (hasTree && isWritable(beside / "cnf")) return {program.parent_path(), {}, ""};
     const fs::path own = userData / "kdl";
-    return {own / "bin", followTree(hasTree ? beside : beside / "share/kdl", own)};
+    const fs::path shipped = hasTree ? beside : beside / "share/kdl";
+    return {own / "bin", shipped, followTree(shipped, own)};
 }
 
-std::string settleProgramTree() {
-    const ProgramTree tree = findProgramTree(detail::executable(), userDataFolder());
+ProgramTree settleProgramTree() {
+    ProgramTree tree = findProgramTree(detail::executable(), userDataFolder());
     detail::setProgramFolder(tree.bin);
-    return tree.problem;
+    return tree;
 }
 
 } // namespace platform

@@ -14,8 +14,9 @@ namespace platform {
 std::string followTree(const std::filesystem::path& from, const std::filesystem::path& to);
 
 struct ProgramTree {
-    std::filesystem::path bin; // beside which cnf, log and the others stand; it need not exist itself
-    std::string problem;       // why the user's own tree could not be brought up to date; "" when it was
+    std::filesystem::path bin;     // beside which cnf, log and the others stand; it need not exist itself
+    std::filesystem::path shipped; // the tree that it follows; empty where it follows none
+    std::string problem;           // why the user's own tree could not be brought up to date; "" when it was
 };
 
 // A program with a tree of folders beside it that it may write works there. Any other is installed for all
@@ -23,7 +24,7 @@ struct ProgramTree {
 ProgramTree findProgramTree(const std::filesystem::path& program, const std::filesystem::path& userData);
 
 // Finds the tree of this process (user data: XDG_DATA_HOME, else ~/.local/share) and makes relative paths
-// count from there. Before anything is opened. "" or the problem, UTF-8.
-std::string settleProgramTree();
+// count from there. Before anything is opened.
+ProgramTree settleProgramTree();
 
 } // namespace platform

@@ -109,11 +109,13 @@ TEST(ProgramTree, StandsBesideTheProgramOrIsTheUsersOwn) {
     const fs::path userData = folder.path() / "data";
     write(staged / "cnf/Config.xml", "staged");
     EXPECT_EQ(platform::findProgramTree(staged / "bin/kdl", userData).bin, staged / "bin");
+    EXPECT_TRUE(platform::findProgramTree(staged / "bin/kdl", userData).shipped.empty());
     EXPECT_FALSE(fs::exists(userData));
 
     write(prefix / "share/kdl/cnf/Config.xml", "installed");
     const platform::ProgramTree tree = platform::findProgramTree(prefix / "bin/kdl", userData);
     EXPECT_EQ(tree.bin, userData / "kdl/bin");
+    EXPECT_EQ(tree.shipped, prefix / "share/kdl");
     EXPECT_EQ(tree.problem, "");
     EXPECT_EQ(read(userData / "kdl/cnf/Config.xml"), "installed");
 }

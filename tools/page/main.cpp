@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: %s <file.xml>...\n", argv[0]);
         return EXIT_FAILURE;
     }
-    const std::string problem = platform::settleProgramTree();
+    const std::string problem = platform::settleProgramTree().problem;
     if (!problem.empty()) std::fprintf(stderr, "%s\n", problem.c_str());
     Problems problems;
     show({argv + 1, argv + argc}, problems);

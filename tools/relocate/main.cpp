@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: %s <music folder>\n", argv[0]);
         return EXIT_FAILURE;
     }
-    const std::string problem = platform::settleProgramTree();
+    const std::string problem = platform::settleProgramTree().problem;
     if (!problem.empty()) std::fprintf(stderr, "%s\n", problem.c_str());
     const auto lock = platform::FolderLock::take("..", platform::FolderLock::Kind::Exclusive);
     if (!lock) {
