@@ -11,6 +11,7 @@
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "platform/controls.h"
+#include "platform/files.h"
 #include "settings/setting_rows.h"
 
 namespace {
@@ -19,6 +20,7 @@ constexpr int badNumber = 3000030, noProgramForDocuments = 3000031;
 constexpr int settingsSaved = 2000004, settingsNotSaved = 4000020;
 constexpr const char* wordExtension = ".doc";
 constexpr int logLevels = 6;
+constexpr platform::Color goneRed{220, 0, 0};
 
 struct BrowseWay {
     Browse browse;
@@ -49,6 +51,17 @@ std::optional<std::string> browse(platform::WindowHandle page, Browse what, cons
     return chosen.empty() ? std::nullopt : std::optional(chosen.front());
 }
 
+// What is looked for has to be there already: not so a log file, nor a program that the system finds by name.
+bool mustExist(Browse what) {
+    return what == Browse::Folder || what == Browse::Xml || what == Browse::Sound;
+}
+
+// -1 for a text that is no level; the program then logs as at the first one.
+int levelNamed(const std::string& text) {
+    const int level = levelFromText(text);
+    return zelkova::trim(levelText(level)) == zelkova::trim(text) ? level : -1;
+}
+
 // What all pages of one opening share.
 struct Opening {
     DataApplication& settings;
@@ -64,16 +77,27 @@ public:
 private:
     void open() override {
         const DataApplication& settings = opening_.settings;
-        for (const TextRow& row : rows_.texts)
+        for (const TextRow& row : rows_.texts) {
             platform::setText(control(row.id), (settings.*row.get)());
+            mark(row);
+        }
         for (const NumberRow& row : rows_.numbers)
             platform::setText(control(row.id), zelkova::numberToText((settings.*row.get)()));
         for (const FlagRow& row : rows_.flags)
             platform::setChecked(control(row.id), (settings.*row.get)());
         for (int level = 0; level < logLevels; ++level)
             platform::addItem(control(idLogLevel), zelkova::trim(levelText(level)));
-        platform::setSelection(control(idLogLevel), levelFromText(settings.getLogLevel()));
+        platform::setSelection(control(idLogLevel), levelNamed(settings.getLogLevel()));
         follow();
+    }
+
+    // Red where a file or folder is named that is not there, as in settings from another machine.
+    void mark(const TextRow& row) const {
+        const platform::Control edit = control(row.id);
+        const std::string path = platform::getText(edit);
+        const bool gone = mustExist(row.browse) && !path.empty() && !platform::pathExists(path);
+        platform::setTextColor(edit, gone ? std::optional(goneRed) : std::nullopt);
+        platform::setToolTip(edit, gone ? "この場所には見つかりません。" : "");
     }
 
     // An edit follows its check box, the size in words follows the number.
@@ -102,6 +126,8 @@ private:
                 platform::setText(edit, *chosen);
             return true;
         }
+        const auto text = std::ranges::find(rows_.texts, id, &TextRow::id);
+        if (text != rows_.texts.end()) mark(*text);
         follow();
         platform::sheetChanged(window());
         return false;

@@ -1,5 +1,7 @@
 #include "settings/settings_sheet.h"
 
+#include <filesystem>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -204,15 +206,78 @@ TEST_F(SettingsSheet, LooksForFilesAndForTheDesktopsProgram) {
         {3000031});
 }
 
+// What was applied holds in memory, however the sheet closes.
 TEST_F(SettingsSheet, TellsWhenTheFileCannotBeWritten) {
-    file = folder.file("gone/Config.xml");
-    run(
-        [](WindowHandle sheet) {
-            driver::type(at(sheet, idUser), "今だけ");
-            driver::click({sheet, platform::IDOK});
-        },
-        {4000020});
-    EXPECT_EQ(settings.getUser(), "今だけ");
+    ASSERT_EQ(AccesserApplication().save(file, settings), 1);
+    const auto bytes = platform::readFile(file);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    const std::string writeProtected = file, unreachable = folder.file("gone/Config.xml");
+    for (const std::string& path : {writeProtected, unreachable}) {
+        file = path;
+        run(
+            [](WindowHandle sheet) {
+                driver::type(at(sheet, idUser), "今だけ");
+                driver::click({sheet, platform::IDOK});
+            },
+            {4000020});
+        EXPECT_EQ(settings.getUser(), "今だけ");
+        run(
+            [](WindowHandle sheet) {
+                driver::type(at(sheet, idUser), "適用した");
+                driver::click({sheet, platform::ID_APPLY_NOW});
+                driver::type(at(sheet, idUser), "その後");
+                driver::click({sheet, platform::IDCANCEL});
+            },
+            {4000020});
+        EXPECT_EQ(settings.getUser(), "適用した");
+    }
+    EXPECT_EQ(platform::readFile(writeProtected), bytes);
+}
+
+TEST_F(SettingsSheet, KeepsALogLevelThatItDoesNotKnow) {
+    const auto openLogPage = [&](int shown, int chosen) {
+        run(
+            [&](WindowHandle sheet) {
+                driver::turnTo(sheet, 4);
+                EXPECT_EQ(platform::getSelection(at(sheet, idLogLevel)), shown);
+                if (chosen >= 0) driver::select(at(sheet, idLogLevel), chosen);
+                driver::click({sheet, platform::IDOK});
+            },
+            {2000004});
+        return settings.getLogLevel();
+    };
+    settings.setLogLevel("debug");
+    EXPECT_EQ(openLogPage(-1, -1), "debug");
+    EXPECT_EQ(written().getLogLevel(), "debug");
+    EXPECT_EQ(openLogPage(-1, 1), "DEBUG");
+    settings.setLogLevel(" INFO ");
+    EXPECT_EQ(openLogPage(2, -1), "INFO");
+}
+
+TEST_F(SettingsSheet, ShowsInRedWhatIsNotThere) {
+    const std::string sound = folder.file("歓声.wav");
+    ASSERT_TRUE(platform::replaceFile(sound, "RIFF"));
+    settings.setSessionFileName("C:\\quiz");
+    settings.setWordFullPath("C:\\word.exe");
+    settings.setEfcApplause("C:\\音楽\\表.wav");
+    settings.setEfcThinking("");
+    const auto isRed = [](Control edit) {
+        EXPECT_EQ(platform::getTextColor(edit).has_value(), !platform::getToolTip(edit).empty());
+        return platform::getTextColor(edit).has_value();
+    };
+    run([&](WindowHandle sheet) {
+        EXPECT_TRUE(isRed(at(sheet, 5101)));
+        driver::type(at(sheet, 5101), folder.path().string());
+        EXPECT_FALSE(isRed(at(sheet, 5101)));
+        EXPECT_FALSE(isRed(at(sheet, idWordProgram))) << "may be a name that the system finds";
+        driver::turnTo(sheet, 2);
+        EXPECT_TRUE(isRed(at(sheet, idApplause)));
+        EXPECT_FALSE(isRed(at(sheet, 5304))) << "nothing is named";
+        driver::type(at(sheet, idApplause), sound);
+        EXPECT_FALSE(isRed(at(sheet, idApplause)));
+        driver::click({sheet, platform::IDCANCEL});
+    });
+    EXPECT_EQ(settings.getEfcApplause(), "C:\\音楽\\表.wav");
 }
 
 } // namespace
