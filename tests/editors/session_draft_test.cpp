@@ -5,6 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "foundation/path.h"
+#include "host/state/host_state.h"
+#include "host/state/session_folder.h"
 #include "platform/files.h"
 #include "support/temporary_folder.h"
 
@@ -143,6 +146,17 @@ TEST(TypedSessionFile, IsAFullPathOfASessionFile) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(typedSessionFile(row.typed, "/s"), row.path) << row.typed;
+}
+
+TEST(TypedSessionFile, IsInTheSessionFolderWhereItWasProposed) {
+    resetHost();
+    for (const char* folder : {"../cnf", "../cnf/quiz/", "/quiz"}) {
+        host().dataApplication.setSessionFileName(folder);
+        const std::string proposed = firstFreeSessionFile(sessionFolder());
+        EXPECT_EQ(zelkova::getFolder(typedSessionFile(proposed, sessionFolder())),
+                  zelkova::removeBackslash(zelkova::normalizePath(folder)));
+    }
+    resetHost();
 }
 
 TEST_F(Draft, IsLeftAsItWasByAFileThatCannotBeRead) {

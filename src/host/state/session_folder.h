@@ -1,5 +1,5 @@
 #pragma once
 #include <string>
 
-// Where the settings say that the session files are, else the folder of the settings themselves.
+// Where the settings say that the session files are, else the folder of the settings themselves. A full path.
 std::string sessionFolder();
