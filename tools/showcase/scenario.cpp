@@ -4,6 +4,7 @@
 #include "host/state/host_state.h"
 #include "platform/controls.h"
 #include "platform/driver.h"
+#include "showcase/contestants.h"
 #include "showcase/desk.h"
 #include "showcase/tour.h"
 
@@ -93,9 +94,9 @@ public:
         add(
             "正解表示: 正解が聞こえる",
             [ears = &ears_] { return openDialog("IDD_KDL0103_ANSWERDSP") && ears->loudness(200) > audible; },
-            [road = &road_] {
+            [road = &road_, victim] {
                 const platform::WindowHandle dialog = openDialog("IDD_KDL0103_ANSWERDSP");
-                road->picture(dialog, "answer_display");
+                road->picture(dialog, victim >= 0 ? "steal" : "answer_display");
                 driver::click({dialog, stopAnswer});
                 driver::click({dialog, answerOk});
             });
@@ -115,8 +116,10 @@ void openTheSession(Author& author, const Files& files) {
         [] { driver::chooseMenu(host().mainWindow, showRunningOrder); });
     author.add("進行表はまだない", dialogIs("IDD_KDL0001_MESSAGE_BOX"), [road = &author.road_] {
         const platform::WindowHandle dialog = openDialog("IDD_KDL0001_MESSAGE_BOX");
+        driver::click({dialog, 106}); // 詳細表示
+        driver::settle();
         road->picture(dialog, "message");
-        driver::pressKey(dialog, "Return");
+        driver::click({dialog, 111}); // OK
     });
     author.add(
         "出題の開始", [] { return inState("START"); },
@@ -128,7 +131,7 @@ void openTheSession(Author& author, const Files& files) {
 
 void firstStage(Author& author) {
     author.playQuest(1);
-    author.listen(1, "playing");
+    author.listen(1, "console");
     author.judge("判定: 正解、歓声あり", radioRight, true);
     author.showAnswer();
 
@@ -223,6 +226,8 @@ std::vector<Step> scenario(Road& road, const Ears& ears, const Files& files, Boa
     laterStages(author);
     endOfSession(author, files, seen);
     for (Step& step : tour(road, files.session))
+        author.add(std::move(step.what), std::move(step.ready), std::move(step.act));
+    for (Step& step : contestantsView(road, files.session))
         author.add(std::move(step.what), std::move(step.ready), std::move(step.act));
     author.add("閉じる", deskIsFree, [] { driver::closeBox(host().mainWindow); });
     return author.take();

@@ -1,5 +1,6 @@
 #include "showcase/tour.h"
 
+#include "foundation/text.h"
 #include "host/state/host_state.h"
 #include "platform/controls.h"
 #include "platform/driver.h"
@@ -19,6 +20,9 @@ constexpr char songList[] = "IDD_KDL0303_SERCHLIST", songEditor[] = "IDD_KDL0302
 constexpr char wizard[] = "IDD_KDL0401_SESSION", stageSettings[] = "IDD_KDL0405_PARTDETAIL";
 constexpr char assignment[] = "IDD_KDL0406_RESOURCEDETAIL", certificate[] = "IDD_KDL0602_CERTIFICATE";
 constexpr char player[] = "IDD_KDL0801_TONAL_PLAYER", training[] = "IDD_KDL0901_TRAINING_MODE";
+constexpr char trainingAnswer[] = "IDD_KDL0902_ANSWER_CONFIRM", rightAnswer[] = "IDD_KDL0103_ANSWERDSP";
+constexpr char trainingResult[] = "IDD_KDL0903_TRAINING_MODE_RESULT";
+constexpr char applicationForm[] = "IDD_KDL0904_CREATE_WRITE_APPLICATION";
 
 // Writes the steps one behind the other.
 class Guide {
@@ -59,10 +63,22 @@ public:
             std::move(ready));
     }
 
-    void clickIn(const char* window, const char* picture, int button) {
-        in(window, picture, [road = &road_, window, button](WindowHandle dialog) {
-            if (!driver::click({dialog, button}))
-                road->fail(std::string("dead button in ") + window + ": " + std::to_string(button));
+    void clickIn(
+        const char* window, const char* picture, int button,
+        std::function<bool()> ready = [] { return true; }) {
+        in(
+            window, picture,
+            [road = &road_, window, button](WindowHandle dialog) {
+                if (!driver::click({dialog, button}))
+                    road->fail(std::string("dead button in ") + window + ": " + std::to_string(button));
+            },
+            std::move(ready));
+    }
+
+    void fill(const char* window, std::vector<std::pair<int, std::string>> fields) {
+        in(window, nullptr, [fields = std::move(fields)](WindowHandle dialog) {
+            for (const auto& [id, text] : fields)
+                driver::type({dialog, id}, text);
         });
     }
 
@@ -85,9 +101,11 @@ void songs(Guide& guide) {
 
 void quiz(Guide& guide, const std::string& session) {
     guide.choose("出題ファイルの作成", 11004);
+    guide.in(wizard, nullptr, [](WindowHandle sheet) {
+        driver::type({platform::shownPage(sheet), 4105}, "わたしの大会");
+    });
     guide.in(wizard, "wizard_name", [session](WindowHandle sheet) {
         driver::type({platform::shownPage(sheet), 4103}, session);
-        driver::type({platform::shownPage(sheet), 4105}, "デモ");
         driver::click({sheet, platform::ID_WIZNEXT});
     });
     guide.in(wizard, "wizard", [](WindowHandle sheet) {
@@ -96,13 +114,26 @@ void quiz(Guide& guide, const std::string& session) {
     });
     guide.leave(stageSettings, "stage");
     guide.clickIn(wizard, nullptr, platform::ID_WIZNEXT);
-    guide.in(wizard, "wizard_songs", [](WindowHandle sheet) {
+    guide.in(wizard, nullptr, [](WindowHandle sheet) {
         driver::select({platform::shownPage(sheet), 4301}, 0);
         driver::click({platform::shownPage(sheet), 4302}); // 楽曲設定
     });
-    guide.clickIn(assignment, nullptr, 4608); // 全て表示
-    guide.leave(assignment, "assignment");
-    guide.clickIn(wizard, nullptr, platform::IDCANCEL);
+    guide.clickIn(assignment, nullptr, 4608);      // 全て表示
+    guide.clickIn(assignment, "assignment", 4604); // OK
+    guide.clickIn(wizard, "wizard_songs", platform::IDCANCEL);
+}
+
+// The entry of the first box that stands for the song: "003：title／artist".
+int choiceOf(WindowHandle dialog, int song) {
+    const platform::Control box{dialog, 9208};
+    int entry = 1; // behind the invitation to choose
+    while (entry < platform::itemCount(box) && zelkova::stringToInt(platform::itemText(box, entry)) != song)
+        ++entry;
+    return entry;
+}
+
+int firstSongOfTraining() {
+    return zelkova::splitNumbers(host().trainingSession.getResourceId()).front();
 }
 
 void practice(Guide& guide) {
@@ -111,7 +142,48 @@ void practice(Guide& guide) {
     guide.leave(player, "player");
     guide.choose("特訓モード", 11151);
     guide.clickIn(training, nullptr, 9112); // 出題開始
-    guide.leave(training, "training", [] { return host().questMedia[0].isPlaying(); });
+    const auto aWhileOn = [] { return platform::getText({openDialog(training), 9138}).starts_with("2."); };
+    guide.clickIn(training, "training", 9118, aWhileOn); // 解答要求
+    guide.in(trainingAnswer, nullptr, [](WindowHandle dialog) {
+        driver::select({dialog, 9208}, choiceOf(dialog, firstSongOfTraining()));
+    });
+    guide.clickIn(trainingAnswer, "training_answer", 9213); // 決定
+    guide.leave(rightAnswer, nullptr);
+    guide.in(training, nullptr, [](WindowHandle dialog) {
+        while (driver::click({dialog, 9117})) {
+        } // スキップ, to the result
+    });
+    guide.leave(trainingResult, "training_result");
+    guide.leave(training, nullptr);
+}
+
+void documents(Guide& guide) {
+    guide.choose("賞状の作成", 11097);
+    guide.fill(certificate, {{6202, "馬場　はな子"},
+                             {6204, "みどり町イントロクイズ大会"},
+                             {6205, "令和八"},
+                             {6206, "十二"},
+                             {6207, "一"},
+                             {6208, "みどり町音楽同好会"},
+                             {6209, "同好会　会長"},
+                             {6210, "土井　よし子"}});
+    guide.leave(certificate, "certificate");
+    guide.choose("参加用申請書の作成", 11102);
+    guide.fill(applicationForm, {{9304, "みどり町イントロクイズ大会"},
+                                 {9308, "みどり町公民館"},
+                                 {9309, "みどり町音楽同好会"},
+                                 {9310, "土井　よし子"},
+                                 {9312, "ねこ,いぬ,ことり"}});
+    guide.in(applicationForm, nullptr, [](WindowHandle dialog) {
+        const platform::SystemTime day{.year = 2026, .month = 12, .dayOfWeek = 0, .day = 13};
+        platform::SystemTime begin = day, end = day;
+        begin.hour = 13;
+        end.hour = 16;
+        driver::pick({dialog, 9305}, day);
+        driver::pick({dialog, 9306}, begin);
+        driver::pick({dialog, 9307}, end);
+    });
+    guide.leave(applicationForm, "application_form");
 }
 
 } // namespace
@@ -123,8 +195,7 @@ std::vector<Step> tour(Road& road, const std::string& session) {
     songs(guide);
     quiz(guide, session);
     practice(guide);
-    guide.choose("賞状の作成", 11097);
-    guide.leave(certificate, "certificate");
+    documents(guide);
     return guide.take();
 }
 
