@@ -29,6 +29,25 @@
   </xsl:template>
   <xsl:template match="comment()|processing-instruction('about')"/>
 
+  <!-- Japanese has no blanks between words: a line of the source goes on where the one before ended. -->
+  <xsl:template match="text()"><xsl:call-template name="joined"/></xsl:template>
+  <xsl:template name="joined">
+    <xsl:param name="text" select="."/>
+    <xsl:choose>
+      <xsl:when test="contains($text, '&#10;')">
+        <xsl:variable name="rest" select="substring-after($text, '&#10;')"/>
+        <xsl:variable name="first" select="substring(normalize-space($rest), 1, 1)"/>
+        <xsl:value-of select="substring-before($text, '&#10;')"/>
+        <xsl:if test="$first">
+          <xsl:call-template name="joined">
+            <xsl:with-param name="text" select="concat($first, substring-after($rest, $first))"/>
+          </xsl:call-template>
+        </xsl:if>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="$text"/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
   <xsl:template match="processing-instruction('messages')">
     <table class="messages">
       <thead><tr><th>コード</th><th>メッセージ</th><th>意味と対処</th></tr></thead>

@@ -197,6 +197,42 @@ TEST(ShippedHelp, LeadsOnlyToWhatIsThere) {
     EXPECT_GT(links, messages().size());
 }
 
+// The texts of the menus' entries and of all that is pressed or checked, without their mnemonics.
+std::set<std::string> captionsIn(const fs::path& form) {
+    const std::regex part(
+        "(QPushButton|QCheckBox|QRadioButton|<action )|<property name=\"(\\w+)\"|<string>([^<(]*)");
+    const std::string file = textOf(form), colon = platform::sjisToUtf8("：");
+    std::set<std::string> captions;
+    bool wanted = false, isText = false;
+    for (std::sregex_iterator match(file.begin(), file.end(), part), end; match != end; ++match) {
+        if ((*match)[1].matched) {
+            wanted = true;
+        } else if ((*match)[2].matched) {
+            isText = (*match)[2] == "text";
+        } else if (wanted && isText) {
+            const std::string caption = (*match)[3]; // empty for what has only a picture
+            captions.insert(caption.substr(0, caption.find(colon)));
+            wanted = false;
+        }
+    }
+    return captions;
+}
+
+TEST(ShippedHelp, TellsEveryCommandAndEveryButton) {
+    const std::string guide = textOf(help / "index.html");
+    std::size_t captions = 0;
+    for (const char* folder : {"resources/dialogs", "resources/menus"})
+        for (const auto& form : fs::directory_iterator(sources / folder)) {
+            if (form.path().filename() == "KDL_TERMINAL.ui") continue;
+            for (const std::string& caption : captionsIn(form)) {
+                EXPECT_NE(guide.find(caption), std::string::npos)
+                    << form.path().filename() << ": " << caption;
+                ++captions;
+            }
+        }
+    EXPECT_GT(captions, 100u);
+}
+
 TEST(ShippedSettings, AreInTheProgramsOwnForm) {
     DataApplication settings;
     AccesserApplication accesser;
