@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "data/app_logger.h"
+#include "foundation/path.h"
 #include "platform/controls.h"
 #include "platform/driver.h"
 #include "platform/window.h"
@@ -28,13 +29,16 @@ constexpr char name[] = "IDD_KDL0001_MESSAGE_BOX";
 class MessageBox : public testing::Test {
 protected:
     MessageBox() {
-        DataLogMessage message;
+        DataLogMessage message, notOpened;
         message.setCode(3000010);
         message.setLogging(3);
         message.setContents("%SESSION%を終了しますか？");
         message.setRestore("%SESSION%は保存されません。");
+        notOpened.setCode(3000021);
+        notOpened.setContents("開くことができません。(%FILE%)");
         DataLogMessageList list;
         list.add(message);
+        list.add(notOpened);
         AppLogger::setMessageList(list);
         zelkova::setTitleParts("詳細-", "製品");
     }
@@ -153,16 +157,21 @@ TEST_F(MessageBox, HelpOpensTheAddressThatStandsNow) {
 }
 
 TEST_F(MessageBox, HelpThatCannotBeOpenedIsTold) {
-    for (const char* url : {"", "https://help.invalid/"}) {
-        zelkova::setHelpUrl([url] { return url; });
+    const std::pair<std::string, std::string> targets[] = {
+        {"", ""},
+        {"https://help.invalid/", "https://help.invalid/"},
+        {"../hlp/index.html", zelkova::getFullPath("../hlp/index.html")}};
+    for (const auto& [url, told] : targets) {
+        zelkova::setHelpUrl([url = url] { return url; });
         driver::Script script;
         script.expectDialog(name, [](WindowHandle box) {
             ASSERT_TRUE(driver::click({box, idHelp}));
             driver::click({box, idAnswer1});
         });
         script.expectOpen(url, false);
-        script.expectDialog(name, [](WindowHandle box) {
+        script.expectDialog(name, [told = told](WindowHandle box) {
             EXPECT_EQ(platform::getText({box, idCode}), "C3000021");
+            EXPECT_EQ(platform::getText({box, idMessage}), "開くことができません。(" + told + ")");
             driver::click({box, idAnswer1});
         });
         zelkova::showMessage({}, 3000010);
