@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "data/data_resource.h"
 #include "data/data_session.h"
 #include "foundation/component.h"
 
@@ -17,6 +18,9 @@ public:
 // Shows a quest of the session, counted from 1: stage, right answer, play settings, points and penalties. The
 // counter shows curQuestNumber. Nothing changes when the session has no such quest.
 void showQuest(const std::vector<DataSession>& sessionList, int quest);
+
+// The right answer alone: everything else of the quest stays as it is shown.
+void showSongs(const DataSession& stage, const std::vector<DataResource>& songs);
 
 // Checks every song of a quest of several songs; does nothing for a single song.
 void checkAllSongs();

@@ -36,6 +36,18 @@ bool haveChanged(const std::vector<DataResource>& songs) {
                                });
 }
 
+// The answer may be put right under a quest that is being played or judged; points, players and spans stay. A
+// song that was removed keeps its name.
+void correctNames(const std::vector<DataResource>& songs) {
+    std::vector<DataResource>& playing = host().dataResourceList;
+    for (std::size_t i = 0; i < playing.size() && i < songs.size(); ++i) {
+        if (songs[i].getNo() != playing[i].getNo()) continue;
+        playing[i].setTitle(songs[i].getTitle());
+        playing[i].setArtist(songs[i].getArtist());
+    }
+    showSongs(host().dataSession, playing);
+}
+
 } // namespace
 
 void editStageOfQuest(int quest) {
@@ -90,5 +102,5 @@ void showChangedSongs() {
     if (mayEditQuest())
         refreshQuest();
     else
-        showQuest(state.sessionList, state.curQuestNumber);
+        correctNames(songs);
 }

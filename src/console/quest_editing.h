@@ -12,5 +12,6 @@ void editSongsOfQuest(int quest);
 void editSong(int number);
 
 // To be called, in any state, when songs of the catalogue may have changed: shows the list of quests anew,
-// and the current quest when its songs are others now. Without a session it does nothing.
+// and the current quest when its songs are others now; while it is being played or judged, only what they are
+// called. Without a session it does nothing.
 void showChangedSongs();

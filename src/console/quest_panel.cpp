@@ -85,12 +85,16 @@ void showQuest(const std::vector<DataSession>& sessionList, int quest) {
     platform::setText(control(ids::points), zelkova::numberToText(stage.getScore()));
     platform::setText(control(ids::penalty), penaltyText(stage));
 
+    showSongs(stage, songs);
+    resetPlayBar(songs.empty() ? 0 : songs[0].getLength());
+}
+
+void showSongs(const DataSession& stage, const std::vector<DataResource>& songs) {
     hideSongs();
     if (songCount(stage) == 1)
         showSingleSong(songs);
     else
         showSimultaneousSongs(songCount(stage), songs);
-    resetPlayBar(songs.empty() ? 0 : songs[0].getLength());
 }
 
 void checkAllSongs() {

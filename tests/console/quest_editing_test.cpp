@@ -200,15 +200,21 @@ TEST_F(QuestEditing, AnUnchangedSongLeavesThePausedQuestAlone) {
     EXPECT_EQ(host().playStart[0], 1234);
 }
 
-TEST_F(QuestEditing, SongsChangedUnderAQuestThatPlaysAreShownOnly) {
+TEST_F(QuestEditing, UnderAQuestThatPlaysOnlyTheAnswerIsCorrected) {
+    console().type(ids::points, "30");
     raiseEvents({EV_QUEST_START, EV_PLAY});
     host().playStart[0] = 1234;
+    platform::setText(console()[ids::playPosition], "12/20");
     renameSong("改題");
     showChangedSongs();
-    EXPECT_EQ(text(ids::title), "改題");
+    EXPECT_THAT(console().texts({ids::title, ids::points, ids::playPosition}),
+                ElementsAre("改題", "30", "12/20"));
     EXPECT_THAT(list()[0], HasSubstr("改題"));
-    EXPECT_EQ(playedTitle(), "曲");
+    EXPECT_EQ(playedTitle(), "改題") << "what the terminal and the history get";
     EXPECT_EQ(host().playStart[0], 1234);
+    host().accesserResource.remove(1);
+    showChangedSongs();
+    EXPECT_EQ(text(ids::title), "改題") << "what is being played keeps its name";
     host().curQuestNumber = 0; // no session
     renameSong("また改題");
     showChangedSongs();
