@@ -5,6 +5,7 @@
 
 #include "platform/detail/delivery.h"
 #include "platform/detail/event_loop.h"
+#include "platform/detail/held_key.h"
 #include "platform/detail/registry.h"
 #include "platform/detail/style.h"
 
@@ -32,6 +33,7 @@ Application::Application(int& argc, char** argv) {
     auto* application = new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     detail::applyStyle(*application);
+    detail::watchHeldKeys(*application);
     detail::setDeliver(detail::deliver, isWindow);
 }
 

@@ -52,6 +52,24 @@ TEST_F(AnswerRequest, EachWayOutHasItsResult) {
                   result);
 }
 
+// A buzz comes while the host's finger is still on a key.
+TEST_F(AnswerRequest, AKeyThatIsHeldJudgesNothing) {
+    const auto hold = [](Form dialog) {
+        for (const char* key : {"Return", "Escape", "Space"})
+            driver::repeatKey(dialog, key);
+        EXPECT_TRUE(platform::isVisible(platform::WindowHandle(dialog)));
+    };
+    EXPECT_EQ(run([&](Form dialog) {
+                  hold(dialog);
+                  EXPECT_FALSE(dialog.live(idOk)) << "no verdict yet";
+                  dialog.click(idWrong);
+                  hold(dialog);
+                  EXPECT_TRUE(dialog.checked(idWrong));
+                  dialog.key("Return");
+              }),
+              3);
+}
+
 TEST_F(AnswerRequest, ShowsWhoAskedAndWhatIsRight) {
     platform::setText(console()[ids::points], "70");
     run([](Form dialog) {

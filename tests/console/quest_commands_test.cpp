@@ -80,6 +80,27 @@ TEST_F(QuestCommands, FunctionKeysPressTheButtonsThatDriveAQuest) {
     EXPECT_TRUE(leadsTo("F6", "PLAY"));
 }
 
+TEST_F(QuestCommands, AKeyThatIsHeldStepsOnce) {
+    const auto hold = [&](const char* key) {
+        for (int i = 0; i < 30; ++i)
+            driver::repeatKey(window, key);
+        return state();
+    };
+    const auto press = [&](const char* key) { return driver::pressKey(window, key) ? hold(key) : ""; };
+    EXPECT_EQ(hold("F5"), "ENABLE") << "down since before the quest was there";
+    EXPECT_EQ(press("F5"), "READY");
+    raiseEvents({EV_PLAY});
+    EXPECT_EQ(press("F8"), "WAIT");
+    EXPECT_EQ(press("F7"), "PAUSE");
+    EXPECT_EQ(press("F7"), "WAIT");
+    EXPECT_EQ(press("F6"), "PLAY");
+    raiseEvents({EV_STOP});
+    for (const int button : {ids::pause, ids::noCorrect, ids::skip}) {
+        console().focus(button);
+        EXPECT_EQ(hold("Return"), "WAIT") << button;
+    }
+}
+
 TEST_F(QuestCommands, StartTakesOverWhatTheListsShow) {
     for (const auto& [list, entry] :
          {std::pair(+ids::range, +rangeSabi), {+ids::interval, 1}, {+ids::speed, 1}})

@@ -65,6 +65,13 @@ TEST(MessageBox, WaitsForItsButtonsAndGivesNoWayAroundYesAndNo) {
         EXPECT_TRUE(isEnabled(main.window));
     }
     soon(main, [] {
+        for (const char* key : {"Return", "Escape"})
+            driver::repeatKey({}, key);
+        EXPECT_EQ(driver::openDialogs().size(), 1u) << "no key that was held down before answers it";
+        driver::answerMessageBox(Answer::Cancel);
+    });
+    EXPECT_EQ(messageBox(main, "？", "", Buttons::OkCancel, SystemIcon::Question), Answer::Cancel);
+    soon(main, [] {
         driver::pressKey({}, "Escape");
         EXPECT_EQ(driver::openDialogs().size(), 1u) << "Yes/No is not closed by Esc";
         EXPECT_FALSE(driver::answerMessageBox(Answer::Cancel));

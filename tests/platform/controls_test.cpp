@@ -226,6 +226,22 @@ TEST_F(Controls, CombosAndBarsClipWhatIsOutOfRange) {
     }
 }
 
+TEST_F(Controls, AHeldKeyTypesLinesAndStepsBarsButPressesNothing) {
+    setFocus({main, Memo});
+    const std::string before = getText({main, Memo});
+    EXPECT_TRUE(driver::repeatKey(main, "Return"));
+    EXPECT_EQ(getText({main, Memo}).size(), before.size() + 1);
+    setFocus({main, Slider});
+    setPosition({main, Slider}, 50);
+    EXPECT_TRUE(driver::repeatKey(main, "Right"));
+    EXPECT_GT(getPosition({main, Slider}), 50);
+    setFocus({main, Button});
+    main.forget();
+    for (const char* key : {"Return", "Space", "Escape"})
+        driver::repeatKey(main, key);
+    EXPECT_TRUE(main.sent(WM_COMMAND).empty());
+}
+
 TEST_F(Controls, TrackBarsMoveByTheirLineAndTheirPage) {
     const Control bar(main, Slider);
     setRange(bar, 0, 1000);

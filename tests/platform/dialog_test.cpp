@@ -104,6 +104,24 @@ TEST(Dialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
     }
 }
 
+// What opened it, or what stood before it, was left by the key that is still down.
+TEST(Dialog, AHeldKeyLeavesItOpen) {
+    TestWindow main;
+    driver::Script script;
+    script.expectDialog(form, [](WindowHandle dialog) {
+        for (const int id : {103, 110, +IDOK, +IDCANCEL}) {
+            setFocus({dialog, id});
+            for (const char* key : {"Return", "Enter", "Escape"}) {
+                EXPECT_TRUE(driver::repeatKey(dialog, key));
+                EXPECT_TRUE(isVisible(dialog)) << key << " on " << id;
+            }
+        }
+        EXPECT_TRUE(driver::pressKey(dialog, "Return"));
+    });
+    EXPECT_EQ(runDialog(main, form, endOnButtons), 20);
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
 TEST(Dialog, UnhandledCancelEndsIt) {
     TestWindow main;
     driver::Script script;

@@ -196,6 +196,7 @@ bool repeatKey(WindowHandle window, const std::string& key) {
     const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
     QWidget* target = keyTarget(window);
     if (!target || sequence.isEmpty()) return false;
+    if (pressShortcut(target, sequence[0], true)) return true;
     QKeyEvent again(QEvent::KeyPress, sequence[0].key(), sequence[0].keyboardModifiers(), {}, true);
     QApplication::sendEvent(target, &again);
     return true;

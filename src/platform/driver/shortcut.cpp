@@ -15,10 +15,10 @@ bool canBeUsed(const QWidget* widget) {
     return widget->isVisible() && widget->isEnabled();
 }
 
-bool pressAction(const QWidget* window, const QKeySequence& key) {
+bool pressAction(const QWidget* window, const QKeySequence& key, bool held) {
     for (QAction* action : window->findChildren<QAction*>()) {
         if (!action->isEnabled() || !action->shortcuts().contains(key)) continue;
-        action->trigger();
+        if (!held || action->autoRepeat()) action->trigger();
         return true;
     }
     return false;
@@ -50,14 +50,15 @@ bool followCaption(const QWidget* window, const QKeySequence& key) {
 
 } // namespace
 
-bool pressShortcut(QWidget* focus, const QKeyCombination& key) {
-    QKeyEvent question(QEvent::ShortcutOverride, key.key(), key.keyboardModifiers());
+bool pressShortcut(QWidget* focus, const QKeyCombination& key, bool held) {
+    QKeyEvent question(QEvent::ShortcutOverride, key.key(), key.keyboardModifiers(), {}, held);
     question.ignore();
     QApplication::sendEvent(focus, &question);
     if (question.isAccepted()) return false; // the focus wants the key for itself
     const QWidget* window = focus->window();
     const QKeySequence sequence(key);
-    return pressAction(window, sequence) || pressButton(window, sequence) || followCaption(window, sequence);
+    return pressAction(window, sequence, held) || pressButton(window, sequence) ||
+           followCaption(window, sequence);
 }
 
 } // namespace platform::detail

@@ -41,8 +41,7 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        // A key held too long must not go on to press the button of the page that comes next.
-        QPushButton* button = event->isAutoRepeat() ? nullptr : buttonForEnter(*this);
+        QPushButton* button = buttonForEnter(*this);
         if (button && button->isVisible()) button->click();
         return;
     }

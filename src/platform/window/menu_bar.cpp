@@ -24,6 +24,7 @@ QMenuBar* loadMenuBar(WindowHandle window, const std::string& name) {
     for (QAction* action : form->findChildren<QAction*>()) {
         // The form owns what Designer's action editor lists; it goes in a moment.
         if (action->parent() == form.get()) action->setParent(bar);
+        action->setAutoRepeat(false);
         if (const int command = commandOf(action))
             QObject::connect(action, &QAction::triggered, bar, [window, action, command] {
                 if (action->isCheckable()) action->setChecked(true); // the toolkit has turned the tick round
