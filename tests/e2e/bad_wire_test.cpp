@@ -2,24 +2,17 @@
 
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
 
 namespace {
 
-using test_support::stage;
+using e2e::stage;
 
 class BadWire : public testing::Test {
 protected:
     void SetUp() override {
         desk.folder.addSong("花", "瀧廉太郎");
-        const std::string file = desk.folder.writeSession("大会", {stage({.name = "一回戦", .songs = "1"})});
-        desk.start();
-        desk.openSession(file);
-        desk.connect();
-        desk.announce("青木,馬場,千葉,土井", 4);
+        desk.openShow({stage({.name = "一回戦", .songs = "1"})}, "青木,馬場,千葉,土井", 4);
     }
 
     // The host is still there and understands the next message.
@@ -40,19 +33,18 @@ protected:
 } // namespace
 
 TEST_F(BadWire, RequestsThatTheHostRefuses) {
-    struct Case {
+    const struct {
         const char* method;
         std::vector<std::string> lines;
         int code;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"IAMHERE", {}, 200},
         {"CLOSE", {}, 502},
         {"response", {}, 502},
         {"VICTORY", {}, 502},
         {"ANSREQ", {"UserNumber:0"}, 502}, // no song plays
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.method);
         desk.say(c.method, c.lines);
         const VRMessage answer = desk.hear();
@@ -87,15 +79,14 @@ TEST_F(BadWire, AUserThatIsNoNumberIsTheFirst) {
     for (const char* number : {"", "x-1"}) {
         SCOPED_TRACE(number);
         int asked = -1;
-        desk.script.expectDialog("IDD_KDL0102_REQUEST", [&](platform::WindowHandle dialog) {
+        desk.script.expectDialog(answer_request::form, [&](e2e::Form dialog) {
             asked = host().requestUserId;
-            EXPECT_TRUE(platform::driver::click({dialog, e2e::Desk::buttonVoid}));
+            dialog.click(answer_request::idVoid);
         });
         desk.say("ANSREQ", {std::string("UserNumber:") + number});
         EXPECT_EQ(desk.hear().getNumber("Code"), 200);
         EXPECT_EQ(asked, 0);
-        EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
-        desk.reply("STATUSNOTIFY", 303);
+        desk.answerStatus("WAIT");
     }
 }
 
@@ -104,9 +95,7 @@ TEST_F(BadWire, ARequestWhileTheHostWaitsForAReply) {
     EXPECT_EQ(desk.hear().getText("Status"), "READY");
     desk.say("IAMHERE");
     EXPECT_EQ(desk.hear().getNumber("Code"), 501);
-    desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](platform::WindowHandle dialog) {
-        platform::driver::pressKey(dialog, "Escape");
-    });
+    desk.script.expectDialog(message_box::form, [](e2e::Form box) { box.key("Escape"); });
     desk.reply("DSPANS", 200); // not what was asked
     EXPECT_EQ(host().vrmStatus, 0);
     EXPECT_EQ(desk.stateName(), "READY");
@@ -147,11 +136,9 @@ TEST_F(BadWire, AMegabyteWithoutAnEnd) {
 }
 
 TEST_F(BadWire, TenThousandRequestsInABurst) {
-    VRMessage message("IAMHERE");
-    const std::string one = message.build(true);
     std::string many;
     for (int i = 0; i < 100; ++i)
-        many += one;
+        many += VRMessage("IAMHERE").build(true);
     for (int i = 0; i < 100; ++i)
         desk.sayRaw(many);
     expectAlive();

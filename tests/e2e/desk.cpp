@@ -1,9 +1,7 @@
 #include "e2e/desk.h"
 
-#include <gtest/gtest.h>
+#include <map>
 
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
 #include "platform/menu.h"
 #include "platform/sound.h"
 #include "platform/window.h"
@@ -50,18 +48,12 @@ void Desk::start() {
 void Desk::openSession(const std::string& file, int message) {
     script.expectFileDialog(file);
     if (message != 0) expectMessage(message);
-    ASSERT_TRUE(driver::chooseMenu(host().mainWindow, ids::openSession));
+    ASSERT_TRUE(choose(ids::openSession));
     driver::settle();
 }
 
 void Desk::expectMessage(int code) {
-    script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [code](platform::WindowHandle dialog) {
-        std::string seen;
-        for (const platform::WindowHandle child : platform::getChildren(dialog))
-            seen += platform::getText(child) + "\n";
-        EXPECT_NE(seen.find("C" + std::to_string(code)), std::string::npos) << seen;
-        driver::pressKey(dialog, "Escape");
-    });
+    test_support::expectMessage(script, code);
 }
 
 void Desk::connect() {
@@ -81,6 +73,15 @@ void Desk::announce(const std::string& names, int count) {
     driver::settle();
 }
 
+std::string Desk::openShow(const std::vector<DataSession>& stages, const std::string& names, int count) {
+    const std::string file = folder.writeSession("大会", stages);
+    start();
+    openSession(file);
+    connect();
+    announce(names, count);
+    return file;
+}
+
 void Desk::endSession(const std::string& historyFile) {
     if (historyFile.empty()) {
         script.expectMessageBox(platform::Answer::No);
@@ -88,7 +89,7 @@ void Desk::endSession(const std::string& historyFile) {
         script.expectMessageBox(platform::Answer::Yes);
         script.expectFileDialog(historyFile);
     }
-    ASSERT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    ASSERT_TRUE(choose(ids::endSession));
     driver::settle();
 }
 
@@ -137,10 +138,32 @@ bool Desk::silent() {
     return heard_.empty();
 }
 
+bool Desk::choose(int command) {
+    return driver::chooseMenu(host().mainWindow, command);
+}
+
 bool Desk::click(int control) {
     const bool reacted = driver::click({host().consolePane, control});
     driver::settle();
     return reacted;
+}
+
+void Desk::press(int button, const char* status) {
+    EXPECT_TRUE(click(button)) << button;
+    answerStatus(status);
+}
+
+void Desk::answerStatus(const char* status) {
+    static const std::map<std::string, int> codes = {
+        {"READY", 301}, {"PLAY", 302}, {"WAIT", 303}, {"PAUSE", 200}};
+    EXPECT_EQ(hear().getText("Status"), status);
+    reply("STATUSNOTIFY", codes.at(status));
+}
+
+void Desk::skip(int button) {
+    EXPECT_TRUE(click(button)) << button;
+    EXPECT_EQ(hear().getMethod(), "REVISION");
+    reply("REVISION", 200);
 }
 
 std::string Desk::text(int control) const {
@@ -156,43 +179,55 @@ bool Desk::live(int control) const {
 }
 
 void Desk::playQuest() {
-    ASSERT_TRUE(click(ids::questStart));
-    EXPECT_EQ(hear().getText("Status"), "READY");
-    reply("STATUSNOTIFY", 301);
+    press(ids::questStart, "READY");
     leadIn();
 }
 
 void Desk::leadIn() {
     ASSERT_TRUE(passUntil([this] { return stateName() == "PLAY"; }, 10000));
-    EXPECT_EQ(hear().getText("Status"), "PLAY");
-    reply("STATUSNOTIFY", 302);
+    answerStatus("PLAY");
     EXPECT_EQ(host().vrmStatus, 0);
     pass(300);
 }
 
-void Desk::judge(int verdictRadio, bool cheer) {
-    script.expectDialog("IDD_KDL0102_REQUEST", [=](platform::WindowHandle dialog) {
-        EXPECT_FALSE(platform::isEnabled({dialog, 1211}));
-        EXPECT_TRUE(driver::click({dialog, verdictRadio}));
-        if (platform::isChecked({dialog, 1219}) != cheer) driver::click({dialog, 1219});
-        EXPECT_TRUE(driver::click({dialog, 1211}));
+VRMessage Desk::judge(int user, int verdictRadio, bool cheer) {
+    using namespace answer_request;
+    script.expectDialog(form, [=](Form dialog) {
+        EXPECT_FALSE(dialog.live(idOk));
+        dialog.click(verdictRadio);
+        if (dialog.checked(idCheer) != cheer) dialog.click(idCheer);
+        dialog.click(idOk);
     });
+    buzz(user);
+    EXPECT_EQ(hear().getNumber("Code"), 200);
+    VRMessage verdict = hear();
+    EXPECT_EQ(verdict.getMethod(), "ANSRES");
+    return verdict;
 }
 
-void Desk::showAnswersAndGoOn(int victim) {
+void Desk::expectLeave(int button) {
+    script.expectDialog(answer_request::form, [=](Form dialog) { dialog.click(button); });
+}
+
+void Desk::showAnswers(int victim) {
+    using namespace answer_display;
     EXPECT_EQ(hear().getMethod(), "DSPANS");
-    script.expectDialog("IDD_KDL0103_ANSWERDSP", [=](platform::WindowHandle dialog) {
+    script.expectDialog(form, [=](Form dialog) {
         if (victim >= 0) {
-            int entry = -1;
+            int entry = platform::itemCount(dialog[idVictim]) - 1;
             const std::string name = host().userList[static_cast<std::size_t>(victim)].getName();
-            for (int i = 0; i < platform::itemCount({dialog, 1311}); ++i)
-                if (platform::itemText({dialog, 1311}, i) == name) entry = i;
-            EXPECT_TRUE(driver::select({dialog, 1311}, entry)) << name;
+            while (entry >= 0 && platform::itemText(dialog[idVictim], entry) != name)
+                --entry;
+            dialog.select(idVictim, entry);
         }
-        EXPECT_TRUE(driver::click({dialog, 1315}));
+        dialog.click(idOk);
     });
     reply("DSPANS", 200);
     EXPECT_EQ(hear().getMethod(), "REVISION");
+}
+
+void Desk::showAnswersAndGoOn(int victim) {
+    showAnswers(victim);
     reply("REVISION", 200);
 }
 

@@ -8,13 +8,19 @@
 #include <string>
 #include <vector>
 
+#include "console/dialog_ids.h"
+#include "host/state/answer_display_ids.h"
+#include "host/state/console_ids.h"
 #include "host/state/host_state.h"
-#include "platform/driver.h"
 #include "protocol/vr_message.h"
+#include "support/form.h"
 #include "support/program.h"
 #include "support/raw_peer.h"
 
 namespace e2e {
+
+using test_support::Form;
+using test_support::stage;
 
 class Desk {
 public:
@@ -32,6 +38,8 @@ public:
     void expectMessage(int code);
     void connect(); // and takes the greeting
     void announce(const std::string& names, int count);
+    // A new session of these stages, up to 出題可能; its file.
+    std::string openShow(const std::vector<DataSession>& stages, const std::string& names, int count);
     // Presses 出題の終了; an empty file answers the history question with No.
     void endSession(const std::string& historyFile);
 
@@ -45,7 +53,12 @@ public:
     // Nothing more has come from the host.
     bool silent();
 
+    bool choose(int command); // from the main menu
     bool click(int control);
+    // Presses the button, takes the state that the host tells, and answers as a terminal does.
+    void press(int button, const char* status);
+    void answerStatus(const char* status);
+    void skip(int button = ids::skip); // or ＞, or ＜
     std::string text(int control) const;
     std::string stateName() const;
     bool live(int control) const;
@@ -55,9 +68,13 @@ public:
     // 301 was answered: lets the lead-in end and starts the songs.
     void leadIn();
     // After the verdict "right" or the end without one: shows the answers (with a victim in a steal stage, -1
-    // for none) and goes on to the next quest.
+    // for none), and goes on to the next quest.
+    void showAnswers(int victim);
     void showAnswersAndGoOn(int victim = -1);
-    void judge(int verdictRadio, bool cheer = false); // expects the judging dialog and confirms it
+    // The user asks to answer, and the judging dialog is confirmed so; what the host says of it.
+    VRMessage judge(int user, int verdictRadio, bool cheer = false);
+    // The judging dialog comes next, and is left by that button.
+    void expectLeave(int button);
 
     // Lets the program's time pass.
     void pass(int milliseconds);
@@ -66,9 +83,6 @@ public:
     platform::driver::Script script;
     test_support::ProgramFolder folder;
     std::unique_ptr<test_support::RawPeer> peer;
-
-    static constexpr int radioRight = 1204, radioWrong = 1206, radioTimeUp = 1226;
-    static constexpr int buttonVoid = 1212, buttonPause = 1223;
 
 private:
     std::optional<platform::ManualClock> clock_; // none in real time

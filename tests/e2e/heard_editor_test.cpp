@@ -1,21 +1,19 @@
 // What the host hears in the song editor: a file played backwards, and a range that was marked by ear.
 
-#include <gtest/gtest.h>
-
 #include "e2e/desk.h"
-#include "platform/controls.h"
+#include "editors/dialog_ids.h"
+#include "editors/sample_controls.h"
 #include "support/audience.h"
 #include "support/heard_song.h"
 
 namespace {
 
-namespace driver = platform::driver;
-using platform::WindowHandle;
+using namespace sample_controls;
 
 using test_support::melody;
 
-enum : int { idReverse = 3216, idPlay = 3217, idStop = 3218, idCancel = 3254 };
-enum : int { idIntroStart = 3223, idMarkEnd = 3226, idIntroPlay = 3228 };
+constexpr int introStart = rangeId(rowIntro, startEdit), markIntroEnd = rangeId(rowIntro, markEnd),
+              playIntro = rangeId(rowIntro, playButton);
 
 class HeardEditor : public testing::Test {
 protected:
@@ -29,29 +27,27 @@ protected:
         song.setFileName(file);
         desk.folder.addSongs({song});
         desk.start();
-        desk.script.expectDialog("IDD_KDL0302_EDIT", [&](WindowHandle window) {
+        desk.script.expectDialog(resource_edit::form, [&](e2e::Form window) {
             dialog = window;
-            EXPECT_TRUE(desk.passUntil([this] { return live(idPlay); }, 3000)) << "the song is measured";
             act();
-            driver::click({window, idCancel});
+            dialog.click(resource_edit::idCancel);
         });
         host().questEditors.song(host().mainWindow, 1);
         EXPECT_TRUE(desk.script.done());
     }
-    bool live(int id) const { return platform::isEnabled({dialog, id}); }
 
     test_support::Audience audience;
     e2e::Desk desk;
-    WindowHandle dialog;
+    e2e::Form dialog;
 };
 
 } // namespace
 
 TEST_F(HeardEditor, BackwardsIsBackwards) {
     edit("song", [this] {
-        driver::click({dialog, idReverse});
-        driver::click({dialog, idPlay});
-        ASSERT_TRUE(desk.passUntil([this] { return live(idPlay); }, 6000)) << "it stops at the start";
+        dialog.click(idReverse);
+        dialog.click(idPlay);
+        ASSERT_TRUE(desk.passUntil([this] { return dialog.live(idPlay); }, 6000)) << "it stops at the start";
         EXPECT_NEAR(audience.toneAt(400), melody[4], 15);
         EXPECT_NEAR(audience.toneAt(1400), melody[2], 15);
         EXPECT_NEAR(audience.toneAt(2400), melody[0], 15);
@@ -60,15 +56,15 @@ TEST_F(HeardEditor, BackwardsIsBackwards) {
 
 TEST_F(HeardEditor, AMarkedRangeSoundsAlone) {
     edit("song.wav", [this] {
-        driver::type({dialog, idIntroStart}, "10");
-        driver::click({dialog, idPlay});
+        dialog.type(introStart, "10");
+        dialog.click(idPlay);
         desk.pass(1500);
-        driver::click({dialog, idMarkEnd});
-        driver::click({dialog, idStop});
+        dialog.click(markIntroEnd);
+        dialog.click(idStop);
         desk.pass(300);
         audience.forget();
-        ASSERT_TRUE(driver::click({dialog, idIntroPlay}));
-        ASSERT_TRUE(desk.passUntil([this] { return live(idPlay); }, 3000)) << "it stops at its end";
+        dialog.click(playIntro);
+        ASSERT_TRUE(desk.passUntil([this] { return dialog.live(idPlay); }, 3000)) << "it stops at its end";
         EXPECT_NEAR(audience.toneAt(100), melody[2], 15);
         EXPECT_EQ(audience.toneAt(1400), 0) << "the mark was set behind the second tone";
     });

@@ -1,18 +1,14 @@
 // What the audience hears of a quest: the right part of the song at the right speed, from the terminal's 302
 // to the stop, and silence at the buzz.
 
-#include <gtest/gtest.h>
-
-#include "data/labels.h"
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
 #include "support/audience.h"
 #include "support/heard_song.h"
 
 namespace {
 
+using e2e::stage;
 using test_support::melody;
-using test_support::stage;
 
 class HeardShow : public testing::Test {
 protected:
@@ -27,14 +23,8 @@ protected:
         DataSession one =
             stage({.name = "一回戦", .range = range, .interval = playTimeWholeRange, .songs = "1"});
         one.setSpeed(speed);
-        const std::string file = desk.folder.writeSession("大会", {one});
-        desk.start();
-        desk.openSession(file);
-        desk.connect();
-        desk.announce("青木", 1);
-        ASSERT_TRUE(desk.click(ids::questStart));
-        EXPECT_EQ(desk.hear().getText("Status"), "READY");
-        desk.reply("STATUSNOTIFY", 301);
+        desk.openShow({one}, "青木", 1);
+        desk.press(ids::questStart, "READY");
         ASSERT_TRUE(desk.passUntil([this] { return desk.stateName() == "PLAY"; }, 5000));
         EXPECT_EQ(desk.hear().getText("Status"), "PLAY");
         desk.pass(200); // the terminal takes its time
@@ -55,7 +45,7 @@ TEST_F(HeardShow, TheRangeSoundsAndThenNothing) {
     ASSERT_TRUE(desk.passUntil([this] { return desk.stateName() == "WAIT"; }, 10000));
     const std::uint32_t over = platform::getTickCount();
     desk.pass(300);
-    EXPECT_LT(audience.firstSound() - started, 150u);
+    EXPECT_LT(static_cast<int>(audience.firstSound() - started), 150);
     EXPECT_NEAR(static_cast<double>(over - started), 2000, 300);
     EXPECT_LT(static_cast<int>(audience.lastSound() - over), 150);
     EXPECT_NEAR(audience.toneAt(400), melody[2], 15);
@@ -74,11 +64,11 @@ TEST_F(HeardShow, ABuzzMakesSilence) {
     play(rangeStart, 0);
     desk.pass(500);
     EXPECT_NE(audience.firstSound(), 0u);
-    desk.script.expectDialog("IDD_KDL0102_REQUEST", [this](platform::WindowHandle dialog) {
+    desk.script.expectDialog(answer_request::form, [this](e2e::Form dialog) {
         const std::uint32_t buzzed = platform::getTickCount();
         desk.pass(500);
         EXPECT_LT(static_cast<int>(audience.lastSound() - buzzed), 150);
-        platform::driver::click({dialog, e2e::Desk::buttonVoid});
+        dialog.click(answer_request::idVoid);
     });
     desk.buzz(0);
 }

@@ -1,85 +1,67 @@
 // From an empty catalogue and a folder of music to a quiz that plays, by the menus alone.
 
-#include <gtest/gtest.h>
-
-#include "data/labels.h"
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
+#include "editors/dialog_ids.h"
+#include "editors/sample_controls.h"
+#include "host/shell/command_ids.h"
 #include "platform/files.h"
 #include "platform/property_sheet.h"
 #include "support/test_sounds.h"
 
 namespace {
 
-namespace driver = platform::driver;
-using platform::WindowHandle;
-
-enum : int { editCatalogue = 11003, editSession = 11004 };
-enum : int { idAddFiles = 3101, idLauncherOk = 3105, idTitle = 3205, idIntroEnd = 3224, idEditorOk = 3253 };
-enum : int { idFile = 4103, idSessionName = 4105, idAdd = 4202, idSongs = 4301, idAssign = 4302 };
-enum : int {
-    idName = 4502,
-    idQuestNum = 4504,
-    idRange = 4505,
-    idInterval = 4506,
-    idScore = 4508,
-    idStageOk = 4522
-};
-enum : int { idSongsOk = 4604, idShowAll = 4608, idFill = 4609 };
+using e2e::Form;
 
 // Marks the first ten seconds of each as its intro.
 void addSongs(e2e::Desk& desk, const std::vector<std::string>& titles) {
-    std::vector<std::string> files;
-    for (std::size_t number = 0; number < titles.size(); ++number) {
-        files.push_back(desk.folder.file("music" + std::to_string(number) + ".wav"));
-        test_support::writeSilence(files.back(), 20000);
-    }
-    desk.script.expectDialog("IDD_KDL0301_EDIT_RESOURCE_LIST", [&](WindowHandle launcher) {
+    desk.script.expectDialog(control_list::form, [&](Form launcher) {
+        std::vector<std::string> files;
+        for (std::size_t number = 0; number < titles.size(); ++number) {
+            files.push_back(desk.folder.file("music" + std::to_string(number) + ".wav"));
+            test_support::writeSilence(files.back(), 20000);
+        }
         desk.script.expectFileDialog(files);
         for (const std::string& title : titles)
-            desk.script.expectDialog("IDD_KDL0302_EDIT", [=](WindowHandle editor) {
-                driver::type({editor, idTitle}, title);
-                driver::type({editor, idIntroEnd}, "100");
-                driver::click({editor, idEditorOk});
+            desk.script.expectDialog(resource_edit::form, [=](Form editor) {
+                editor.type(resource_edit::idTitle, title);
+                editor.type(sample_controls::rangeId(rowIntro, sample_controls::endEdit), "100");
+                editor.click(resource_edit::idOk);
             });
-        driver::click({launcher, idAddFiles});
-        driver::click({launcher, idLauncherOk});
+        launcher.click(control_list::idAdd);
+        launcher.click(control_list::idOk);
     });
-    ASSERT_TRUE(driver::chooseMenu(host().mainWindow, editCatalogue));
+    ASSERT_TRUE(desk.choose(command::editCatalogue));
 }
 
 // In the file that the wizard proposes, which is the result.
 std::string makeSession(e2e::Desk& desk) {
+    using namespace session_wizard;
     std::string file;
-    desk.script.expectDialog("IDD_KDL0401_SESSION", [&](WindowHandle sheet) {
-        const auto click = [&](int id) {
-            ASSERT_TRUE(driver::click({platform::shownPage(sheet), id})) << id;
-        };
-        const auto next = [&] { ASSERT_TRUE(driver::click({sheet, platform::ID_WIZNEXT})); };
-        driver::type({platform::shownPage(sheet), idSessionName}, "冬の大会");
-        file = platform::getText({platform::shownPage(sheet), idFile});
-        next();
-        desk.script.expectDialog("IDD_KDL0405_PARTDETAIL", [](WindowHandle stage) {
-            driver::type({stage, idName}, "一回戦");
-            driver::type({stage, idQuestNum}, "2");
-            driver::type({stage, idScore}, "30");
-            driver::select({stage, idRange}, rangeIntro);
-            driver::select({stage, idInterval}, 4); // ten seconds
-            driver::click({stage, idStageOk});
+    desk.script.expectDialog(form, [&](Form sheet) {
+        const auto page = [&] { return Form(platform::shownPage(sheet)); };
+        page().type(idName, "冬の大会");
+        file = page().text(idFile);
+        sheet.click(platform::ID_WIZNEXT);
+        desk.script.expectDialog(part_detail::form, [](Form stage) {
+            stage.type(part_detail::idName, "一回戦");
+            stage.type(part_detail::idQuestNum, "2");
+            stage.type(part_detail::idScore, "30");
+            stage.select(part_detail::idRange, rangeIntro);
+            stage.select(part_detail::idInterval, 4); // ten seconds
+            stage.click(part_detail::idOk);
         });
-        click(idAdd);
-        next();
-        desk.script.expectDialog("IDD_KDL0406_RESOURCEDETAIL", [](WindowHandle songs) {
-            for (const int id : {idShowAll, idFill, idSongsOk})
-                driver::click({songs, id});
+        page().click(idAdd);
+        sheet.click(platform::ID_WIZNEXT);
+        desk.script.expectDialog(resource_detail::form, [](Form songs) {
+            for (const int id : {resource_detail::idShowAll, resource_detail::idFill, resource_detail::idOk})
+                songs.click(id);
         });
-        driver::select({platform::shownPage(sheet), idSongs}, 0);
-        click(idAssign);
-        next();
-        ASSERT_TRUE(driver::click({sheet, platform::ID_WIZFINISH}));
+        page().select(idSongs, 0);
+        page().click(idAssign);
+        sheet.click(platform::ID_WIZNEXT);
+        sheet.click(platform::ID_WIZFINISH);
     });
-    EXPECT_TRUE(driver::chooseMenu(host().mainWindow, editSession));
+    EXPECT_TRUE(desk.choose(command::makeSession));
     return file;
 }
 
@@ -95,10 +77,7 @@ TEST(NewSession, PlaysInTheShow) {
     desk.connect();
     desk.announce("青木,馬場", 2);
     desk.playQuest();
-    desk.judge(e2e::Desk::radioRight);
-    desk.buzz(1);
-    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
-    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.judge(1, answer_request::idRight);
     desk.reply("ANSRES", 261);
     EXPECT_EQ(host().userList[1].getScore(), 30);
     desk.showAnswersAndGoOn();

@@ -1,16 +1,11 @@
 // Opening and ending a session, with everything that can stand in the way.
 
-#include <array>
 #include <filesystem>
 #include <regex>
 
-#include <gtest/gtest.h>
-
-#include "data/labels.h"
 #include "e2e/desk.h"
 #include "foundation/path.h"
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
+#include "host/shell/command_ids.h"
 #include "platform/files.h"
 #include "platform/menu.h"
 #include "platform/socket.h"
@@ -18,7 +13,8 @@
 
 namespace {
 
-using test_support::stage;
+using e2e::Form;
+using e2e::stage;
 namespace driver = platform::driver;
 
 class Session : public testing::Test {
@@ -47,7 +43,7 @@ TEST_F(Session, EndingBeforeTheFirstQuestAsksNothing) {
     desk.openSession(file);
     EXPECT_EQ(desk.stateName(), "INIT");
     EXPECT_FALSE(platform::isMenuItemEnabled(host().mainWindow, ids::openSession));
-    EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    EXPECT_TRUE(desk.choose(ids::endSession));
     EXPECT_EQ(desk.stateName(), "START");
     EXPECT_EQ(host().curQuestNumber, 0);
     EXPECT_TRUE(platform::isMenuItemEnabled(host().mainWindow, ids::openSession));
@@ -84,7 +80,7 @@ TEST_F(Session, FilesThatAreNoSessions) {
     const std::string gone = desk.folder.file("cnf/gone.xml");
     desk.script.expectFileDialog(gone);
     desk.script.expectMessageBox(platform::Answer::Ok); // the file dialog's own word
-    driver::chooseMenu(host().mainWindow, ids::openSession);
+    desk.choose(ids::openSession);
     EXPECT_FALSE(platform::pathExists(gone));
 }
 
@@ -129,7 +125,7 @@ TEST_F(Session, APortInUse) {
     EXPECT_EQ(host().curQuestNumber, 0);
     EXPECT_EQ(host().server, nullptr);
     desk.expectMessage(3000002); // no session, no running order
-    driver::chooseMenu(host().mainWindow, 11016);
+    desk.choose(command::showRunningOrder);
     platform::closeSocket(other);
     desk.openSession(file);
     EXPECT_EQ(desk.stateName(), "INIT");
@@ -147,7 +143,7 @@ TEST_F(Session, TheRunningOrderIsShownAsAPage) {
         zelkova::normalizePath(host().modulePath + "../tmp/" + zelkova::getFileName(file) + ".html");
     desk.expectMessage(3000032); // no such stylesheet: the text of the file
     desk.script.expectOpen(page);
-    driver::chooseMenu(host().mainWindow, 11016);
+    desk.choose(command::showRunningOrder);
     EXPECT_NE(platform::readFile(page).value_or("").find("order.xsl"), std::string::npos);
 
     ASSERT_TRUE(platform::replaceFile(zelkova::getFolder(file) + "/order.xsl",
@@ -155,23 +151,19 @@ TEST_F(Session, TheRunningOrderIsShownAsAPage) {
                                       "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
                                       "<xsl:template match='/'><html/></xsl:template></xsl:stylesheet>"));
     desk.script.expectOpen(page);
-    driver::chooseMenu(host().mainWindow, 11016);
+    desk.choose(command::showRunningOrder);
     EXPECT_EQ(platform::readFile(page).value_or("").find("order.xsl"), std::string::npos);
 }
 
 TEST_F(Session, ClosingTheWindowTakesTwoSteps) {
     startShow();
     const platform::WindowHandle window = host().mainWindow;
-    desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](platform::WindowHandle dialog) {
-        driver::pressKey(dialog, "Escape"); // means no
-    });
+    desk.script.expectDialog(message_box::form, [](Form box) { box.key("Escape"); }); // means no
     driver::closeBox(window);
     EXPECT_EQ(desk.stateName(), "ENABLE");
-    desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [](platform::WindowHandle dialog) {
-        bool pressed = false;
-        for (const platform::WindowHandle child : platform::getChildren(dialog))
-            if (platform::getText(child) == "はい(&Y)") pressed = driver::click(child);
-        EXPECT_TRUE(pressed);
+    desk.script.expectDialog(message_box::form, [](Form box) {
+        EXPECT_EQ(box.text(message_box::idAnswer1), "はい(&Y)");
+        box.click(message_box::idAnswer1);
     });
     driver::closeBox(window);
     EXPECT_TRUE(platform::isWindow(window));
@@ -193,7 +185,7 @@ TEST_F(Session, AHistoryThatCannotBeWrittenIsOfferedAgain) {
     desk.script.expectFileDialog(desk.folder.file("no-such-folder/first.xml"));
     desk.expectMessage(4000011);
     desk.script.expectFileDialog(elsewhere);
-    EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    EXPECT_TRUE(desk.choose(ids::endSession));
     EXPECT_TRUE(platform::pathExists(elsewhere));
     EXPECT_EQ(desk.stateName(), "START");
     EXPECT_TRUE(host().sessionList.empty());
@@ -202,9 +194,7 @@ TEST_F(Session, AHistoryThatCannotBeWrittenIsOfferedAgain) {
 
 TEST_F(Session, EndingDuringTheLeadInLeavesNoTimer) {
     startShow();
-    ASSERT_TRUE(desk.click(ids::questStart));
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 301);
+    desk.press(ids::questStart, "READY");
     desk.endSession("");
     desk.openSession(file);
     desk.connect();
@@ -221,161 +211,38 @@ TEST_F(Session, ScoresAndUsersCanBeCleared) {
     desk.script.expectMessageBox(platform::Answer::Ok, [](const std::string& text) {
         EXPECT_NE(text.find("36"), std::string::npos) << text;
     });
-    driver::chooseMenu(host().mainWindow, 11018);
+    desk.choose(command::showTurnRoundPoints);
     desk.script.expectMessageBox(platform::Answer::No);
-    driver::chooseMenu(host().mainWindow, 11012);
+    desk.choose(command::clearScores);
     EXPECT_EQ(host().userList[0].getScore(), 30);
     desk.script.expectMessageBox(platform::Answer::Yes, [](const std::string& text) {
         EXPECT_NE(text.find("得点クリア"), std::string::npos) << text;
     });
-    driver::chooseMenu(host().mainWindow, 11012);
+    desk.choose(command::clearScores);
     EXPECT_EQ(desk.text(ids::userScore1), "0");
     EXPECT_EQ(host().userList[0].getName(), "青木");
     desk.script.expectMessageBox(platform::Answer::Yes);
-    driver::chooseMenu(host().mainWindow, 11013);
+    desk.choose(command::clearUsers);
     EXPECT_EQ(desk.text(ids::userName1), "");
     EXPECT_EQ(desk.text(ids::userState1), "[未設定]");
     EXPECT_TRUE(desk.silent()); // the terminal is told nothing
 }
 
-TEST_F(Session, RebuildingThePlayersInMidSession) {
-    startShow();
-    desk.playQuest();
-    driver::chooseMenu(host().mainWindow, 11015);
-    EXPECT_FALSE(host().questMedia[0].isPlaying());
-    EXPECT_TRUE(desk.click(ids::stop));
-    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
-    desk.reply("STATUSNOTIFY", 303);
-    EXPECT_TRUE(desk.click(ids::replay));
-    desk.leadIn();
-    EXPECT_TRUE(host().questMedia[0].isPlaying());
-    // In the lead-in too: what no longer plays is over.
-    EXPECT_TRUE(desk.click(ids::stop));
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 303);
-    EXPECT_TRUE(desk.click(ids::skip));
-    desk.hear();
-    desk.reply("REVISION", 200);
-    ASSERT_TRUE(desk.click(ids::questStart));
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 301);
-    driver::chooseMenu(host().mainWindow, 11015);
-    desk.leadIn();
-}
-
-TEST_F(Session, RebuildingThePlayersKeepsWhatTheHostChoseForTheQuest) {
-    startShow();
-    const auto at = [](int id) { return platform::Control{host().consolePane, id}; };
-    ASSERT_EQ(platform::getSelection(at(ids::interval)), 2);
-    const auto choose = [&](int range, int interval, int speed) {
-        ASSERT_TRUE(driver::select(at(ids::range), range));
-        ASSERT_TRUE(driver::select(at(ids::interval), interval));
-        ASSERT_TRUE(driver::select(at(ids::speed), speed));
-    };
-    const auto clearAndCompare = [&] {
-        const std::array shown{desk.text(ids::range), desk.text(ids::interval), desk.text(ids::speed)};
-        const int start = host().playStart[0], limit = host().playLimit;
-        driver::chooseMenu(host().mainWindow, 11015);
-        EXPECT_EQ(host().playStart[0], start);
-        EXPECT_EQ(host().playLimit, limit);
-        EXPECT_EQ(host().dataSession.getRange(), platform::getSelection(at(ids::range)));
-        EXPECT_EQ(host().dataSession.getSpeed(), platform::getSelection(at(ids::speed)));
-        EXPECT_EQ((std::array{desk.text(ids::range), desk.text(ids::interval), desk.text(ids::speed)}),
-                  shown);
-        EXPECT_EQ(desk.text(ids::points), "30");
-    };
-    driver::type(at(ids::points), "30");
-    choose(rangeEnd, 0, 1);
-    clearAndCompare();
-    EXPECT_EQ(host().playLimit, 250);
-    // Paused, no button takes the lists over before the song sounds again.
-    desk.playQuest();
-    desk.click(ids::stop);
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 303);
-    ASSERT_TRUE(desk.click(ids::pause));
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 200);
-    choose(rangeEnd, 7, 0);
-    clearAndCompare();
-    ASSERT_TRUE(desk.click(ids::replay));
-    EXPECT_EQ(host().playLimit, -2);
-}
-
-TEST_F(Session, ASecondBuzzFindsTheFirstOne) {
-    startShow();
-    desk.playQuest();
-    desk.script.expectDialog("IDD_KDL0102_REQUEST", [this](platform::WindowHandle dialog) {
-        desk.hear(); // 200 for the first
-        desk.buzz(1);
-        EXPECT_EQ(desk.hear().getNumber("Code"), 502);
-        driver::click({dialog, e2e::Desk::buttonVoid});
-    });
-    desk.buzz(0);
-    EXPECT_EQ(host().requestUserId, 0);
-    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
-}
-
-TEST_F(Session, ABuzzEndsADraggedBorder) {
-    startShow();
-    desk.playQuest();
-    const platform::WindowHandle left = platform::getParent(host().consolePane);
-    const int width = platform::getRect(left).width;
-    platform::sendMessage(
-        left, platform::WM_LBUTTONDOWN, 0,
-        static_cast<platform::LParam>(platform::makeLong(static_cast<unsigned>(width - 2), 50)));
-    EXPECT_TRUE(platform::hasMouse(left));
-    desk.script.expectDialog("IDD_KDL0102_REQUEST", [left](platform::WindowHandle dialog) {
-        EXPECT_FALSE(platform::hasMouse(left));
-        driver::click({dialog, e2e::Desk::buttonVoid});
-    });
-    desk.buzz(0);
-    platform::sendMessage(left, platform::WM_MOUSEMOVE, 0,
-                          static_cast<platform::LParam>(platform::makeLong(200, 50)));
-    EXPECT_EQ(platform::getRect(left).width, width);
-}
-
-// The terminal answers the end of a quest's play with a word of its own: the songs' watch must not end the
-// next play.
-TEST_F(Session, AReplayAfterAnOddAnswerWaitsForItsOwn) {
-    startShow();
-    desk.playQuest();
-    desk.pass(2500);
-    EXPECT_TRUE(desk.click(ids::stop));
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 200); // not 303: the song plays on
-    EXPECT_TRUE(desk.click(ids::replay));
-    EXPECT_EQ(desk.hear().getText("Status"), "PLAY");
-    desk.pass(5000);
-    EXPECT_EQ(desk.stateName(), "PLAY");
-    desk.reply("STATUSNOTIFY", 302);
-    desk.pass(2900);
-    EXPECT_EQ(desk.stateName(), "PLAY");
-    desk.pass(200);
-    EXPECT_EQ(desk.stateName(), "WAIT");
-}
-
 TEST_F(Session, TheRunningTimeLeavesOutUnitsOfZero) {
-    struct Case {
-        int pauseMs;
-        const char* text;
-    };
     desk.start();
-    for (const Case& c : {Case{0, "２秒"}, Case{58'000, "１分"}, Case{3'609'000, "１時間１１秒"},
-                          Case{86'401'000, "１日３秒"}}) {
+    for (const auto& [pauseMs, text] :
+         {std::pair(0, "２秒"), {58'000, "１分"}, {3'609'000, "１時間１１秒"}, {86'401'000, "１日３秒"}}) {
         desk.openSession(file);
         desk.connect();
         desk.announce("青木", 1);
-        ASSERT_TRUE(desk.click(ids::questStart));
-        desk.hear();
-        desk.reply("STATUSNOTIFY", 301);
-        desk.pass(2000 + c.pauseMs);
+        desk.press(ids::questStart, "READY");
+        desk.pass(2000 + pauseMs);
         const std::string history = desk.folder.file("hst/history.xml");
         std::filesystem::remove(history);
         desk.endSession(history);
         const auto bytes = platform::readFile(history);
         ASSERT_TRUE(bytes);
-        EXPECT_NE(bytes->find(std::string("<exhibition>") + c.text + "</exhibition>"), std::string::npos)
-            << c.text;
+        EXPECT_NE(bytes->find(std::string("<exhibition>") + text + "</exhibition>"), std::string::npos)
+            << text;
     }
 }

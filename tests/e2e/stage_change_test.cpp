@@ -1,73 +1,43 @@
 // The host changes the stage of a running session from the desk, and the show goes on by the new rules and
 // with the new songs.
 
-#include <gtest/gtest.h>
-
-#include "data/labels.h"
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
-#include "support/list_rows.h"
+#include "editors/dialog_ids.h"
 
 namespace {
 
-using test_support::stage;
-namespace driver = platform::driver;
-
-constexpr char stageDialog[] = "IDD_KDL0405_PARTDETAIL";
-enum : int {
-    idName = 4502,
-    idInterval = 4506,
-    idScore = 4508,
-    idDeducts = 4509,
-    idDeduction = 4510,
-    idOk = 4522
-};
-
-constexpr char songsDialog[] = "IDD_KDL0406_RESOURCEDETAIL";
-enum : int {
-    idTarget = 4602,
-    idSource = 4603,
-    idSongsOk = 4604,
-    idSet = 4606,
-    idShowAll = 4608,
-    idClear = 4612,
-};
+using e2e::Form;
+using e2e::stage;
+using testing::ElementsAre;
 
 class StageChange : public testing::Test {
 protected:
     void SetUp() override {
-        desk.folder.addSong("荒城の月", "瀧廉太郎");
-        desk.folder.addSong("花", "瀧廉太郎");
-        desk.folder.addSong("箱根八里", "瀧廉太郎");
-        file = desk.folder.writeSession("春の大会", {stage({.name = "一回戦", .quests = 2, .songs = "1,2"}),
-                                                     stage({.name = "二回戦", .songs = "3"})});
-        desk.start();
-        desk.openSession(file);
-        desk.connect();
-        desk.announce("青木,馬場", 2);
+        for (const char* title : {"荒城の月", "花", "箱根八里"})
+            desk.folder.addSong(title, "瀧廉太郎");
+        desk.openShow(
+            {stage({.name = "一回戦", .quests = 2, .songs = "1,2"}), stage({.name = "二回戦", .songs = "3"})},
+            "青木,馬場", 2);
     }
-    static std::vector<std::string> rows() {
-        return test_support::listRows({host().dataPane, ids::questList});
-    }
+    static std::vector<std::string> rows() { return Form(host().dataPane).rows(ids::questList); }
 
     e2e::Desk desk;
-    std::string file;
 };
 
 } // namespace
 
 TEST_F(StageChange, TheNextVerdictGoesByTheNewRules) {
+    using namespace part_detail;
     const std::vector<std::string> before = rows();
-    desk.script.expectDialog(stageDialog, [](platform::WindowHandle dialog) {
-        EXPECT_FALSE(platform::isEnabled({dialog, idName}));
-        driver::type({dialog, idScore}, "0");
-        driver::click({dialog, idOk});
-        driver::type({dialog, idScore}, "50");
-        driver::click({dialog, idDeducts});
-        driver::type({dialog, idDeduction}, "-20");
-        driver::select({dialog, idInterval}, 0); // a quarter of a second
-        driver::click({dialog, idOk});
+    desk.script.expectDialog(form, [](Form dialog) {
+        EXPECT_FALSE(dialog.live(idName));
+        dialog.type(idScore, "0");
+        dialog.click(idOk);
+        dialog.type(idScore, "50");
+        dialog.click(idDeducts);
+        dialog.type(idDeduction, "-20");
+        dialog.select(idInterval, 0); // a quarter of a second
+        dialog.click(idOk);
     });
     desk.expectMessage(3000006);
     ASSERT_TRUE(desk.click(ids::changeStage));
@@ -77,18 +47,11 @@ TEST_F(StageChange, TheNextVerdictGoesByTheNewRules) {
 
     desk.playQuest();
     ASSERT_TRUE(desk.passUntil([&] { return desk.stateName() == "WAIT"; }, 1000)) << "played too long";
-    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
-    desk.reply("STATUSNOTIFY", 303);
-    desk.judge(e2e::Desk::radioWrong);
-    desk.buzz(0);
-    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
-    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.answerStatus("WAIT");
+    desk.judge(0, answer_request::idWrong);
     desk.reply("ANSRES", 200);
     EXPECT_EQ(host().userList[0].getScore(), -20);
-    desk.judge(e2e::Desk::radioRight);
-    desk.buzz(1);
-    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
-    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.judge(1, answer_request::idRight);
     desk.reply("ANSRES", 261);
     EXPECT_EQ(host().userList[1].getScore(), 50);
     desk.showAnswersAndGoOn();
@@ -97,24 +60,24 @@ TEST_F(StageChange, TheNextVerdictGoesByTheNewRules) {
     EXPECT_EQ(desk.stateName(), "ENABLE");
     EXPECT_EQ(desk.text(ids::points), "50");
     desk.script.expectMenu("IDM_KDL0101_QUESTMENUE", ids::listChangeStage);
-    desk.script.expectDialog(stageDialog, [](platform::WindowHandle dialog) {
-        EXPECT_EQ(platform::getText({dialog, idScore}), "50");
-        driver::type({dialog, idScore}, "80");
-        driver::pressKey(dialog, "Return");
+    desk.script.expectDialog(form, [](Form dialog) {
+        EXPECT_EQ(dialog.text(idScore), "50");
+        dialog.type(idScore, "80");
+        dialog.key("Return");
     });
-    ASSERT_TRUE(driver::rightClickRow({host().dataPane, ids::questList}, 1));
+    ASSERT_TRUE(platform::driver::rightClickRow({host().dataPane, ids::questList}, 1));
     EXPECT_EQ(desk.text(ids::points), "80");
     EXPECT_EQ(rows(), before);
 }
 
 TEST_F(StageChange, TheQuestsPlayTheNewSongs) {
+    using namespace resource_detail;
     // A song is taken away, and none put in its place.
     const std::vector<std::string> before = rows();
-    desk.script.expectDialog(songsDialog, [](platform::WindowHandle dialog) {
-        EXPECT_EQ(test_support::listRows({dialog, idTarget}),
-                  (std::vector<std::string>{"1|1|1|荒城の月|瀧廉太郎", "2|1|2|花|瀧廉太郎"}));
-        driver::click({dialog, idClear});
-        driver::click({dialog, idSongsOk});
+    desk.script.expectDialog(form, [](Form dialog) {
+        EXPECT_THAT(dialog.rows(idTarget), ElementsAre("1|1|1|荒城の月|瀧廉太郎", "2|1|2|花|瀧廉太郎"));
+        dialog.click(idClear);
+        dialog.click(idOk);
     });
     desk.expectMessage(4000007);
     ASSERT_TRUE(desk.click(ids::changeSongs));
@@ -122,22 +85,19 @@ TEST_F(StageChange, TheQuestsPlayTheNewSongs) {
     EXPECT_EQ(desk.text(ids::title), "荒城の月");
 
     // The song of the other stage, which is played twice then.
-    desk.script.expectDialog(songsDialog, [](platform::WindowHandle dialog) {
-        driver::click({dialog, idShowAll});
-        driver::select({dialog, idSource}, 2);
-        driver::click({dialog, idSet});
-        driver::click({dialog, idSongsOk});
+    desk.script.expectDialog(form, [](Form dialog) {
+        dialog.click(idShowAll);
+        dialog.select(idSource, 2);
+        dialog.click(idSet);
+        dialog.click(idOk);
     });
     ASSERT_TRUE(desk.click(ids::changeSongs));
-    EXPECT_EQ(rows(), (std::vector<std::string>{"1|一回戦|1|1|3|箱根八里|瀧廉太郎", "||2|2|2|花|瀧廉太郎",
-                                                "2|二回戦|1|3|3|箱根八里|瀧廉太郎"}));
+    EXPECT_THAT(rows(), ElementsAre("1|一回戦|1|1|3|箱根八里|瀧廉太郎", "||2|2|2|花|瀧廉太郎",
+                                    "2|二回戦|1|3|3|箱根八里|瀧廉太郎"));
     EXPECT_EQ(desk.text(ids::title), "箱根八里");
 
     desk.playQuest();
-    desk.judge(e2e::Desk::radioRight);
-    desk.buzz(0);
-    EXPECT_EQ(desk.hear().getNumber("Code"), 200);
-    EXPECT_EQ(desk.hear().getMethod(), "ANSRES");
+    desk.judge(0, answer_request::idRight);
     desk.reply("ANSRES", 261);
     desk.showAnswersAndGoOn();
     EXPECT_EQ(desk.text(ids::title), "花");

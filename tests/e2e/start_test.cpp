@@ -2,11 +2,11 @@
 
 #include <filesystem>
 
-#include <gtest/gtest.h>
-
+#include "documents/dialog_ids.h"
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
+#include "editors/dialog_ids.h"
+#include "host/shell/command_ids.h"
+#include "host/shell/version_dialog_ids.h"
 #include "platform/files.h"
 #include "platform/menu.h"
 #include "platform/window.h"
@@ -14,6 +14,7 @@
 namespace {
 
 namespace driver = platform::driver;
+using e2e::Form;
 
 // The program in a folder that holds only what the test puts there.
 class Start : public testing::Test {
@@ -58,18 +59,17 @@ TEST_F(Start, PreparesTheDesk) {
 TEST_F(Start, TheMenuOpensItsDialogs) {
     desk.start();
     const std::pair<int, const char*> dialogs[] = {
-        {11003, "IDD_KDL0301_EDIT_RESOURCE_LIST"},
-        {11004, "IDD_KDL0401_SESSION"},
-        {11009, "IDD_KDL0501_CONFIG"},
-        {11010, "IDD_KDL0106_VERSION"},
-        {11097, "IDD_KDL0602_CERTIFICATE"},
-        {11102, "IDD_KDL0904_CREATE_WRITE_APPLICATION"},
-        {11150, "IDD_KDL0801_TONAL_PLAYER"},
+        {command::editCatalogue, control_list::form},
+        {command::makeSession, session_wizard::form},
+        {command::changeSettings, "IDD_KDL0501_CONFIG"},
+        {command::showVersion, version_dialog::form},
+        {command::makeCertificate, certificate_dialog::form},
+        {command::makeApplicationForm, application_form_dialog::form},
+        {command::runPlayer, "IDD_KDL0801_TONAL_PLAYER"},
     };
     for (const auto& [command, name] : dialogs) {
-        desk.script.expectDialog(name,
-                                 [](platform::WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+        desk.script.expectDialog(name, [](Form dialog) { dialog.key("Escape"); });
+        EXPECT_TRUE(desk.choose(command)) << command;
     }
     EXPECT_TRUE(desk.script.done());
 }
@@ -78,23 +78,24 @@ TEST_F(Start, TheMenuOpensHelpLogAndFolders) {
     desk.folder.settings.setHelpUrl("../hlp/index%__SERCH_MESSAGE_CODE__%.html");
     desk.start();
     const std::pair<int, std::string> targets[] = {
-        {11023, "../hlp/index.html"},
-        {11024, desk.folder.file("log/kdl_server.log")},
-        {11025, desk.folder.file("log")},
-        {11099, desk.folder.file("hst/")},
+        {command::openHelp, "../hlp/index.html"},
+        {command::openLogFile, desk.folder.file("log/kdl_server.log")},
+        {command::exploreLogFolder, desk.folder.file("log")},
+        {command::exploreHistoryFolder, desk.folder.file("hst/")},
     };
     for (const auto& [command, target] : targets) {
         desk.script.expectOpen(target);
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+        EXPECT_TRUE(desk.choose(command)) << command;
         desk.script.expectOpen(target, false); // no program for it
         desk.expectMessage(3000021);
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, command)) << command;
+        EXPECT_TRUE(desk.choose(command)) << command;
         driver::settle();
     }
     EXPECT_TRUE(desk.script.done());
 }
 
 TEST_F(Start, TheVersionIsTold) {
+    using namespace version_dialog;
     DataApplication& settings = desk.folder.settings;
     settings.setVersion({1, 2, 3});
     settings.setProductJpn("");
@@ -104,17 +105,16 @@ TEST_F(Start, TheVersionIsTold) {
     settings.setProductUrl("https://example.jp/");
     desk.start();
     const auto look = [&](const std::string& name) {
-        desk.script.expectDialog("IDD_KDL0106_VERSION", [&](platform::WindowHandle dialog) {
+        desk.script.expectDialog(form, [&](Form dialog) {
             driver::settle();
-            EXPECT_EQ(platform::getText(dialog), "イントロクイズ -バージョン情報-");
-            EXPECT_EQ(platform::getText({dialog, 1602}), name);
-            EXPECT_EQ(platform::getText({dialog, 1603}), "1.02.03");
-            EXPECT_EQ(platform::getText({dialog, 1604}), "(C) 2026 イントロ製作所 & Co.");
-            EXPECT_FALSE(platform::isVisible({dialog, 1605}));
-            EXPECT_EQ(platform::getText({dialog, 1606}), "https://example.jp/");
-            driver::pressKey(dialog, "Return");
+            EXPECT_EQ(dialog.title(), "イントロクイズ -バージョン情報-");
+            EXPECT_THAT(dialog.texts({idName, idVersion, idCopyright, idAddress}),
+                        testing::ElementsAre(name, "1.02.03", "(C) 2026 イントロ製作所 & Co.",
+                                             "https://example.jp/"));
+            EXPECT_FALSE(dialog.visible(idMaker));
+            dialog.key("Return");
         });
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, 11010));
+        EXPECT_TRUE(desk.choose(command::showVersion));
     };
     look("イントロクイズ");
     host().dataApplication.setProductJpn("製品名");

@@ -3,29 +3,21 @@
 
 #include <functional>
 
-#include <gtest/gtest.h>
-
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
+#include "platform/window.h"
 
 namespace {
 
 using e2e::Desk;
-using test_support::stage;
+using e2e::Form;
+using e2e::stage;
 namespace driver = platform::driver;
 
-void closeBox(platform::WindowHandle dialog) {
-    driver::pressKey(dialog, "Escape");
+void closeBox(Form dialog) {
+    dialog.key("Escape");
 }
 
-// Brings the show into a state; the last quest is the second.
-struct Road {
-    const char* state;
-    std::function<void(Desk&)> go;
-    bool hasHistory = false;
-};
-
+// The ways into the states; the last quest is the second.
 void start(Desk& desk) {
     desk.click(ids::questStart);
     desk.hear();
@@ -37,16 +29,12 @@ void toPlay(Desk& desk) {
 
 void toWait(Desk& desk) {
     desk.playQuest();
-    desk.click(ids::stop);
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 303);
+    desk.press(ids::stop, "WAIT");
 }
 
 void toPause(Desk& desk) {
     toWait(desk);
-    desk.click(ids::pause);
-    desk.hear();
-    desk.reply("STATUSNOTIFY", 200);
+    desk.press(ids::pause, "PAUSE");
 }
 
 void toDsp(Desk& desk) {
@@ -55,22 +43,27 @@ void toDsp(Desk& desk) {
     desk.hear();
 }
 
-void toEnd(Desk& desk) {
+// A request is open: the reply ends the quest.
+void toSkip(Desk& desk) {
     toWait(desk);
-    for (int i = 0; i < 2; ++i) {
-        if (i == 1) desk.script.expectDialog("IDD_KDL0601_CONFIRM_VECTORY", closeBox);
-        desk.click(ids::skip);
-        desk.hear();
-        desk.reply("REVISION", 200);
-    }
+    desk.click(ids::skip);
+    desk.hear();
+}
+
+void toLastSkip(Desk& desk) {
+    toSkip(desk);
+    desk.reply("REVISION", 200);
+    desk.click(ids::skip);
+    desk.hear();
+}
+
+void toEnd(Desk& desk) {
+    toLastSkip(desk);
+    desk.script.expectDialog(confirm_victory::form, closeBox);
+    desk.reply("REVISION", 200);
     desk.hear();
     desk.reply("REVISION", 200);
 }
-
-const Road roads[] = {
-    {"ENABLE", [](Desk&) {}}, {"READY", start},     {"PLAY", toPlay, true}, {"WAIT", toWait, true},
-    {"PAUSE", toPause, true}, {"DSP", toDsp, true}, {"END", toEnd, true},
-};
 
 class TerminalLeaves {
 public:
@@ -84,28 +77,26 @@ public:
         if (announced) desk.announce("青木,馬場", 2);
     }
 
-    void expectEnd(bool hasHistory) {
-        desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", closeBox); // the connection is lost
+    // It goes; the lost connection is told, and the history, if there is one, offered.
+    void leave(bool reset, bool hasHistory) {
+        desk.script.expectDialog(message_box::form, closeBox);
         if (hasHistory) desk.script.expectMessageBox(platform::Answer::No);
-    }
-
-    void leave(bool reset) {
         if (reset)
             desk.peer->reset();
         else
             desk.peer->close();
+        EXPECT_TRUE(driver::settleUntil([this] { return desk.stateName() == "START"; }, 3000));
     }
 
-    void waitForEnd() {
-        EXPECT_TRUE(driver::settleUntil([this] { return desk.stateName() == "START"; }, 3000));
+    // And the next session of the evening is played on the same port.
+    void expectEnd() {
+        EXPECT_EQ(desk.stateName(), "START");
         EXPECT_EQ(host().server, nullptr);
         EXPECT_EQ(host().vrmStatus, 0);
         EXPECT_FALSE(host().connectionFlg);
+        EXPECT_EQ(host().userList[0].getName(), "");
+        EXPECT_EQ(host().userList[0].getScore(), 0);
         EXPECT_TRUE(desk.script.done());
-    }
-
-    // The next session of the evening, on the same port.
-    void playAgain() {
         desk.openSession(file);
         desk.connect();
         desk.announce("青木,馬場", 2);
@@ -120,94 +111,76 @@ public:
 } // namespace
 
 TEST(TerminalLeaves, InEachState) {
-    for (const Road& road : roads)
+    const struct {
+        const char* state;
+        std::function<void(Desk&)> go;
+        bool hasHistory = false;
+    } roads[] = {
+        {"ENABLE", [](Desk&) {}}, {"READY", start},     {"PLAY", toPlay, true}, {"WAIT", toWait, true},
+        {"PAUSE", toPause, true}, {"DSP", toDsp, true}, {"END", toEnd, true},
+    };
+    for (const auto& road : roads)
         for (const bool reset : {false, true}) {
             SCOPED_TRACE(std::string(road.state) + (reset ? " reset" : " closed"));
             TerminalLeaves show;
             road.go(show.desk);
             ASSERT_EQ(show.desk.stateName(), road.state);
-            show.expectEnd(road.hasHistory);
-            show.leave(reset);
-            show.waitForEnd();
-            show.playAgain();
+            show.leave(reset, road.hasHistory);
+            show.expectEnd();
         }
 }
 
 TEST(TerminalLeaves, BeforeItHasNamedItsUsers) {
     TerminalLeaves show(false);
     ASSERT_EQ(show.desk.stateName(), "INIT");
-    show.expectEnd(false);
-    show.leave(false);
-    show.waitForEnd();
-    show.playAgain();
+    show.leave(false, false);
+    show.expectEnd();
 }
 
-TEST(TerminalLeaves, UnderTheJudgingDialog) {
-    for (const int button : {Desk::buttonVoid, Desk::radioRight}) {
-        SCOPED_TRACE(button);
+TEST(TerminalLeaves, UnderADialog) {
+    const struct {
+        const char* form;
+        std::vector<int> buttons; // that lead out of it
+        std::function<void(Desk&)> go, open;
+        bool hasHistory = true, refused = false;
+    } rows[] = {
+        {answer_request::form,
+         {answer_request::idVoid},
+         toPlay,
+         [](Desk& desk) { desk.buzz(0); },
+         true,
+         true},
+        {answer_request::form,
+         {answer_request::idRight, answer_request::idOk},
+         toPlay,
+         [](Desk& desk) { desk.buzz(0); },
+         true,
+         true},
+        {answer_display::form, {answer_display::idOk}, toDsp, [](Desk& desk) { desk.reply("DSPANS", 200); }},
+        {confirm_victory::form,
+         {confirm_victory::idOk},
+         toLastSkip,
+         [](Desk& desk) { desk.reply("REVISION", 200); }},
+        {revision::form,
+         {revision::idOk},
+         [](Desk&) {},
+         [](Desk& desk) { desk.click(ids::revision); },
+         false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.form);
         TerminalLeaves show;
-        show.desk.playQuest();
-        show.desk.script.expectDialog("IDD_KDL0102_REQUEST", [&](platform::WindowHandle dialog) {
-            show.expectEnd(true);
-            show.leave(false);
-            EXPECT_TRUE(driver::settleUntil([&] { return show.desk.stateName() == "START"; }, 3000));
+        row.go(show.desk);
+        show.desk.script.expectDialog(row.form, [&](Form dialog) {
+            show.leave(false, row.hasHistory);
             // The judgement of a session that is over is refused.
-            show.desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", closeBox);
-            driver::click({dialog, button});
-            if (button == Desk::radioRight) driver::click({dialog, 1211});
+            if (row.refused) show.desk.script.expectDialog(message_box::form, closeBox);
+            for (const int button : row.buttons)
+                dialog.click(button);
         });
-        show.desk.buzz(0);
-        show.waitForEnd();
-        EXPECT_EQ(host().userList[0].getScore(), 0);
-        show.playAgain();
+        row.open(show.desk);
+        show.expectEnd();
     }
-}
-
-TEST(TerminalLeaves, UnderTheAnswerDisplay) {
-    TerminalLeaves show;
-    toDsp(show.desk);
-    show.desk.script.expectDialog("IDD_KDL0103_ANSWERDSP", [&](platform::WindowHandle dialog) {
-        show.expectEnd(true);
-        show.leave(true);
-        EXPECT_TRUE(driver::settleUntil([&] { return show.desk.stateName() == "START"; }, 3000));
-        driver::click({dialog, 1315});
-    });
-    show.desk.reply("DSPANS", 200);
-    show.waitForEnd();
-    show.playAgain();
-}
-
-TEST(TerminalLeaves, UnderTheResultDialog) {
-    TerminalLeaves show;
-    toWait(show.desk);
-    show.desk.click(ids::skip);
-    show.desk.hear();
-    show.desk.reply("REVISION", 200);
-    show.desk.click(ids::skip);
-    show.desk.hear();
-    show.desk.script.expectDialog("IDD_KDL0601_CONFIRM_VECTORY", [&](platform::WindowHandle dialog) {
-        show.expectEnd(true);
-        show.leave(false);
-        EXPECT_TRUE(driver::settleUntil([&] { return show.desk.stateName() == "START"; }, 3000));
-        driver::click({dialog, 6102});
-    });
-    show.desk.reply("REVISION", 200);
-    show.waitForEnd();
-    show.playAgain();
-}
-
-TEST(TerminalLeaves, UnderTheRevisionDialog) {
-    TerminalLeaves show;
-    show.desk.script.expectDialog("IDD_KDL0104_REVISION", [&](platform::WindowHandle dialog) {
-        show.expectEnd(false);
-        show.leave(false);
-        EXPECT_TRUE(driver::settleUntil([&] { return show.desk.stateName() == "START"; }, 3000));
-        driver::click({dialog, 1440});
-    });
-    EXPECT_TRUE(show.desk.click(ids::revision));
-    show.waitForEnd();
-    EXPECT_EQ(host().userList[0].getName(), ""); // the ended session does not get its users back
-    show.playAgain();
 }
 
 TEST(TerminalLeaves, UnderTheHistoryQuestion) {
@@ -216,45 +189,38 @@ TEST(TerminalLeaves, UnderTheHistoryQuestion) {
     bool asked = false;
     show.desk.script.expectMessageBox(platform::Answer::No, [&](const std::string&) {
         asked = true;
-        show.leave(false);
+        show.desk.peer->close();
         driver::settle(); // asks no second time
     });
-    EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    EXPECT_TRUE(show.desk.choose(ids::endSession));
     EXPECT_TRUE(asked);
-    show.waitForEnd();
-    show.playAgain();
+    show.expectEnd();
 }
 
 TEST(TerminalLeaves, UnderTheQuestionBeforeClosing) {
     TerminalLeaves show;
     show.desk.playQuest();
-    show.desk.script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [&](platform::WindowHandle question) {
-        show.expectEnd(true); // the history is offered here, and not again for the answer below
-        show.leave(false);
-        EXPECT_TRUE(driver::settleUntil([&] { return show.desk.stateName() == "START"; }, 3000));
-        EXPECT_TRUE(driver::click({question, 111})); // yes
+    show.desk.script.expectDialog(message_box::form, [&](Form question) {
+        show.leave(false, true); // the history is offered here, and not again for the answer below
+        question.click(message_box::idAnswer1);
     });
     driver::closeBox(host().mainWindow);
     EXPECT_TRUE(platform::isWindow(host().mainWindow));
-    show.waitForEnd();
-    show.playAgain();
+    show.expectEnd();
 }
 
 // A terminal that hung wakes while the session is being ended: nothing starts again behind the question.
 TEST(TerminalLeaves, NotButAnswersUnderTheHistoryQuestion) {
-    struct Case {
+    const struct {
         const char* what;
         std::function<void(Desk&)> go; // leaves a request of the host open
         const char* method;
         int code;
-    };
-    const Case cases[] = {
+    } rows[] = {
         {"lead-in",
          [](Desk& desk) {
              toWait(desk);
-             desk.click(ids::skip);
-             desk.hear();
-             desk.reply("REVISION", 200);
+             desk.skip();
              start(desk);
          },
          "STATUSNOTIFY", 301},
@@ -266,24 +232,18 @@ TEST(TerminalLeaves, NotButAnswersUnderTheHistoryQuestion) {
          },
          "STATUSNOTIFY", 302},
         {"answers", toDsp, "DSPANS", 200},
-        {"revision",
-         [](Desk& desk) {
-             toWait(desk);
-             desk.click(ids::skip);
-             desk.hear();
-         },
-         "REVISION", 200},
+        {"revision", toSkip, "REVISION", 200},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
         TerminalLeaves show;
-        c.go(show.desk);
+        row.go(show.desk);
         ASSERT_EQ(host().vrmStatus, 1);
         show.desk.script.expectMessageBox(platform::Answer::No, [&](const std::string&) {
-            show.desk.reply(c.method, c.code);
+            show.desk.reply(row.method, row.code);
             show.desk.buzz(0);
         });
-        EXPECT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+        EXPECT_TRUE(show.desk.choose(ids::endSession));
         EXPECT_EQ(show.desk.stateName(), "START");
         EXPECT_FALSE(host().questMedia[0].isPlaying());
         show.desk.pass(3000);
