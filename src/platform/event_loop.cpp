@@ -30,6 +30,7 @@ struct Loop {
     std::deque<Posted> posted;
     detail::Timers timers;
     std::optional<int> quitCode;
+    std::exception_ptr fault; // waits to be thrown
     LResult (*deliver)(const Message&) = nullptr;
     bool (*lives)(WindowHandle) = nullptr; // none: every window does
 };
@@ -50,11 +51,16 @@ void wakeAfter(std::int64_t ms) {
     timer->start(static_cast<int>(std::clamp<std::int64_t>(ms, 0, 60'000)));
 }
 
+void throwFault() {
+    if (loop().fault) std::rethrow_exception(std::exchange(loop().fault, nullptr));
+}
+
 void runToolkit(QEventLoop::ProcessEventsFlags flags = QEventLoop::AllEvents) {
     if (!QCoreApplication::instance()) return;
     QCoreApplication::processEvents(flags);
     // A loop that is not the toolkit's own has to ask for this.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    throwFault();
 }
 
 // Sleeps until the toolkit has something, the next timer is due or the time is up.
@@ -80,6 +86,7 @@ std::optional<Message> takePosted() {
 
 // Posted messages, then what the toolkit and the sockets bring, then timers. A quit is not among them.
 std::optional<Message> takeNext() {
+    throwFault();
     if (const auto due = loop().timers.nextDue();
         due && *due + longestDelayMs <= nowMs() && !detail::quitWaits())
         return loop().timers.takeDue(nowMs());
@@ -173,6 +180,11 @@ void setDeliver(LResult (*function)(const Message&), bool (*lives)(WindowHandle)
 
 void postGuarded(const Message& message, std::function<bool()> stillTrue) {
     loop().posted.push_back({message, std::move(stillTrue)});
+}
+
+void keepFault(std::exception_ptr fault) {
+    // What is already on its way out leads to the same place.
+    if (!loop().fault && std::uncaught_exceptions() == 0) loop().fault = std::move(fault);
 }
 
 void forgetWindow(WindowHandle window) {

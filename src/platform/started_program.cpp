@@ -96,10 +96,9 @@ bool startProgram(const std::vector<std::string>& command, std::function<void()>
         new QSocketNotifier(running->descriptor, QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(end, &QSocketNotifier::activated, end,
                      [end, running, failed = std::move(failed), latest = nowMs() + startMs] {
-                         const Handler handler;
                          end->setEnabled(false);
                          end->deleteLater();
-                         if (!running->endedWell() && nowMs() <= latest) failed();
+                         if (!running->endedWell() && nowMs() <= latest) enterProgram(failed);
                      });
     return true;
 }

@@ -6,9 +6,11 @@
 #include "e2e/desk.h"
 #include "editors/dialog_ids.h"
 #include "host/shell/command_ids.h"
+#include "host/shell/tonalplayermain.h"
 #include "host/shell/version_dialog_ids.h"
 #include "platform/files.h"
 #include "platform/menu.h"
+#include "platform/messages.h"
 #include "platform/window.h"
 
 namespace {
@@ -54,6 +56,21 @@ TEST_F(Start, PreparesTheDesk) {
     const auto log = platform::readFile(desk.folder.file("log/kdl_server.log"));
     ASSERT_TRUE(log);
     EXPECT_NE(log->find("C2000001"), std::string::npos);
+}
+
+TEST_F(Start, AFaultIsToldAndEndsTheProgram) {
+    desk.folder.keepSettings(broken[0]);
+    desk.folder.writeSettings();
+    desk.script.expectDialog(message_box::form, [](Form aboutTheSettings) {
+        platform::postMessage(host().mainWindow, platform::WM_COMMAND, command::showVersion);
+        aboutTheSettings.key("Escape");
+    });
+    desk.script.expectDialog(version_dialog::form, [](Form) { throw std::runtime_error("fault"); });
+    desk.expectMessage(4000002);
+    EXPECT_EQ(WinMain(desk.folder.moduleFolder()), 1);
+    EXPECT_TRUE(desk.script.done());
+    const auto log = platform::readFile(desk.folder.file("log/kdl_server.log"));
+    EXPECT_NE(log.value_or("").find("fault"), std::string::npos);
 }
 
 TEST_F(Start, TheMenuOpensItsDialogs) {

@@ -279,6 +279,39 @@ TEST(Dialog, TheEndOfTheOwnerEndsDialogsOverItsDialogs) {
     EXPECT_EQ(asked, Answer::Cancel);
 }
 
+TEST(Dialog, WhatAProcedureThrowsReachesTheCallerOfTheOutermost) {
+    TestWindow main(WS_VISIBLE);
+    Soon soon(main);
+    std::vector<WindowHandle> dialogs;
+    int ends = 0;
+    const auto note = [&](WindowHandle dialog, const Message& message) {
+        if (message.id == WM_INITDIALOG) dialogs.push_back(dialog);
+        ends += message.id == WM_DESTROY;
+        return message.id == WM_COMMAND && lowWord(message.wParam) == IDOK;
+    };
+    soon.run([&] { driver::click({dialogs.at(0), IDOK}); });
+    const auto outer = [&](WindowHandle dialog, const Message& message) {
+        if (!note(dialog, message)) return false;
+        soon.run([&] { driver::click({dialogs.at(1), IDOK}); });
+        runDialog(dialog, form, [&](WindowHandle inner, const Message& told) {
+            if (note(inner, told)) throw std::runtime_error("fault");
+            return false;
+        });
+        ADD_FAILURE() << "went on after the fault";
+        return true;
+    };
+    EXPECT_THROW(runDialog(main, form, outer), std::runtime_error);
+    EXPECT_EQ(ends, 2) << "both were told of their end";
+    EXPECT_THAT(driver::openDialogs(), IsEmpty());
+    for (const WindowHandle dialog : dialogs) {
+        EXPECT_FALSE(isWindow(dialog));
+        EXPECT_EQ(sendMessage(dialog, WM_COMMAND, IDOK), 0);
+    }
+    EXPECT_TRUE(isEnabled(main.window));
+    soon.run([&] { driver::click({driver::openDialogs().back().window, IDOK}); });
+    EXPECT_EQ(runDialog(main, form, endOnButtons), 10);
+}
+
 TEST(Script, ReportsWhatCameUnexpectedAndWhatDidNotCome) {
     TestWindow main;
     driver::Script script;

@@ -3,6 +3,7 @@
 // boxes, menus and file dialogs are opened without blocking and waited for with runUntil.
 
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <optional>
 
@@ -23,6 +24,10 @@ void forgetWindow(WindowHandle window);
 // Delivers messages and toolkit events until the condition holds or a quit waits (which stays in the queue).
 // True when the condition holds.
 bool runUntil(const std::function<bool()>& condition);
+
+// Keeps what was thrown where it could not go on. The innermost loop throws it at its next turn, when the
+// toolkit is out of the way; of several the first.
+void keepFault(std::exception_ptr fault);
 
 // A quit was posted and not yet taken by getMessage or peekMessage.
 bool quitWaits();

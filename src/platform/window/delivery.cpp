@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/detail/event_loop.h"
 #include "platform/detail/registry.h"
 
 namespace platform::detail {
@@ -15,6 +16,18 @@ std::vector<QPointer<QWidget>>& graveyard() {
     return instance;
 }
 
+struct Handler {
+    Handler() { ++handlersUnderWay; }
+    ~Handler() {
+        if (--handlersUnderWay > 0) return;
+        // The toolkit's own part of the handler is still above us: deleteLater waits for its end.
+        for (const auto& widget : std::exchange(graveyard(), {}))
+            if (widget) widget->deleteLater();
+    }
+    Handler(const Handler&) = delete;
+    Handler& operator=(const Handler&) = delete;
+};
+
 // A page ends with its sheet.
 bool hasEnded(const Record& dialog) {
     if (dialog.result) return true;
@@ -23,17 +36,6 @@ bool hasEnded(const Record& dialog) {
 }
 
 } // namespace
-
-Handler::Handler() {
-    ++handlersUnderWay;
-}
-
-Handler::~Handler() {
-    if (--handlersUnderWay > 0) return;
-    // The toolkit's own part of the handler is still above us: deleteLater waits for its end.
-    for (const auto& widget : std::exchange(graveyard(), {}))
-        if (widget) widget->deleteLater();
-}
 
 LResult deliver(const Message& message) {
     const Record* record = findRecord(message.window);
@@ -49,9 +51,19 @@ LResult deliver(const Message& message) {
     return record->proc ? record->proc(message.window, message.id, message.wParam, message.lParam) : 0;
 }
 
-LResult notify(WindowHandle window, unsigned message, WParam wParam, LParam lParam) {
+void enterProgram(const std::function<void()>& act) {
     const Handler handler;
-    return sendMessage(window, message, wParam, lParam);
+    try {
+        act();
+    } catch (...) {
+        keepFault(std::current_exception());
+    }
+}
+
+LResult notify(WindowHandle window, unsigned message, WParam wParam, LParam lParam) {
+    LResult result = 0;
+    enterProgram([&] { result = sendMessage(window, message, wParam, lParam); });
+    return result;
 }
 
 void bury(QWidget* widget) {

@@ -2,6 +2,7 @@
 
 #include <QLayout>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <algorithm>
 
 #include "platform/detail/answers.h"
@@ -42,8 +43,13 @@ void fitToForm(DialogWindow& dialog, const QWidget& form, QPushButton* ok) {
     dialog.resize((form.size() + QSize(0, menu)).expandedTo(dialog.minimumSizeHint()));
 }
 
-int finish(WindowHandle dialog) {
-    sendMessage(dialog, WM_DESTROY);
+// The dialog's procedure is told, and is out of reach then.
+int finish(WindowHandle dialog) noexcept {
+    try {
+        sendMessage(dialog, WM_DESTROY);
+    } catch (...) {
+        keepFault(std::current_exception());
+    }
     const Record* record = findRecord(dialog);
     const int result = record ? record->result.value_or(IDCANCEL) : IDCANCEL;
     removeRecord(dialog);
@@ -79,15 +85,19 @@ int detail::runDialogWindow(WindowHandle owner, const std::string& name, const D
     record.reportedSize = widget->size();
     record.dialogProc = &proc;
 
-    sendMessage(dialog, WM_INITDIALOG);
-    if (!hasEnded(dialog)) {
-        modal.show();
-        if (answers())
-            answers()->dialog(name, dialog);
-        else if (!modal.waitUntil([dialog] { return hasEnded(dialog); }))
-            sendMessage(dialog, WM_COMMAND, makeLong(IDCANCEL, BN_CLICKED));
+    int result = IDCANCEL;
+    {
+        const auto end = qScopeGuard([&] { result = finish(dialog); }); // also when something is thrown
+        sendMessage(dialog, WM_INITDIALOG);
+        if (!hasEnded(dialog)) {
+            modal.show();
+            if (answers())
+                answers()->dialog(name, dialog);
+            else if (!modal.waitUntil([dialog] { return hasEnded(dialog); }))
+                sendMessage(dialog, WM_COMMAND, makeLong(IDCANCEL, BN_CLICKED));
+        }
     }
-    return finish(dialog);
+    return result;
 }
 
 int runDialog(WindowHandle owner, const std::string& name, const DialogProc& proc) {

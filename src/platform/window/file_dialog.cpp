@@ -67,13 +67,12 @@ public:
     }
 
     void accept() override {
-        const Handler handler;
         const QStringList files = selectedFiles();
         if (files.isEmpty()) return;
         const QFileInfo first(files.front());
-        const bool entersFolder = first.isDir() && fileMode() != Directory;
-        if (!entersFolder && !agreesTo(files, first)) return;
-        QFileDialog::accept();
+        bool agreed = first.isDir() && fileMode() != Directory; // enters the folder
+        if (!agreed) enterProgram([&] { agreed = agreesTo(files, first); });
+        if (agreed) QFileDialog::accept();
     }
 
 private:

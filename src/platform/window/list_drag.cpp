@@ -78,9 +78,8 @@ private:
         const auto place = placeBelow(event);
         if (!place) return;
         const int toRow = to_->indexAt(*place).row();
-        const Handler handler;
         const auto dropped = dropped_; // survives the list, should its window end in there
-        dropped(row, toRow);
+        enterProgram([&] { dropped(row, toRow); });
     }
 
     // Where in the other list the mouse is; none outside of it.

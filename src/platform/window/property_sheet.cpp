@@ -132,9 +132,8 @@ private:
         for (const Page& page : pages_)
             tabs_->addTab(findRecord(page.window)->widget->windowTitle());
         QObject::connect(tabs_, &QTabBar::currentChanged, tabs_, [this](int wanted) {
-            const Handler handler;
             markTab(current_); // until the page agrees to be left
-            leaveFor(wanted);
+            enterProgram([this, wanted] { leaveFor(wanted); });
         });
         column.addWidget(tabs_);
     }
