@@ -6,84 +6,71 @@
 #include "editors/add_rest.h"
 #include "editors/add_rest_dialog.h"
 #include "editors/catalogue_desk.h"
-#include "editors/confirm_duplicate.h"
+#include "editors/dialog_ids.h"
 #include "editors/dialogcontrollist.h"
-#include "platform/listview.h"
 #include "support/watched_sound.h"
 
 namespace {
 
 using namespace editors_tests;
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// Of the editor.
-enum : int { idNumber = 3202, idFileName = 3203, idTitle = 3205, idOk = 3253, idCancel = 3254 };
-enum : int { idBatchText = 3266, idTakeRest = 3267, idStopBatch = 3268 };
-// Of the question.
-enum : int { idQuestion = 3402, idDetails = 3403, idEdit = 3405, idNew = 3406, idKeep = 3407, idStop = 3408 };
-// Of the work without the editor.
-enum : int { idSongs = 3336 }; // of the list
-enum : int { idRestFile = 3501, idRestBar = 3502, idRestCount = 3503, idRestStop = 3504 };
+namespace question = confirm_duplicate;
+enum : int { fileUnreadable = 4000008, whatWasAdded = 2000028, notStored = 3000004 };
 
 class AddSongs : public CatalogueDesk {
 protected:
-    // The editor comes next, for that file; there the buttons are pressed.
-    void expectEditor(const std::string& path, const std::vector<int>& buttons) {
-        script.expectDialog("IDD_KDL0302_EDIT", [=, this](WindowHandle dialog) {
+    // The editor comes next, for that file, and is left by the button.
+    void expectEditor(const std::string& path, int button = resource_edit::idOk) {
+        script.expectDialog(resource_edit::form, [=, this](Form editor) {
             driver::settle();
-            EXPECT_EQ(platform::getText({dialog, idFileName}), path);
-            places.push_back(platform::getText({dialog, idBatchText}));
-            for (const int id : buttons)
-                EXPECT_TRUE(driver::click({dialog, id})) << id;
+            EXPECT_EQ(editor.text(resource_edit::idFileName), path);
+            places.push_back(editor.text(resource_edit::idBatchText));
+            editor.click(button);
         });
     }
+    // Likewise the question about a file that is known.
     void expectQuestion(int button) {
-        script.expectDialog("IDD_KDL0304_EDIT_CONFIRM", [=](WindowHandle dialog) {
-            EXPECT_TRUE(driver::click({dialog, button})) << button;
-        });
+        script.expectDialog(question::form, [=](Form box) { box.click(button); });
     }
+    // And the work without the editor.
+    void expectRest(const std::function<void(Form)>& act) { script.expectDialog(add_rest::form, act); }
     void add(const std::vector<std::string>& files) {
         addSongs({}, files);
         EXPECT_THAT(script.faults(), IsEmpty());
     }
 
-    driver::Script script;
     std::vector<std::string> places;
 };
 
 TEST_F(AddSongs, AFileThatIsKnownIsAskedAbout) {
     const std::string path = file("song.mp3");
     const int number = addSong(path);
-    script.expectDialog("IDD_KDL0304_EDIT_CONFIRM", [&](WindowHandle dialog) {
-        driver::settle();
-        EXPECT_EQ(platform::getText(dialog), "音楽ファイルの重複登録確認");
-        EXPECT_THAT(platform::getText({dialog, idQuestion}),
+    script.expectDialog(question::form, [&](Form box) {
+        EXPECT_EQ(box.title(), "音楽ファイルの重複登録確認");
+        EXPECT_THAT(box.text(question::idQuestion),
                     HasSubstr("選択したファイルは、既に登録されています。\r\n[編集]ボタンを押すと、"
                               "既存のデータを編集します。[新規]ボタンを押すと"));
-        EXPECT_THAT(platform::getText({dialog, idDetails}), HasSubstr("タイトル：曲"));
-        EXPECT_THAT(platform::getText({dialog, idDetails}), HasSubstr("ファイル名：" + path));
-        EXPECT_FALSE(platform::isVisible({dialog, idStop})) << "there is nothing behind a single file";
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-        driver::click({dialog, idKeep});
+        EXPECT_THAT(box.text(question::idDetails),
+                    AllOf(HasSubstr("タイトル：曲"), HasSubstr("ファイル名：" + path)));
+        EXPECT_FALSE(box.visible(question::idStopBatch)) << "there is nothing behind a single file";
+        EXPECT_THAT(box.cut(), IsEmpty());
+        box.click(question::idCancel);
     });
     add({path});
     EXPECT_THAT(script.beeps(), ElementsAre(platform::SystemIcon::Warning));
-
-    expectQuestion(idEdit);
-    script.expectDialog("IDD_KDL0302_EDIT", [&](WindowHandle dialog) {
-        EXPECT_EQ(platform::getText({dialog, idNumber}), std::to_string(number));
-        driver::click({dialog, idCancel});
-    });
-    add({path});
-
-    expectQuestion(idNew);
-    script.expectDialog("IDD_KDL0302_EDIT", [&](WindowHandle dialog) {
-        EXPECT_EQ(platform::getText({dialog, idNumber}), "[新規登録]");
-        driver::click({dialog, idOk});
-    });
-    add({path});
+    for (const auto& [button, shown] :
+         {std::pair(+question::idEdit, std::to_string(number)), {question::idNew, "[新規登録]"}}) {
+        expectQuestion(button);
+        script.expectDialog(resource_edit::form, [text = shown](Form editor) {
+            EXPECT_EQ(editor.text(resource_edit::idNumber), text);
+            editor.click(resource_edit::idOk);
+        });
+        add({path});
+    }
     EXPECT_THAT(titlesOnDisk(), ElementsAre("曲", "song"));
 }
 
@@ -91,13 +78,13 @@ TEST_F(AddSongs, SeveralFilesComeInTheirOrderPastThoseThatDoNotOpen) {
     const std::vector<std::string> files{file("b.mp3"), folder.file("gone.mp3"), folder.file("empty.wav"),
                                          file("B.MP3"), file("a.wav")};
     std::ofstream(folder.file("empty.wav"));
-    expectEditor(files[0], {idOk});
-    expectEditor(files[1], {idCancel});
-    expectMessage(script, 4000008);
-    expectEditor(files[2], {idCancel});
-    expectMessage(script, 4000008);
-    expectQuestion(idKeep); // the same file as the first, written otherwise
-    expectEditor(files[4], {idOk});
+    expectEditor(files[0]);
+    expectEditor(files[1], resource_edit::idCancel);
+    expectMessage(fileUnreadable);
+    expectEditor(files[2], resource_edit::idCancel);
+    expectMessage(fileUnreadable);
+    expectQuestion(question::idCancel); // the same file as the first, written otherwise
+    expectEditor(files[4]);
     add(files);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("b", "a"));
     EXPECT_THAT(places, ElementsAre("1／5曲目", "2／5曲目", "3／5曲目", "5／5曲目"));
@@ -105,12 +92,12 @@ TEST_F(AddSongs, SeveralFilesComeInTheirOrderPastThoseThatDoNotOpen) {
 
 TEST_F(AddSongs, TheHostCanStopBetweenTwoFiles) {
     const std::vector<std::string> files{file("a.mp3"), file("b.mp3"), file("c.mp3")};
-    expectEditor(files[0], {idOk});
-    expectEditor(files[1], {idStopBatch});
+    expectEditor(files[0]);
+    expectEditor(files[1], resource_edit::idStopBatch);
     add(files);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("a"));
 
-    expectQuestion(idStop);
+    expectQuestion(question::idStopBatch);
     add(files);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("a"));
 }
@@ -118,16 +105,15 @@ TEST_F(AddSongs, TheHostCanStopBetweenTwoFiles) {
 TEST_F(AddSongs, TheRestIsAddedAsItIs) {
     const std::vector<std::string> files{file("a.mp3"), file("b(1).mp3", 12300), folder.file("gone.mp3"),
                                          file("a.MP3"), file("c.ogg"),           file("d")};
-    expectEditor(files[0], {idTakeRest});
-    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
-        driver::settle();
-        EXPECT_EQ(platform::getText({dialog, idRestFile}), "b(1).mp3");
-        EXPECT_EQ(platform::getText({dialog, idRestCount}), "0／5曲");
+    expectEditor(files[0], resource_edit::idTakeRest);
+    expectRest([&](Form work) {
+        EXPECT_EQ(work.text(add_rest::idFileName), "b(1).mp3");
+        EXPECT_EQ(work.text(add_rest::idCount), "0／5曲");
         clock.advance(10);
-        EXPECT_EQ(platform::getText({dialog, idRestFile}), "gone.mp3");
-        EXPECT_EQ(platform::getPosition({dialog, idRestBar}), 1);
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-        expectMessage(script, 2000028);
+        EXPECT_EQ(work.text(add_rest::idFileName), "gone.mp3");
+        EXPECT_EQ(work.place(add_rest::idProgress), 1);
+        EXPECT_THAT(work.cut(), IsEmpty());
+        expectMessage(whatWasAdded);
         clock.advance(1000);
     });
     add(files);
@@ -142,11 +128,11 @@ TEST_F(AddSongs, WhatWasAddedStaysWhenTheRestIsStopped) {
     std::vector<std::string> files;
     for (const char* name : {"a.mp3", "b.mp3", "c.mp3", "d.mp3"})
         files.push_back(file(name));
-    expectEditor(files[0], {idTakeRest});
-    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+    expectEditor(files[0], resource_edit::idTakeRest);
+    expectRest([&](Form work) {
         clock.advance(20);
-        expectMessage(script, 2000028);
-        driver::click({dialog, idRestStop});
+        expectMessage(whatWasAdded);
+        work.click(add_rest::idStop);
     });
     add(files);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("a", "b", "c"));
@@ -158,13 +144,13 @@ TEST_F(AddSongs, TheRestWaitsForADiskThatSleeps) {
     sound.setMeasuringTime(3000);
     const std::vector<std::string> rest{file("a.mp3", 12300), file("nothing.wav", 0), file("b.mp3")};
     FileIndex index(host().accesserResource);
-    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+    expectRest([&](Form work) {
         clock.advance(2900);
-        EXPECT_EQ(platform::getText({dialog, idRestFile}), "a.mp3");
-        EXPECT_EQ(platform::getText({dialog, idRestCount}), "0／3曲");
+        EXPECT_EQ(work.text(add_rest::idFileName), "a.mp3");
+        EXPECT_EQ(work.text(add_rest::idCount), "0／3曲");
         clock.advance(200);
-        EXPECT_EQ(platform::getText({dialog, idRestFile}), "nothing.wav");
-        expectMessage(script, 2000028);
+        EXPECT_EQ(work.text(add_rest::idFileName), "nothing.wav");
+        expectMessage(whatWasAdded);
         clock.advance(6000);
     });
     dlgAddRest({}, index, rest);
@@ -184,16 +170,16 @@ TEST_F(AddSongs, TheRestWaitsForTheAnswerToAQuestion) {
         clock.advance(1000);
         return questions > 1;
     });
-    expectEditor(files[0], {idTakeRest});
-    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+    expectEditor(files[0], resource_edit::idTakeRest);
+    expectRest([&](Form work) {
         AccesserResource other;
         ASSERT_EQ(other.open(folder.file("ResourceData.xml")), 1);
         other.add({});
         ASSERT_EQ(other.commit(), 1);
         clock.advance(490);
-        EXPECT_EQ(platform::getText({dialog, idRestCount}), "49／55曲");
-        expectMessage(script, 3000004);
-        expectMessage(script, 2000028);
+        EXPECT_EQ(work.text(add_rest::idCount), "49／55曲");
+        expectMessage(notStored);
+        expectMessage(whatWasAdded);
         clock.advance(1000);
     });
     add(files);
@@ -203,11 +189,11 @@ TEST_F(AddSongs, TheRestWaitsForTheAnswerToAQuestion) {
     // Answered with yes, the work goes on with the file after.
     const std::vector<std::string> rest(files.begin() + 1, files.end());
     FileIndex index(host().accesserResource);
-    script.expectDialog("IDD_KDL0305_ADD_REST", [&](WindowHandle dialog) {
+    expectRest([&](Form work) {
         clock.advance(500);
         EXPECT_EQ(questions, 2);
-        EXPECT_EQ(platform::getText({dialog, idRestCount}), "50／55曲");
-        expectMessage(script, 2000028);
+        EXPECT_EQ(work.text(add_rest::idCount), "50／55曲");
+        expectMessage(whatWasAdded);
         clock.advance(1000);
     });
     dlgAddRest({}, index, rest);
@@ -291,30 +277,28 @@ TEST_F(AddSongs, StartsInTheFolderOfTheNewestSongThereIs) {
 TEST_F(AddSongs, TheLauncherAddsSearchesAndLists) {
     addSong(file("old.mp3"));
     const std::string path = file("new.mp3");
-    script.expectDialog("IDD_KDL0301_EDIT_RESOURCE_LIST", [&](WindowHandle dialog) {
-        driver::settle();
-        EXPECT_EQ(platform::getText(dialog), "音楽ファイルの追加・編集");
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
+    const auto expectList = [&](int rows) {
+        script.expectDialog(search_list::form, [=](Form list) {
+            EXPECT_EQ(list.rows(search_list::idList).size(), rows);
+            list.close();
+        });
+    };
+    script.expectDialog(control_list::form, [&](Form launcher) {
+        EXPECT_EQ(launcher.title(), "音楽ファイルの追加・編集");
+        EXPECT_THAT(launcher.cut(), IsEmpty());
         script.expectFileDialog("");
-        driver::click({dialog, 3101});
+        launcher.click(control_list::idAdd);
         script.expectFileDialog({path, file("newer.mp3")});
-        expectEditor(path, {idOk});
-        expectEditor(folder.file("newer.mp3"), {idOk});
-        driver::click({dialog, 3101});
-        script.expectDialog("IDD_KDL0303_SERCHLIST", [](WindowHandle list) {
-            EXPECT_EQ(platform::listRowCount({list, idSongs}), 0);
-            driver::closeBox(list);
-        });
-        driver::click({dialog, 3102});
-        script.expectDialog("IDD_KDL0303_SERCHLIST", [](WindowHandle list) {
-            EXPECT_EQ(platform::listRowCount({list, idSongs}), 3);
-            driver::closeBox(list);
-        });
-        driver::click({dialog, 3103});
-        driver::click({dialog, 3105});
+        expectEditor(path);
+        expectEditor(folder.file("newer.mp3"));
+        launcher.click(control_list::idAdd);
+        expectList(0);
+        launcher.click(control_list::idSearch);
+        expectList(3);
+        launcher.click(control_list::idList);
+        launcher.click(control_list::idOk);
     });
     dialogControlList({});
-    EXPECT_THAT(script.faults(), IsEmpty());
     EXPECT_THAT(titlesOnDisk(), ElementsAre("曲", "new", "newer"));
 }
 

@@ -6,28 +6,28 @@
 #include <string>
 #include <vector>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "data/labels.h"
 #include "host/state/host_state.h"
 #include "platform/clock.h"
-#include "platform/controls.h"
-#include "platform/driver.h"
 #include "platform/files.h"
+#include "support/form.h"
 #include "support/temporary_folder.h"
 #include "support/test_sounds.h"
 
 namespace editors_tests {
 
 namespace driver = platform::driver;
-using platform::WindowHandle;
+using test_support::Form;
 
 class CatalogueDesk : public testing::Test {
 protected:
     CatalogueDesk() {
         resetHost();
         EXPECT_EQ(host().accesserResource.open(folder.file("ResourceData.xml")), 1);
+    }
+    ~CatalogueDesk() override {
+        EXPECT_THAT(script.faults(), testing::IsEmpty());
+        resetHost();
     }
 
     // A file of silence, whatever its name says, by default of a minute; its path.
@@ -74,16 +74,23 @@ protected:
         return titles;
     }
 
-    // The numbered message that comes next is closed with its first button.
-    static void expectMessage(driver::Script& script, int code) {
-        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [code](WindowHandle box) {
-            EXPECT_EQ(platform::getText({box, 102}), "C" + std::to_string(code));
-            driver::click({box, 111});
+    // What `open` gives, whose dialog of that form `act` leaves.
+    template <class Open>
+    auto answer(const char* form, Open open, const std::function<void()>& act) {
+        script.expectDialog(form, [&](Form opened) {
+            dialog = opened;
+            driver::settle();
+            act();
         });
+        return open();
     }
+    // The numbered message that comes next is closed with its first button.
+    void expectMessage(int code) { test_support::expectMessage(script, code, 0); }
 
     test_support::TemporaryFolder folder;
     platform::ManualClock clock{{2026, 3, 0, 1, 19, 0, 0, 0}};
+    driver::Script script; // has run as written at the end
+    Form dialog;           // that answer() has opened
 };
 
 } // namespace editors_tests

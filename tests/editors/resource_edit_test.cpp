@@ -1,12 +1,9 @@
-#include "editors/resource_edit.h"
+// The fields of a song: what is shown, what is something to store, and what storing leaves.
 
 #include <filesystem>
 #include <fstream>
 
-#include "data/labels.h"
-#include "editors/catalogue_desk.h"
-#include "platform/sound.h"
-#include "support/watched_sound.h"
+#include "editors/song_editor.h"
 
 namespace {
 
@@ -14,129 +11,39 @@ using namespace editors_tests;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-enum : int {
-    idNumber = 3202,
-    idFileName = 3203,
-    idBrowse = 3204,
-    idTitle = 3205,
-    idArtist = 3206,
-    idArtistKana = 3207,
-    idReleaseDate = 3208,
-    idGenre = 3209,
-    idFileType = 3210,
-    idSingle = 3212,
-    idAlbumOnly = 3213,
-    idUnknownType = 3214,
-    idSlider = 3215,
-    idReverse = 3216,
-    idPlay = 3217,
-    idStop = 3218,
-    idPosition = 3220,
-    idLength = 3222,
-    idOk = 3253,
-    idCancel = 3254,
-    idApply = 3255,
-    idVolume = 3256,
-    idSpeed = 3257,
-    idVolumeText = 3258,
-    idSpeedText = 3259,
-    idNormalSpeed = 3260,
-    idCopyIntro = 3261,
-    idCopySabi = 3262,
-    idFamous = 3263,
-    idDeficalt = 3264,
-    idBatch = 3265,
-    idBatchText = 3266,
-    idTakeRest = 3267,
-    idStopBatch = 3268,
-};
+constexpr platform::SystemTime anotherDay{2012, 3, 0, 4, 0, 0, 0, 0};
+enum : int { idSingle = idType1, idAlbumOnly, idUnknownType };
 
-// A row of a range, by the number of its first control.
-constexpr int intro = 3223, sabi = 3233, answer = 3243;
-enum : int { rangeStart, rangeEnd, markStart, markEnd, rangeSlider, rangePlay, rangeStop, rangePosition };
-
-class ResourceEdit : public CatalogueDesk {
-protected:
-    // Opens the editor and does `act` in it, which closes it.
-    int edit(int no, const std::function<void()>& act, const std::string& fileName = {},
-             BatchPlace place = {}) {
-        script.expectDialog("IDD_KDL0302_EDIT", [&](WindowHandle window) {
-            dialog = window;
-            driver::settle();
-            act();
-        });
-        const int result = dlgResourceEdit({}, no, fileName, place);
-        EXPECT_THAT(script.faults(), IsEmpty());
-        return result;
-    }
-    // On a new song that the file was made for, and gone again with Cancel.
-    void tryOut(const std::string& path, const std::function<void()>& act) {
-        edit(
-            -1,
-            [&] {
-                act();
-                click(idCancel);
-            },
-            path);
-    }
-
-    platform::Control at(int id) const { return {dialog, id}; }
-    std::string text(int id) const { return platform::getText(at(id)); }
-    int place(int id) const { return platform::getPosition(at(id)); }
-    bool live(int id) const { return platform::isEnabled(at(id)); }
-    void click(int id) const { EXPECT_TRUE(driver::click(at(id))) << id; }
-    void type(int id, const std::string& typed) const { EXPECT_TRUE(driver::type(at(id), typed)) << id; }
-    std::string range(int row) const { return text(row + rangeStart) + "-" + text(row + rangeEnd); }
-    // Of the buttons to play and to stop, those that can be pressed.
-    std::vector<int> livePlayers() const {
-        std::vector<int> ids;
-        for (const int id : {+idPlay, +idStop, intro + rangePlay, intro + rangeStop, sabi + rangePlay,
-                             sabi + rangeStop, answer + rangePlay, answer + rangeStop})
-            if (live(id)) ids.push_back(id);
-        return ids;
-    }
-
-    driver::Script script;
-    WindowHandle dialog;
-};
+using ResourceEdit = SongEditor;
 
 TEST_F(ResourceEdit, ShowsTheEntryAndStoresItOnOk) {
     const int number = addSong(file("song.mp3"));
-    EXPECT_EQ(edit(number,
-                   [&] {
-                       EXPECT_EQ(platform::getText(dialog), "音楽ファイルの編集");
-                       EXPECT_EQ(text(idNumber), "1");
-                       EXPECT_EQ(text(idFileName), folder.file("song.mp3"));
-                       EXPECT_EQ(text(idTitle), "曲");
-                       EXPECT_EQ(text(idArtist), "歌手");
-                       EXPECT_EQ(text(idArtistKana), "カシュ");
-                       EXPECT_EQ(text(idReleaseDate), "2011/02/03");
-                       EXPECT_EQ(text(idGenre), "Anime");
-                       EXPECT_EQ(text(idFileType), "MP3");
-                       EXPECT_TRUE(platform::isChecked(at(idAlbumOnly)));
-                       EXPECT_EQ(text(idFamous), "5");
-                       EXPECT_EQ(text(idDeficalt), "3");
-                       EXPECT_EQ(text(idLength), "600");
-                       EXPECT_EQ(range(intro), "0-50");
-                       EXPECT_EQ(range(sabi), "100-200");
-                       EXPECT_EQ(range(answer), "-");
-                       EXPECT_FALSE(live(idApply));
-                       EXPECT_FALSE(platform::isVisible(at(idBatch)));
-                       EXPECT_EQ(platform::itemText(at(idGenre), 0), "JPop");
-                       EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
+    const int result = edit(number, [&] {
+        EXPECT_EQ(dialog.title(), "音楽ファイルの編集");
+        EXPECT_THAT(dialog.texts({idNumber, idFileName, idTitle, idArtist, idArtistKana, idReleaseDate,
+                                  idGenre, idFileType, idFamous, idDeficalt, idLength}),
+                    ElementsAre("1", folder.file("song.mp3"), "曲", "歌手", "カシュ", "2011/02/03", "Anime",
+                                "MP3", "5", "3", "600"));
+        EXPECT_TRUE(dialog.checked(idAlbumOnly));
+        EXPECT_THAT((std::vector{range(rowIntro), range(rowSabi), range(rowAnswer)}),
+                    ElementsAre("0-50", "100-200", "-"));
+        EXPECT_FALSE(dialog.live(idApply));
+        EXPECT_FALSE(dialog.visible(idBatch));
+        EXPECT_EQ(platform::itemText(dialog[idGenre], 0), "JPop");
+        EXPECT_THAT(dialog.cut(), IsEmpty());
 
-                       type(idTitle, "新しい曲(1)");
-                       EXPECT_TRUE(driver::pick(at(idReleaseDate), {2012, 3, 0, 4, 0, 0, 0, 0}));
-                       EXPECT_TRUE(driver::select(at(idGenre), 0));
-                       click(idSingle);
-                       click(idCopySabi);
-                       EXPECT_EQ(range(answer), "100-200");
-                       click(idCopyIntro);
-                       EXPECT_EQ(range(answer), "0-50");
-                       platform::setFocus(at(idTitle));
-                       driver::pressKey(dialog, "Return");
-                   }),
-              resourceEditStored);
+        dialog.type(idTitle, "新しい曲(1)");
+        EXPECT_TRUE(driver::pick(dialog[idReleaseDate], anotherDay));
+        dialog.select(idGenre, 0);
+        dialog.click(idSingle);
+        dialog.click(idCopySabi);
+        EXPECT_EQ(range(rowAnswer), "100-200");
+        dialog.click(idCopyIntro);
+        EXPECT_EQ(range(rowAnswer), "0-50");
+        dialog.focus(idTitle);
+        dialog.key("Return");
+    });
+    EXPECT_EQ(result, resourceEditStored);
     const DataResource song = stored(number);
     EXPECT_EQ(song.getTitle(), "新しい曲（1）");
     EXPECT_EQ(song.getReleaseDate().year, 2012);
@@ -151,270 +58,71 @@ TEST_F(ResourceEdit, ClosesWithoutAnEntryAndWithoutChangesWritesNothing) {
     EXPECT_EQ(dlgResourceEdit({}, 7), resourceEditClosed);
     const int number = addSong(file("song.mp3"));
     std::filesystem::remove(folder.file("ResourceData.xml"));
-    EXPECT_EQ(edit(number, [&] { click(idOk); }), resourceEditStored);
+    EXPECT_EQ(edit(number, [&] { dialog.click(idOk); }), resourceEditStored);
     EXPECT_FALSE(std::filesystem::exists(folder.file("ResourceData.xml")));
 }
 
 TEST_F(ResourceEdit, AnyChangeOfAFieldIsSomethingToStore) {
     const int number = addSong(file("song.mp3"));
-    const std::function<void()> changes[] = {
-        [&] { type(idTitle, "別"); },
-        [&] { type(idArtist, "別"); },
-        [&] { type(idArtistKana, "別"); },
-        [&] {
-            driver::pick(at(idReleaseDate), {2012, 3, 0, 4, 0, 0, 0, 0});
-        },
-        [&] { driver::select(at(idGenre), 3); },
-        [&] { click(idUnknownType); },
-        [&] { type(idFamous, "9"); },
-        [&] { type(idDeficalt, "9"); },
-        [&] { type(sabi + rangeEnd, "150"); },
-        [&] { click(intro + markEnd); },
-        [&] { click(idCopySabi); },
+    std::vector<std::function<void()>> changes = {
+        [&] { driver::pick(dialog[idReleaseDate], anotherDay); },
+        [&] { dialog.select(idGenre, 3); },
         [&] {
             script.expectFileDialog(file("other.wav"));
-            click(idBrowse);
+            dialog.click(idBrowse);
         },
     };
+    for (const int field : {+idTitle, +idArtist, +idArtistKana, +idFamous, +idDeficalt, sabiEnd})
+        changes.push_back([this, field] { dialog.type(field, "150"); });
+    for (const int button : {+idUnknownType, markIntroEnd, +idCopySabi})
+        changes.push_back([this, button] { dialog.click(button); });
     int example = 0;
     for (const auto& change : changes) {
         SCOPED_TRACE(example++);
-        EXPECT_EQ(edit(number,
-                       [&] {
-                           EXPECT_FALSE(live(idApply));
-                           change();
-                           EXPECT_TRUE(live(idApply));
-                           driver::closeBox(dialog);
-                       }),
-                  resourceEditClosed);
+        const int result = edit(number, [&] {
+            EXPECT_FALSE(dialog.live(idApply));
+            change();
+            EXPECT_TRUE(dialog.live(idApply));
+            dialog.close();
+        });
+        EXPECT_EQ(result, resourceEditClosed);
     }
     const std::string before = stored(number).toString(",");
     edit(number, [&] {
-        driver::slide(at(idVolume), 10);
-        driver::slide(at(idSpeed), 10);
-        driver::slide(at(idSlider), 30);
-        click(idPlay);
+        for (const int bar : {idVolume, idSpeed, idSlider})
+            dialog.slide(bar, 30);
+        dialog.click(idPlay);
         clock.advance(1000);
-        click(idStop);
+        dialog.click(idStop);
         script.expectFileDialog("");
-        click(idBrowse);
-        EXPECT_FALSE(live(idApply));
-        driver::pressKey(dialog, "Escape");
+        dialog.click(idBrowse);
+        EXPECT_FALSE(dialog.live(idApply));
+        dialog.key("Escape");
     });
     EXPECT_EQ(stored(number).toString(","), before);
 }
 
 TEST_F(ResourceEdit, ANewSongIsAddedOnceAndUpdatedAfterwards) {
     const std::string path = file("曲名 一.wav");
-    EXPECT_EQ(edit(
-                  -1,
-                  [&] {
-                      EXPECT_EQ(text(idNumber), "[新規登録]");
-                      EXPECT_EQ(text(idTitle), "曲名 一");
-                      EXPECT_EQ(text(idReleaseDate), "2026/03/01");
-                      EXPECT_EQ(text(idFileType), "WAV");
-                      EXPECT_TRUE(live(idApply));
-                      click(idApply);
-                      EXPECT_EQ(text(idNumber), "1");
-                      EXPECT_FALSE(live(idApply));
-                      type(idTitle, "二度目");
-                      click(idApply);
-                      EXPECT_EQ(text(idNumber), "1");
-                      type(idTitle, "三度目");
-                      click(idCancel);
-                  },
-                  path),
-              resourceEditClosed);
+    const auto act = [&] {
+        EXPECT_THAT(dialog.texts({idNumber, idTitle, idReleaseDate, idFileType}),
+                    ElementsAre("[新規登録]", "曲名 一", "2026/03/01", "WAV"));
+        EXPECT_TRUE(dialog.live(idApply));
+        dialog.click(idApply);
+        EXPECT_EQ(text(idNumber), "1");
+        EXPECT_FALSE(dialog.live(idApply));
+        dialog.type(idTitle, "二度目");
+        dialog.click(idApply);
+        EXPECT_EQ(text(idNumber), "1");
+        dialog.type(idTitle, "三度目");
+        dialog.click(idCancel);
+    };
+    EXPECT_EQ(edit(-1, act, path), resourceEditClosed);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("二度目"));
     EXPECT_EQ(stored(1).getFileName(), path);
     EXPECT_EQ(stored(1).getFileType(), fileTypeWav);
     EXPECT_EQ(stored(1).getLength(), 600);
     EXPECT_EQ(stored(1).getType(), 0);
-}
-
-TEST_F(ResourceEdit, RangesAreMarkedWhileTheSongPlays) {
-    tryOut(file("song.mp3"), [&] {
-        EXPECT_THAT(livePlayers(), ElementsAre(idPlay, idStop));
-        click(idPlay);
-        EXPECT_THAT(livePlayers(), ElementsAre(+idStop));
-        clock.advance(1200);
-        EXPECT_EQ(text(idPosition), "12");
-        EXPECT_EQ(place(idSlider), 12);
-        click(intro + markStart);
-        clock.advance(3000);
-        click(intro + markEnd);
-        EXPECT_EQ(range(intro), "12-42");
-        EXPECT_THAT(livePlayers(), ElementsAre(+idStop)) << "the whole file still plays";
-        click(idStop);
-        EXPECT_THAT(livePlayers(), ElementsAre(idPlay, idStop, intro + rangePlay, intro + rangeStop));
-        EXPECT_EQ(place(idSlider), 42);
-
-        driver::pressKey(dialog, "F5");
-        clock.advance(2000);
-        driver::pressKey(dialog, "Ctrl+6");
-        driver::pressKey(dialog, "F6");
-        EXPECT_EQ(text(answer + rangeEnd), "62") << "by the keys";
-        type(answer + rangeEnd, "");
-
-        click(intro + rangePlay);
-        EXPECT_EQ(place(intro + rangeSlider), 12) << "from the start of the range";
-        EXPECT_FALSE(live(idPlay));
-        clock.advance(2000);
-        EXPECT_EQ(place(intro + rangeSlider), 32);
-        EXPECT_EQ(text(intro + rangePosition), "32");
-        EXPECT_EQ(text(idPosition), "32");
-        clock.advance(1000);
-        EXPECT_THAT(livePlayers(), ElementsAre(idPlay, idStop, intro + rangePlay, intro + rangeStop))
-            << "stopped by itself at its end";
-        EXPECT_EQ(place(intro + rangeSlider), 12);
-        clock.advance(1000);
-        EXPECT_EQ(text(idPosition), "42");
-    });
-}
-
-TEST_F(ResourceEdit, TypedRangesAreClippedAndInvalidOnesAreOff) {
-    const int number = addSong(file("song.mp3"));
-    edit(number, [&] {
-        type(sabi + rangeEnd, "700");
-        EXPECT_EQ(range(sabi), "100-600");
-        EXPECT_EQ(platform::getRangeHigh(at(sabi + rangeSlider)), 600);
-        type(sabi + rangeEnd, "100");
-        EXPECT_FALSE(live(sabi + rangePlay));
-        EXPECT_FALSE(live(sabi + rangeStop));
-        type(sabi + rangeEnd, "101");
-        EXPECT_TRUE(live(sabi + rangePlay));
-        // A shorter file in its place pulls the ranges back.
-        script.expectFileDialog(file("short.wav", 15000));
-        click(idBrowse);
-        EXPECT_EQ(text(idLength), "150");
-        EXPECT_EQ(range(sabi), "100-101");
-        type(sabi + rangeEnd, "151");
-        EXPECT_EQ(range(sabi), "100-150");
-        EXPECT_EQ(text(idFileName), folder.file("short.wav"));
-        click(idOk);
-    });
-    EXPECT_EQ(stored(number).getFileType(), fileTypeWav);
-    EXPECT_EQ(stored(number).getSabiEnd(), 150);
-}
-
-TEST_F(ResourceEdit, SpeedBelongsToTheWholeFileOfSomeTypes) {
-    tryOut(file("song.mp3"), [&] {
-        type(intro + rangeEnd, "50");
-        EXPECT_EQ(text(idSpeedText), "100");
-        for (const int tooSlow : {0, 4}) {
-            driver::slide(at(idSpeed), tooSlow);
-            EXPECT_EQ(text(idSpeedText), "5");
-            EXPECT_EQ(place(idSpeed), 5);
-        }
-        click(idPlay);
-        clock.advance(10000);
-        EXPECT_EQ(text(idPosition), "5");
-        driver::slide(at(idSpeed), 200);
-        clock.advance(10000);
-        EXPECT_EQ(text(idPosition), "205");
-        click(idStop);
-
-        click(intro + rangePlay);
-        EXPECT_EQ(text(idSpeedText), "100");
-        EXPECT_FALSE(live(idSpeed));
-        EXPECT_FALSE(live(idNormalSpeed));
-        clock.advance(1000);
-        EXPECT_EQ(text(idPosition), "10");
-        click(intro + rangeStop);
-        EXPECT_TRUE(live(idSpeed));
-        driver::slide(at(idSpeed), 60);
-        click(idNormalSpeed);
-        EXPECT_EQ(text(idSpeedText), "100");
-        EXPECT_EQ(place(idSpeed), 100);
-    });
-    tryOut(file("song.wav"), [&] {
-        type(intro + rangeEnd, "50");
-        EXPECT_FALSE(live(idSpeed));
-        click(intro + rangePlay);
-        click(intro + rangeStop);
-        EXPECT_FALSE(live(idSpeed));
-        EXPECT_FALSE(live(idReverse));
-    });
-}
-
-TEST_F(ResourceEdit, AFileWithoutExtensionPlaysBackwards) {
-    tryOut(file("song"), [&] {
-        EXPECT_EQ(text(idFileType), "NWAV");
-        EXPECT_EQ(text(idLength), "60") << "counted in seconds";
-        click(idReverse);
-        driver::slide(at(idSlider), 30);
-        click(idPlay);
-        clock.advance(10000);
-        EXPECT_EQ(place(idSlider), 20);
-        click(intro + markStart);
-        EXPECT_EQ(text(intro + rangeStart), "20");
-        driver::slide(at(idSlider), 40);
-        clock.advance(5000);
-        EXPECT_EQ(text(idPosition), "35") << "backwards from there";
-        click(idStop);
-        clock.advance(5000);
-        EXPECT_EQ(text(idPosition), "35");
-        EXPECT_TRUE(live(idPlay));
-
-        driver::slide(at(idSlider), 0);
-        click(idPlay);
-        clock.advance(100);
-        EXPECT_EQ(place(idSlider), 59) << "there is nothing before the start, so it begins at the end";
-        clock.advance(60000);
-        EXPECT_EQ(place(idSlider), 0);
-        EXPECT_TRUE(live(idPlay)) << "stopped by itself at the start";
-
-        // What cannot go backwards does not keep the mark.
-        script.expectFileDialog(file("song.mp3"));
-        click(idBrowse);
-        EXPECT_FALSE(platform::isChecked(at(idReverse)));
-    });
-}
-
-TEST_F(ResourceEdit, SlidersSeekAndAHeldThumbStays) {
-    tryOut(file("song.mp3"), [&] {
-        driver::slide(at(idSlider), 100);
-        EXPECT_EQ(text(idPosition), "100");
-        platform::setFocus(at(idSlider));
-        driver::pressKey(dialog, "Right");
-        EXPECT_EQ(text(idPosition), "110");
-        driver::pressKey(dialog, "PgUp");
-        EXPECT_EQ(text(idPosition), "210");
-        for (int press = 0; press < 9; ++press)
-            driver::pressKey(dialog, "PgUp");
-        EXPECT_EQ(text(idPosition), "600") << "as far as it goes";
-        driver::slide(at(idSlider), 300);
-        click(idPlay);
-        clock.advance(1000);
-        EXPECT_EQ(place(idSlider), 310);
-        driver::slide(at(idSlider), 50);
-        clock.advance(1000);
-        EXPECT_EQ(place(idSlider), 60) << "plays on from there";
-
-        driver::holdThumb(at(idSlider), true);
-        clock.advance(1000);
-        EXPECT_EQ(place(idSlider), 60);
-        EXPECT_EQ(text(idPosition), "70");
-        driver::holdThumb(at(idSlider), false);
-        clock.advance(100);
-        EXPECT_EQ(place(idSlider), 71);
-    });
-}
-
-TEST_F(ResourceEdit, TheVolumeIsKeptAndTheShowGetsItsOwnBack) {
-    host().masterVolume = 40;
-    const unsigned full = 0xFFFFFFFF;
-    tryOut(file("song.mp3"), [&] {
-        EXPECT_EQ(text(idVolumeText), "50");
-        driver::slide(at(idVolume), 100);
-        EXPECT_EQ(platform::soundDevice().masterVolume(), full);
-    });
-    EXPECT_NE(platform::soundDevice().masterVolume(), full);
-    EXPECT_NE(platform::soundDevice().masterVolume(), 0u);
-    tryOut(file("song.mp3"), [&] {
-        EXPECT_EQ(text(idVolumeText), "100");
-        EXPECT_EQ(place(idVolume), 100);
-    });
 }
 
 TEST_F(ResourceEdit, AFileThatDoesNotOpenIsToldAndSpoilsNothing) {
@@ -431,97 +139,28 @@ TEST_F(ResourceEdit, AFileThatDoesNotOpenIsToldAndSpoilsNothing) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.path);
         const int number = addSong(row.path);
-        script.expectDialog("IDD_KDL0302_EDIT", [&](WindowHandle window) {
-            dialog = window;
-            EXPECT_EQ(text(idFileType), row.type);
-            EXPECT_EQ(text(idLength), "0");
+        script.expectDialog(form, [&](Form opened) {
+            dialog = opened;
+            EXPECT_THAT(dialog.texts({idFileType, idLength}), ElementsAre(row.type, "0"));
             EXPECT_THAT(livePlayers(), IsEmpty());
-            EXPECT_FALSE(live(idSlider));
-            EXPECT_FALSE(live(idReverse));
-            EXPECT_EQ(range(sabi), "100-200") << "nothing to clip it to";
-            EXPECT_FALSE(live(idApply));
+            EXPECT_THAT(dialog.liveOf({idSlider, idReverse, idApply}), IsEmpty());
+            EXPECT_EQ(range(rowSabi), "100-200") << "nothing to clip it to";
             driver::settle();
-            type(idTitle, "別の題");
-            if (!row.exists) {
-                expectMessage(script, 4000008);
-                click(idOk);
-                EXPECT_TRUE(live(idApply)) << "still open";
-                click(idCancel);
-            } else {
-                click(idOk);
-            }
+            dialog.type(idTitle, "別の題");
+            if (!row.exists) expectMessage(fileUnreadable);
+            dialog.click(idOk);
+            if (row.exists) return;
+            EXPECT_TRUE(dialog.live(idApply)) << "still open";
+            dialog.click(idCancel);
         });
-        expectMessage(script, 4000008);
+        expectMessage(fileUnreadable);
         EXPECT_EQ(dlgResourceEdit({}, number), row.exists ? resourceEditStored : resourceEditClosed);
-        EXPECT_THAT(script.faults(), IsEmpty());
         EXPECT_EQ(stored(number).getTitle(), row.exists ? "別の題" : "曲");
         EXPECT_EQ(stored(number).getSabiEnd(), 200);
-        if (row.type.empty()) {
-            EXPECT_EQ(stored(number).getLength(), 600);
-            EXPECT_EQ(stored(number).getFileType(), fileTypeMp3);
-        }
+        if (!row.type.empty()) continue;
+        EXPECT_EQ(stored(number).getLength(), 600);
+        EXPECT_EQ(stored(number).getFileType(), fileTypeMp3);
     }
-}
-
-// What a disk takes that has to wake up first.
-constexpr std::uint32_t wakingMs = 6000;
-
-TEST_F(ResourceEdit, AFileOnADiskThatSleepsIsWaitedForWithoutBeingCalledDamaged) {
-    test_support::WatchedSound sound;
-    sound.setMeasuringTime(wakingMs);
-    const int number = addSong(file("song.mp3", 15000));
-    edit(number, [&] {
-        EXPECT_EQ(text(idFileType), "MP3");
-        EXPECT_EQ(text(idLength), "");
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-        EXPECT_EQ(range(sabi), "100-200");
-        type(idTitle, "別の題");
-        clock.advance(wakingMs - 200);
-        EXPECT_THAT(livePlayers(), IsEmpty());
-        for (const int id : {+idOk, +idApply, +idTakeRest, +idSlider})
-            EXPECT_FALSE(live(id)) << id;
-        clock.advance(200);
-        driver::settle();
-        EXPECT_EQ(text(idLength), "150");
-        EXPECT_EQ(range(sabi), "100-150") << "clipped, as by a disk that is awake";
-        EXPECT_EQ(text(idTitle), "別の題");
-        EXPECT_THAT(livePlayers(), ElementsAre(+idPlay, +idStop, intro + rangePlay, intro + rangeStop,
-                                               sabi + rangePlay, sabi + rangeStop));
-        EXPECT_TRUE(live(idApply));
-        click(idPlay);
-        clock.advance(1000);
-        EXPECT_EQ(text(idPosition), "10");
-        click(idOk);
-    });
-    EXPECT_EQ(stored(number).getLength(), 150);
-    EXPECT_EQ(stored(number).getTitle(), "別の題");
-
-    edit(number, [&] {
-        clock.advance(wakingMs);
-        driver::settle();
-        EXPECT_FALSE(live(idApply)) << "nobody has changed anything";
-        EXPECT_TRUE(live(idOk));
-        click(idCancel);
-    });
-    edit(number, [&] { click(idCancel); }); // nor does the editor wait for its file
-}
-
-TEST_F(ResourceEdit, AFileThatTurnsOutDamagedIsToldThen) {
-    test_support::WatchedSound sound;
-    sound.setMeasuringTime(wakingMs);
-    edit(
-        -1,
-        [&] {
-            clock.advance(wakingMs - 200);
-            expectMessage(script, 4000008);
-            clock.advance(200);
-            driver::settle();
-            EXPECT_EQ(text(idLength), "0");
-            EXPECT_EQ(text(idFileType), "");
-            EXPECT_THAT(livePlayers(), IsEmpty());
-            click(idCancel);
-        },
-        file("nothing.wav", 0));
 }
 
 TEST_F(ResourceEdit, AStoringThatFailsKeepsTheEditorOpenAndTheCatalogueAsItWas) {
@@ -533,21 +172,19 @@ TEST_F(ResourceEdit, AStoringThatFailsKeepsTheEditorOpenAndTheCatalogueAsItWas) 
     theirs.setTitle("他人の曲");
     other.add(theirs);
     ASSERT_EQ(other.commit(), 1);
-    for (const int no : {number, -1})
-        EXPECT_EQ(edit(
-                      no,
-                      [&] {
-                          type(idTitle, "別の題");
-                          expectMessage(script, 3000004);
-                          click(idOk);
-                          expectMessage(script, 3000004);
-                          click(idApply);
-                          EXPECT_TRUE(live(idApply));
-                          EXPECT_EQ(text(idNumber), no == -1 ? "[新規登録]" : "1");
-                          click(idCancel);
-                      },
-                      folder.file("song.mp3")),
-                  resourceEditClosed);
+    for (const int no : {number, -1}) {
+        const auto act = [&] {
+            dialog.type(idTitle, "別の題");
+            for (const int button : {idOk, idApply}) {
+                expectMessage(notStored);
+                dialog.click(button);
+            }
+            EXPECT_TRUE(dialog.live(idApply));
+            EXPECT_EQ(text(idNumber), no == -1 ? "[新規登録]" : "1");
+            dialog.click(idCancel);
+        };
+        EXPECT_EQ(edit(no, act, folder.file("song.mp3")), resourceEditClosed);
+    }
     EXPECT_EQ(stored(number).getTitle(), "曲");
     EXPECT_EQ(host().accesserResource.all().size(), 1u);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("曲", "他人の曲"));
@@ -557,55 +194,51 @@ TEST_F(ResourceEdit, ASongKeepsWhatTheFieldsCannotShow) {
     const int number = addSong(file("song.mp3"));
     DataResource song = stored(number);
     song.setGenre("演歌");
-    song.setReleaseDate({});
-    ASSERT_EQ(host().accesserResource.update(number, song), 1);
-    edit(number, [&] {
-        EXPECT_EQ(text(idGenre), "演歌");
-        type(idTitle, "別の題");
-        click(idOk);
-    });
-    EXPECT_EQ(stored(number).getGenre(), "演歌");
-    EXPECT_EQ(stored(number).getReleaseDate(), platform::SystemTime());
-    edit(number, [&] {
-        driver::pick(at(idReleaseDate), {2012, 3, 0, 4, 0, 0, 0, 0});
-        click(idOk);
-    });
-    EXPECT_EQ(stored(number).getReleaseDate().year, 2012);
-
-    constexpr platform::SystemTime noDates[] = {
-        {2011, 2, 0, 31, 0, 0, 0, 0}, {2011, 0, 0, 0, 0, 0, 0, 0}, {1600, 1, 0, 1, 0, 0, 0, 0}};
-    for (const platform::SystemTime& date : noDates) {
-        song.setReleaseDate(date);
+    for (const platform::SystemTime& noDate : {platform::SystemTime{},
+                                               {2011, 2, 0, 31, 0, 0, 0, 0},
+                                               {2011, 0, 0, 0, 0, 0, 0, 0},
+                                               {1600, 1, 0, 1, 0, 0, 0, 0}}) {
+        SCOPED_TRACE(noDate.year);
+        song.setReleaseDate(noDate);
         ASSERT_EQ(host().accesserResource.update(number, song), 1);
         const platform::SystemTime before = stored(number).getReleaseDate();
         edit(number, [&] {
-            type(idTitle, "題" + std::to_string(date.year) + std::to_string(date.day));
-            click(idOk);
+            EXPECT_EQ(text(idGenre), "演歌");
+            dialog.type(idTitle, "別の題");
+            dialog.click(idOk);
         });
-        EXPECT_EQ(stored(number).getReleaseDate(), before)
-            << date.year << "/" << date.month << "/" << date.day;
+        EXPECT_EQ(stored(number).getTitle(), "別の題");
+        EXPECT_EQ(stored(number).getGenre(), "演歌");
+        EXPECT_EQ(stored(number).getReleaseDate(), before);
     }
+    edit(number, [&] {
+        driver::pick(dialog[idReleaseDate], anotherDay);
+        dialog.click(idOk);
+    });
+    EXPECT_EQ(stored(number).getReleaseDate().year, 2012);
 }
 
 TEST_F(ResourceEdit, NumbersAreTypedInDigitsAndShownAsTheyAreStored) {
     const int number = addSong(file("song.mp3"));
     edit(number, [&] {
-        for (const int id : {+idFamous, +idDeficalt, intro + rangeStart, intro + rangeEnd, sabi + rangeStart,
-                             sabi + rangeEnd, answer + rangeStart, answer + rangeEnd}) {
-            driver::type(at(id), "-a１2x");
+        std::vector<int> fields{idFamous, idDeficalt};
+        for (const int row : {rowIntro, rowSabi, rowAnswer})
+            for (const RangePart part : {startEdit, endEdit})
+                fields.push_back(rangeId(row, part));
+        for (const int id : fields) {
+            dialog.type(id, "-a１2x");
             EXPECT_EQ(text(id), "12") << id;
         }
-        type(idFamous, "007");
-        type(idDeficalt, "");
-        type(intro + rangeStart, "010");
-        type(answer + rangeEnd, "");
-        click(idApply);
-        EXPECT_EQ(text(idFamous), "7");
-        EXPECT_EQ(text(idDeficalt), "0");
-        EXPECT_EQ(range(intro), "10-12");
-        EXPECT_EQ(range(answer), "12-0");
-        EXPECT_FALSE(live(idApply));
-        driver::closeBox(dialog);
+        dialog.type(idFamous, "007");
+        dialog.type(idDeficalt, "");
+        dialog.type(introStart, "010");
+        dialog.type(answerEnd, "");
+        dialog.click(idApply);
+        EXPECT_THAT(dialog.texts({idFamous, idDeficalt}), ElementsAre("7", "0"));
+        EXPECT_EQ(range(rowIntro), "10-12");
+        EXPECT_EQ(range(rowAnswer), "12-0");
+        EXPECT_FALSE(dialog.live(idApply));
+        dialog.close();
     });
     EXPECT_EQ(stored(number).getFamous(), 7);
     EXPECT_EQ(stored(number).getIntroStart(), 10);
@@ -614,20 +247,16 @@ TEST_F(ResourceEdit, NumbersAreTypedInDigitsAndShownAsTheyAreStored) {
 TEST_F(ResourceEdit, OneOfSeveralFilesSaysWhereItStandsAndCanEndThem) {
     const std::string path = file("song.mp3");
     const BatchPlace place{37, 500};
-    EXPECT_EQ(edit(
-                  -1,
-                  [&] {
-                      EXPECT_TRUE(platform::isVisible(at(idBatch)));
-                      EXPECT_EQ(text(idBatchText), "37／500曲目");
-                      EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-                      click(idStopBatch);
-                  },
-                  path, place),
-              resourceEditStopBatch);
+    const auto stop = [&] {
+        EXPECT_TRUE(dialog.visible(idBatch));
+        EXPECT_EQ(text(idBatchText), "37／500曲目");
+        EXPECT_THAT(dialog.cut(), IsEmpty());
+        dialog.click(idStopBatch);
+    };
+    EXPECT_EQ(edit(-1, stop, path, place), resourceEditStopBatch);
     EXPECT_THAT(titlesOnDisk(), IsEmpty());
-    EXPECT_EQ(edit(
-                  -1, [&] { click(idTakeRest); }, path, place),
-              resourceEditTakeRest);
+    const auto takeRest = [&] { dialog.click(idTakeRest); };
+    EXPECT_EQ(edit(-1, takeRest, path, place), resourceEditTakeRest);
     EXPECT_THAT(titlesOnDisk(), ElementsAre("song"));
 }
 

@@ -9,20 +9,13 @@
 #include "host/state/host_state.h"
 #include "host/state/session_folder.h"
 #include "platform/files.h"
+#include "support/stage.h"
 #include "support/temporary_folder.h"
 
 namespace {
 
+using test_support::stage;
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-DataSession stageOf(const std::string& name, int questNum, const std::string& songs = {}) {
-    DataSession stage;
-    stage.setName(name);
-    stage.setQuestNum(questNum);
-    stage.setResourceId(songs);
-    return stage;
-}
 
 class Draft : public testing::Test {
 protected:
@@ -35,8 +28,8 @@ protected:
     }
     std::vector<std::string> names() const {
         std::vector<std::string> found;
-        for (const DataSession& stage : draft.stages)
-            found.push_back(stage.getName());
+        for (const DataSession& each : draft.stages)
+            found.push_back(each.getName());
         return found;
     }
 
@@ -55,8 +48,9 @@ TEST_F(Draft, IsOfferedTheFirstFreeFile) {
 }
 
 TEST_F(Draft, TakesTheStagesOfAFileOnce) {
-    const std::string first = existing("first.xml", {stageOf("A", 2, "1,2"), stageOf("B", 1)});
-    const std::string second = existing("second.xml", {stageOf("C", 1)});
+    const std::string first =
+        existing("first.xml", {stage({.name = "A", .quests = 2, .songs = "1,2"}), stage({.name = "B"})});
+    const std::string second = existing("second.xml", {stage({.name = "C"})});
     ASSERT_TRUE(draft.choose("名", first, accesser));
     EXPECT_THAT(names(), ElementsAre("A", "B"));
     EXPECT_EQ(draft.sessionName, "名") << "what was typed, not what the file says";
@@ -83,11 +77,11 @@ TEST_F(Draft, TakesEveryStageOfAFileThatMiscounts) {
 }
 
 TEST_F(Draft, KnowsItsFileUnderAnotherNameAndByALink) {
-    const std::string path = existing("first.xml", {stageOf("A", 2)});
+    const std::string path = existing("first.xml", {stage({.name = "A", .quests = 2})});
     std::filesystem::create_symlink(path, folder.file("soft.xml"));
     std::filesystem::create_hard_link(path, folder.file("hard.xml"));
     ASSERT_TRUE(draft.choose("名", path, accesser));
-    draft.stages.push_back(stageOf("追加", 1));
+    draft.stages.push_back(stage({.name = "追加"}));
     for (const char* name : {"FIRST.xml", "./First.XML", "soft.xml", "hard.xml"}) {
         EXPECT_FALSE(draft.wouldLoseStages(folder.file(name))) << name;
         ASSERT_TRUE(draft.choose("名", folder.file(name), accesser));
@@ -96,10 +90,11 @@ TEST_F(Draft, KnowsItsFileUnderAnotherNameAndByALink) {
 }
 
 TEST_F(Draft, SaysWhenAnotherFileWouldTakeItsStages) {
-    const std::string first = existing("first.xml", {stageOf("A", 2), stageOf("B", 1)});
-    const std::string second = existing("second.xml", {stageOf("C", 1)});
+    const std::string first =
+        existing("first.xml", {stage({.name = "A", .quests = 2}), stage({.name = "B"})});
+    const std::string second = existing("second.xml", {stage({.name = "C"})});
     EXPECT_FALSE(draft.wouldLoseStages(second)) << "nothing to lose";
-    draft.stages = {stageOf("新", 1)};
+    draft.stages = {stage({.name = "新"})};
     EXPECT_TRUE(draft.wouldLoseStages(second)) << "added to a new session";
     EXPECT_FALSE(draft.wouldLoseStages(folder.file("new.xml"))) << "they go along";
     ASSERT_TRUE(draft.choose("名", first, accesser));
@@ -112,16 +107,16 @@ TEST_F(Draft, SaysWhenAnotherFileWouldTakeItsStages) {
 }
 
 TEST_F(Draft, NoticesAFileThatSomebodyElseWrote) {
-    const std::string path = existing("first.xml", {stageOf("A", 2)});
+    const std::string path = existing("first.xml", {stage({.name = "A", .quests = 2})});
     const std::string fresh = folder.file("new.xml");
     ASSERT_TRUE(draft.choose("名", fresh, accesser));
     EXPECT_FALSE(draft.isChangedOnDisk());
-    existing("new.xml", {stageOf("他人", 1)});
+    existing("new.xml", {stage({.name = "他人"})});
     EXPECT_TRUE(draft.isChangedOnDisk()) << "came after it was chosen";
 
     ASSERT_TRUE(draft.choose("名", path, accesser));
     EXPECT_FALSE(draft.isChangedOnDisk());
-    existing("first.xml", {stageOf("他人", 1)});
+    existing("first.xml", {stage({.name = "他人"})});
     EXPECT_TRUE(draft.isChangedOnDisk());
     ASSERT_TRUE(draft.choose("名", path, accesser));
     EXPECT_TRUE(draft.isChangedOnDisk()) << "chosen again, but not read again";
@@ -160,7 +155,7 @@ TEST(TypedSessionFile, IsInTheSessionFolderWhereItWasProposed) {
 }
 
 TEST_F(Draft, IsLeftAsItWasByAFileThatCannotBeRead) {
-    draft.stages = {stageOf("A", 1)};
+    draft.stages = {stage({.name = "A"})};
     draft.filePath = "old";
     platform::replaceFile(folder.file("broken.xml"), "<session><part>");
     platform::replaceFile(folder.file("other.xml"), "<?xml version=\"1.0\"?><doc/>");
@@ -175,7 +170,7 @@ TEST_F(Draft, IsLeftAsItWasByAFileThatCannotBeRead) {
 }
 
 TEST_F(Draft, StagesMoveInsideTheList) {
-    draft.stages = {stageOf("A", 1), stageOf("B", 1), stageOf("C", 1)};
+    draft.stages = {stage({.name = "A"}), stage({.name = "B"}), stage({.name = "C"})};
     EXPECT_FALSE(draft.move(0, -1));
     EXPECT_FALSE(draft.move(2, 1));
     EXPECT_FALSE(draft.move(-1, 1)) << "none is selected";
@@ -183,56 +178,6 @@ TEST_F(Draft, StagesMoveInsideTheList) {
     EXPECT_TRUE(draft.move(0, 1));
     EXPECT_TRUE(draft.move(2, -1));
     EXPECT_THAT(names(), ElementsAre("B", "C", "A"));
-}
-
-TEST_F(Draft, AChangedStageLosesItsSongsAndTheirCheck) {
-    DataSession stage = stageOf("A", 2, "1,2");
-    stage.setErrcode(songsComplete);
-    forgetSongs(stage);
-    EXPECT_EQ(stage.getResourceId(), "");
-    EXPECT_THAT(stage.getResources(), IsEmpty());
-    EXPECT_LT(stage.getErrcode(), 0);
-}
-
-TEST_F(Draft, ReplacesTheFileAndKeepsItsVoices) {
-    const std::string path = existing("old.xml", {stageOf("A", 2, "1,2"), stageOf("B", 1)});
-    ASSERT_TRUE(draft.choose("夏の大会", path, accesser));
-    draft.stages.push_back(stageOf("追加", 4, "7"));
-    draft.move(2, -1);
-    ASSERT_TRUE(draft.write(accesser, {2026, 11, 0, 23, 10, 20, 30, 0}));
-    EXPECT_THAT(draft.stages, IsEmpty());
-    EXPECT_EQ(draft.filePath, "");
-
-    const auto plan = readPlan(accesser, path);
-    ASSERT_TRUE(plan);
-    EXPECT_EQ(plan->name, "夏の大会");
-    EXPECT_EQ(plan->sessionVoice, "s.wav");
-    EXPECT_EQ(plan->mcVoice, "m.wav");
-    EXPECT_EQ(plan->total, 7);
-    EXPECT_EQ(plan->maxPart, 3);
-    draft.stages = plan->stages;
-    EXPECT_THAT(names(), ElementsAre("A", "追加", "B"));
-    EXPECT_THAT(draft.stages[1].getResources(), ElementsAre(7));
-    ASSERT_TRUE(accesser.open(path));
-    EXPECT_EQ(accesser.getDay(), "2026/11/23");
-}
-
-TEST_F(Draft, SurvivesADiskThatRefuses) {
-    // There is room for the file's name, but not for that of a neighbour.
-    const std::string path = folder.file(std::string(250, 'n') + ".xml");
-    std::filesystem::rename(existing("old.xml", {stageOf("A", 2)}), path);
-    const auto before = platform::readFile(path);
-    ASSERT_TRUE(before);
-    for (const std::string& target : {path, folder.file("none/new.xml")}) {
-        draft = {};
-        ASSERT_TRUE(draft.choose("名", target, accesser));
-        draft.stages = {stageOf("X", 1)};
-        EXPECT_FALSE(draft.write(accesser, {}));
-        EXPECT_THAT(names(), ElementsAre("X"));
-        EXPECT_EQ(draft.filePath, target);
-    }
-    EXPECT_EQ(platform::readFile(path), before);
-    EXPECT_EQ(platform::listFolder(folder.path().string()).size(), 1u) << "nothing is left lying about";
 }
 
 } // namespace
