@@ -2,7 +2,9 @@
 
 #include "e2e/desk.h"
 #include "host/shell/command_ids.h"
-#include "platform/window.h"
+#include "host/shell/version_dialog_ids.h"
+#include "platform/test_window.h"
+#include "support/test_sounds.h"
 
 namespace {
 
@@ -14,10 +16,11 @@ protected:
     void SetUp() override {
         desk.folder.addSong("荒城の月", "瀧廉太郎");
         desk.folder.addSong("花", "瀧廉太郎");
-        desk.openShow({stage({.name = "一回戦", .quests = 2, .songs = "1,2"})}, "青木,馬場", 2);
+        file = desk.openShow({stage({.name = "一回戦", .quests = 2, .songs = "1,2"})}, "青木,馬場", 2);
     }
 
     e2e::Desk desk;
+    std::string file;
 };
 
 } // namespace
@@ -70,6 +73,46 @@ TEST_F(QuestUnderWay, RebuildingThePlayersKeepsWhatTheHostChoseForTheQuest) {
     chooseAndClear(rangeEnd, 7, 0);
     ASSERT_TRUE(desk.click(ids::replay));
     EXPECT_EQ(host().playLimit, -2);
+}
+
+TEST_F(QuestUnderWay, AnApplauseThatADialogOutlastsDoesNotComeBack) {
+    const std::string clapping = desk.folder.file("eft/applause.wav");
+    test_support::writeSilence(clapping, 3000);
+    host().dataApplication.setEfcApplause2(clapping);
+    test_support::TestWindow elsewhere; // its timer stands for the host, who opens a dialog half a second on
+    elsewhere.onMessage = [&](const platform::Message& message) {
+        if (message.id != platform::WM_TIMER) return false;
+        platform::killTimer(elsewhere, 1);
+        return desk.choose(command::showVersion);
+    };
+    struct Case {
+        int dialogMs;
+        double allMs;
+    };
+    for (const Case& c : {Case{1000, 500 + 2000 + 1500 + 2400}, Case{60000, 500 + 500 + 60000}}) {
+        SCOPED_TRACE(c.dialogMs);
+        desk.skip();
+        desk.script.expectDialog(confirm_victory::form, [](Form dialog) { dialog.key("Escape"); });
+        desk.skip();
+        EXPECT_EQ(desk.hear().getMethod(), "REVISION");
+        desk.reply("REVISION", 200);
+        ASSERT_EQ(desk.stateName(), "END");
+
+        desk.script.expectDialog(version_dialog::form, [&](Form dialog) {
+            desk.pass(c.dialogMs);
+            dialog.key("Escape");
+        });
+        platform::setTimer(elsewhere, 1, 1000);
+        const std::uint32_t before = platform::getTickCount();
+        desk.pass(500);
+        EXPECT_NEAR(static_cast<double>(platform::getTickCount() - before), c.allMs, 100);
+        EXPECT_TRUE(desk.script.done());
+        EXPECT_EQ(host().effectMedia.getEnd(), 0) << "closed, so that the training may have it";
+        ASSERT_TRUE(desk.choose(ids::endSession));
+        desk.openSession(file);
+        desk.connect();
+        desk.announce("青木", 1);
+    }
 }
 
 TEST_F(QuestUnderWay, ASecondBuzzFindsTheFirstOne) {

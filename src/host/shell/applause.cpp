@@ -28,13 +28,16 @@ bool waitUntilBeforeEnd(int milliseconds) {
         const int end = media.getEnd(), position = media.getPosition();
         if (end <= 0) return false;
         if (position >= std::max(end - milliseconds, 0)) return true;
+        const std::uint32_t now = platform::getTickCount();
         if (position != reached) {
             reached = position;
-            movedAt = platform::getTickCount();
-        } else if (platform::getTickCount() - movedAt > patienceMs) {
+            movedAt = now;
+        } else if (now - movedAt > patienceMs) {
             return false;
         }
         if (!processMessage()) return false;
+        // A dialog stood over what was left of the sound: behind it nobody claps any more.
+        if (platform::getTickCount() - now > static_cast<std::uint32_t>(end - position)) return false;
     }
     return false;
 }
@@ -44,16 +47,20 @@ void replayFrom(int position) {
     host().effectMedia.play();
 }
 
-} // namespace
-
-void playClosingApplause() {
-    zelkova::Media& media = host().effectMedia;
-    loadSound(media, host().dataApplication.getEfcApplause2());
+void playThreeTimes() {
+    loadSound(host().effectMedia, host().dataApplication.getEfcApplause2());
     replayFrom(0);
     for (int repeat = 0; repeat < 2; ++repeat) {
         if (!waitUntilBeforeEnd(repeatBeforeEndMs)) return;
         replayFrom(repeatStartMs);
     }
-    if (!waitUntilBeforeEnd(closeBeforeEndMs)) return;
-    unloadSound(media);
+    waitUntilBeforeEnd(closeBeforeEndMs);
+}
+
+} // namespace
+
+void playClosingApplause() {
+    playThreeTimes();
+    // However it ended, the show is at rest now. The player of a session that has ended may be another's.
+    if (!sessionEnded()) unloadSound(host().effectMedia);
 }
