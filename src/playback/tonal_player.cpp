@@ -11,36 +11,11 @@
 #include "platform/menu.h"
 #include "playback/clock_text.h"
 #include "playback/song_player.h"
+#include "playback/tonal_player_ids.h"
+
+using namespace tonal_player;
 
 namespace {
-
-// Commands carry the same number on a button, in the menu bar and in the list's menu.
-enum : int {
-    idInOrder = 8101, // the first of each group of radio buttons, and its last
-    idLoop = 8103,
-    idFromStart = 8104,
-    idFromAnswer = 8110,
-    idNoLimit = 8111,
-    idTenSeconds = 8115,
-    idSongs = 8117,
-    idPosition = 8118,
-    idClock = 8119,
-    idPlay = 8120,
-    idStop = 8121,
-    idVolume = 8123,
-    idVolumeText = 8124,
-    idMute = 8125,
-    idSpeed = 8127,
-    idSpeedText = 8128,
-    idTitle = 8129,
-    idArtist = 8130,
-    idBack = 8131,
-    idForward = 8132,
-    idNormalSpeed = 8133,
-    idHistory = 8134,
-    idPlaySelected = 8135,
-    idTimer = 8136,
-};
 
 // By the radio buttons of their groups.
 constexpr std::array methods{NextRow::InOrder, NextRow::Random, NextRow::Loop};
@@ -56,7 +31,7 @@ constexpr platform::Color playedRow{0xD5, 0xE6, 0xF8};
 
 class TonalPlayer : public zelkova::Dialog {
 public:
-    TonalPlayer() : Dialog("IDD_KDL0801_TONAL_PLAYER") {}
+    TonalPlayer() : Dialog(form) {}
 
 private:
     void open() override {
