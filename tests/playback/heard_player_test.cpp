@@ -1,14 +1,11 @@
 // What is heard of the player: the right part of the song, at the right speed, for the right time, and
 // nothing while it is muted. In real time, through the window.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "data/labels.h"
 #include "host/state/host_state.h"
-#include "platform/driver.h"
 #include "playback/tonal_player.h"
+#include "playback/tonal_player_ids.h"
 #include "support/audience.h"
+#include "support/form.h"
 #include "support/heard_song.h"
 #include "support/temporary_folder.h"
 
@@ -16,16 +13,9 @@ namespace {
 
 namespace driver = platform::driver;
 
+using namespace tonal_player;
+using test_support::Form;
 using test_support::melody;
-
-enum : int {
-    idFromAnswer = 8110,
-    idOneSecond = 8112,
-    idPlay = 8120,
-    idMute = 8125,
-    idSpeed = 8127,
-    idTitle = 8129,
-};
 
 class HeardPlayer : public testing::Test {
 protected:
@@ -45,11 +35,11 @@ protected:
         platform::setSoundDevice(nullptr);
     }
 
-    void run(const std::function<void(platform::WindowHandle)>& act) {
+    void run(const std::function<void(Form)>& act) {
         driver::Script script;
-        script.expectDialog("IDD_KDL0801_TONAL_PLAYER", [&](platform::WindowHandle dialog) {
-            act(dialog);
-            driver::closeBox(dialog);
+        script.expectDialog(form, [&](Form window) {
+            act(window);
+            window.close();
         });
         dlgTonalPlayer({});
         EXPECT_THAT(script.faults(), testing::IsEmpty());
@@ -58,14 +48,10 @@ protected:
         driver::settleUntil([] { return false; }, milliseconds);
     }
     // The time until the song has given way to the one that is gone.
-    static std::uint32_t playSong(platform::WindowHandle dialog) {
+    static std::uint32_t playSong(Form window) {
         const std::uint32_t started = platform::getTickCount();
-        driver::click({dialog, idPlay});
-        EXPECT_TRUE(driver::settleUntil(
-            [&] {
-                return platform::getText({dialog, idTitle}) == "無い曲";
-            },
-            8000));
+        window.click(idPlay);
+        EXPECT_TRUE(driver::settleUntil([&] { return window.text(idTitle) == "無い曲"; }, 8000));
         return platform::getTickCount() - started;
     }
 
@@ -74,9 +60,9 @@ protected:
 };
 
 TEST_F(HeardPlayer, TheChosenPartSoundsAndThenNothing) {
-    run([&](platform::WindowHandle dialog) {
-        driver::click({dialog, idFromAnswer});
-        EXPECT_NEAR(playSong(dialog), 2000, 300);
+    run([&](Form window) {
+        window.click(idFromAnswer);
+        EXPECT_NEAR(playSong(window), 2000, 300);
         const std::uint32_t over = platform::getTickCount();
         pass(300);
         EXPECT_LT(static_cast<int>(audience.lastSound() - over), 150);
@@ -87,10 +73,10 @@ TEST_F(HeardPlayer, TheChosenPartSoundsAndThenNothing) {
 }
 
 TEST_F(HeardPlayer, OneSecondIsOneSecondAtEverySpeed) {
-    run([&](platform::WindowHandle dialog) {
-        driver::click({dialog, idOneSecond});
-        driver::slide({dialog, idSpeed}, 200);
-        EXPECT_NEAR(playSong(dialog), 1000, 300);
+    run([&](Form window) {
+        window.click(idOneSecond);
+        window.slide(idSpeed, 200);
+        EXPECT_NEAR(playSong(window), 1000, 300);
         pass(300);
         EXPECT_NEAR(audience.lastSound() - audience.firstSound(), 1000, 300);
         EXPECT_NEAR(audience.toneAt(200), 2 * melody[0], 30);
@@ -99,12 +85,12 @@ TEST_F(HeardPlayer, OneSecondIsOneSecondAtEverySpeed) {
 }
 
 TEST_F(HeardPlayer, MutedIsSilent) {
-    run([&](platform::WindowHandle dialog) {
-        driver::click({dialog, idMute});
-        driver::click({dialog, idPlay});
+    run([&](Form window) {
+        window.click(idMute);
+        window.click(idPlay);
         pass(500);
         EXPECT_EQ(audience.firstSound(), 0u);
-        driver::click({dialog, idMute});
+        window.click(idMute);
         pass(1100);
         EXPECT_NE(audience.firstSound(), 0u);
         EXPECT_NEAR(audience.toneAt(100), melody[0], 15); // the song has gone on meanwhile

@@ -41,4 +41,25 @@ void Jukebox::addSongs(int count) {
         add(song("曲" + std::to_string(i)));
 }
 
+void Jukebox::change(int number, const std::function<void(DataResource&)>& how) {
+    DataResource song;
+    host().accesserResource.get(number, song);
+    how(song);
+    host().accesserResource.update(number, song);
+}
+
+SongPlayer& PlayerInHand::start() {
+    std::vector<int> numbers;
+    for (const DataResource& song : host().accesserResource.all())
+        numbers.push_back(song.getNo());
+    return player.emplace(platform::WindowHandle{}, numbers);
+}
+
+void PlayerInHand::pass(int milliseconds) {
+    for (int i = 0; i < milliseconds / 10; ++i) {
+        clock.advance(10);
+        if (player->state() != PlayState::Stopped) player->tick();
+    }
+}
+
 } // namespace playback_tests

@@ -1,36 +1,14 @@
 #include "playback/song_player.h"
 
-#include <filesystem>
-#include <optional>
 #include <set>
 
 #include "host/state/host_state.h"
 #include "playback/clock_text.h"
 #include "playback/jukebox.h"
-#include "support/test_sounds.h"
 
 namespace {
 
-class SongPlayerTest : public playback_tests::Jukebox {
-protected:
-    // A player over the whole catalogue.
-    SongPlayer& start() {
-        std::vector<int> numbers;
-        for (const DataResource& song : host().accesserResource.all())
-            numbers.push_back(song.getNo());
-        return player.emplace(platform::WindowHandle{}, numbers);
-    }
-    // As the window does.
-    void pass(int milliseconds) {
-        for (int i = 0; i < milliseconds / 10; ++i) {
-            clock.advance(10);
-            if (player->state() != PlayState::Stopped) player->tick();
-        }
-    }
-    int row() const { return player->order().currentRow(); }
-
-    std::optional<SongPlayer> player; // gone before the sound device
-};
+using SongPlayerTest = playback_tests::PlayerInHand;
 
 TEST_F(SongPlayerTest, EachChoiceHasItsSpan) {
     const struct {
@@ -132,59 +110,6 @@ TEST_F(SongPlayerTest, SpansWithoutLengthEndAtTheFirstLook) {
     EXPECT_EQ(player->state(), PlayState::Playing);
 }
 
-// In whatever order: nobody is left with a player that races through the list in silence.
-TEST_F(SongPlayerTest, ARoundWithNothingToHearIsTheLast) {
-    addSongs(3);
-    start();
-    const std::pair<NextRow, int> rounds[] = {
-        {NextRow::InOrder, 3}, {NextRow::Random, 6}, {NextRow::Loop, 1}};
-    for (const auto& [method, round] : rounds) {
-        SCOPED_TRACE(static_cast<int>(method));
-        player->choose(method);
-        player->choose(rangeEnd);
-        for (int time = 0; time < 2; ++time) { // it can be asked again
-            player->playRow(1);
-            pass(round * 10);
-            EXPECT_EQ(player->state(), PlayState::Playing) << "it has come round to where it began";
-            EXPECT_FALSE(player->foundNothing());
-            pass(10);
-            EXPECT_EQ(player->state(), PlayState::Stopped);
-            EXPECT_TRUE(player->foundNothing());
-            EXPECT_EQ(player->song().getTitle(), "");
-        }
-        player->choose(rangeStart);
-        player->playOrPause();
-        EXPECT_FALSE(player->foundNothing());
-        pass(20'000 * round + 100);
-        EXPECT_EQ(player->state(), PlayState::Playing);
-        player->stop();
-    }
-}
-
-TEST_F(SongPlayerTest, OneSongThatIsHeardKeepsTheOthersComing) {
-    addSongs(3);
-    DataResource changed;
-    for (const int number : {1, 2}) {
-        host().accesserResource.get(number, changed);
-        changed.setSabiStart(number == 1 ? 30 : 51); // the melody: backwards, and a tenth of a second
-        host().accesserResource.update(number, changed);
-    }
-    host().accesserResource.get(3, changed);
-    changed.setIntroEnd(changed.getSabiStart());
-    host().accesserResource.update(3, changed);
-    start().choose(rangeMelody);
-    player->playOrPause();
-    pass(10'000);
-    EXPECT_EQ(player->state(), PlayState::Playing);
-    // Shorter than can be marked.
-    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
-        test_support::writeSilence(file(name), 30);
-    player->choose(rangeStart);
-    player->playRow(0);
-    pass(1000);
-    EXPECT_TRUE(player->foundNothing());
-}
-
 TEST_F(SongPlayerTest, ADiskThatSleepsIsNotWaitedFor) {
     addSongs(2);
     sound.setMeasuringTime(3000);
@@ -259,26 +184,6 @@ TEST_F(SongPlayerTest, PauseKeepsThePlaceAndStopDoesNot) {
     EXPECT_EQ(player->order().historyText(), "1"); // the same song once more
 }
 
-TEST_F(SongPlayerTest, VolumeAndMute) {
-    addSongs(2);
-    start().playOrPause();
-    EXPECT_EQ(sound.volumes().count(500), 1u);
-    player->setVolume(80);
-    EXPECT_EQ(sound.volumes().count(800), 1u);
-    player->mute(true);
-    EXPECT_EQ(sound.volumes().count(0), 1u);
-    player->setVolume(30); // stays silent, and is kept
-    EXPECT_EQ(sound.volumes().count(0), 1u);
-    player->forward();
-    EXPECT_EQ(sound.volumes().count(0), 1u);
-    player->mute(false);
-    EXPECT_EQ(sound.volumes().count(300), 1u);
-    EXPECT_EQ(host().playerVolume, 30);
-    EXPECT_EQ(start().state(), PlayState::Stopped);
-    player->playOrPause();
-    EXPECT_EQ(sound.volumes().count(300), 1u);
-}
-
 TEST_F(SongPlayerTest, SpeedGoesOnFromSongToSong) {
     addSongs(2);
     start().setSpeed(200);
@@ -295,150 +200,6 @@ TEST_F(SongPlayerTest, SpeedGoesOnFromSongToSong) {
     EXPECT_EQ(host().playerSpeed, 5);
     pass(4000);
     EXPECT_EQ(player->place(), 32);
-}
-
-TEST_F(SongPlayerTest, SongsThatDoNotFitArePassedOver) {
-    addSongs(4);
-    DataResource changed;
-    host().accesserResource.get(2, changed);
-    changed.setIntroEnd(20); // ends where it starts
-    host().accesserResource.update(2, changed);
-    std::filesystem::remove(file("3.mp3"));
-    host().accesserResource.get(4, changed);
-    changed.setFileType(fileTypeWav); // the kind of file is no reason
-    host().accesserResource.update(4, changed);
-
-    start().choose(rangeIntro);
-    player->playRow(1);
-    EXPECT_EQ(row(), 3);
-    player->choose(rangeSabi);
-    player->playRow(1);
-    EXPECT_EQ(row(), 1);
-    player->forward();
-    EXPECT_EQ(row(), 3);
-    player->choose(NextRow::Loop); // does not hold the search for a song
-    player->choose(rangeIntro);
-    player->playRow(1);
-    EXPECT_EQ(row(), 3);
-    EXPECT_EQ(player->order().historyText(), "4←2←4");
-    player->choose(NextRow::Random);
-    for (int i = 0; i < 20; ++i) {
-        player->forward();
-        EXPECT_TRUE(row() == 0 || row() == 3);
-    }
-}
-
-TEST_F(SongPlayerTest, OnTheWayBackSongsArePassedOverBackwards) {
-    addSongs(6);
-    for (const int number : {3, 4}) {
-        DataResource changed;
-        host().accesserResource.get(number, changed);
-        changed.setSabiEnd(changed.getSabiStart());
-        host().accesserResource.update(number, changed);
-    }
-    start().choose(rangeSabi);
-    player->playRow(4);
-    player->back();
-    EXPECT_EQ(row(), 1);
-    player->forward();
-    EXPECT_EQ(row(), 4);
-
-    player->choose(rangeStart);
-    for (const int way : {5, 2, 3, 0})
-        player->playRow(way);
-    player->choose(NextRow::Random);
-    player->choose(rangeSabi);
-    player->back(); // along the history, past 3 and 2
-    EXPECT_EQ(row(), 5);
-    EXPECT_EQ(player->order().historyText(), "5←2←5←6");
-}
-
-TEST_F(SongPlayerTest, AnUnmeasuredEndIsNoEnd) {
-    addSongs(2);
-    test_support::writeSilence(file("1.mp3"), 0); // opens, and tells no length
-    start().limitTo(1000);
-    player->playRow(0);
-    ASSERT_EQ(player->end(), 0);
-    pass(990);
-    EXPECT_EQ(row(), 0);
-    pass(10);
-    EXPECT_EQ(row(), 1);
-}
-
-TEST_F(SongPlayerTest, FittingNoneItStops) {
-    addSongs(5);
-    for (int number = 1; number <= 5; ++number) {
-        DataResource changed;
-        host().accesserResource.get(number, changed);
-        changed.setSabiEnd(changed.getSabiStart());
-        host().accesserResource.update(number, changed);
-    }
-    start().playRow(2);
-    for (const NextRow method : {NextRow::InOrder, NextRow::Random, NextRow::Loop}) {
-        player->choose(method);
-        player->choose(rangeStart);
-        player->playRow(2);
-        player->choose(rangeSabi);
-        pass(20'000); // to the song's own end
-        EXPECT_EQ(player->state(), PlayState::Stopped);
-        EXPECT_EQ(sound.playing(file("3.mp3")), 0);
-        EXPECT_EQ(player->song().getTitle(), "");
-        EXPECT_EQ(player->span().end, 0);
-        EXPECT_EQ(player->end(), 0);
-    }
-    EXPECT_EQ(row(), 2);
-}
-
-TEST_F(SongPlayerTest, ARandomSearchFindsTheOnlySongThatFits) {
-    addSongs(9);
-    for (int number = 1; number <= 9; ++number) {
-        DataResource changed;
-        host().accesserResource.get(number, changed);
-        if (number != 6) changed.setIntroEnd(0);
-        host().accesserResource.update(number, changed);
-    }
-    start().choose(NextRow::Random);
-    player->choose(rangeIntro);
-    for (int i = 0; i < 50; ++i) { // wherever the bag stands
-        player->choose(rangeStart);
-        player->playRow(i % 9);
-        player->choose(rangeIntro);
-        player->forward();
-        EXPECT_EQ(row(), 5);
-        EXPECT_EQ(player->state(), PlayState::Playing);
-    }
-}
-
-TEST_F(SongPlayerTest, AFileThatIsGoneIsSilentUntilTheUserGoesOn) {
-    addSongs(2);
-    std::filesystem::remove(file("2.mp3"));
-    start().playOrPause();
-    pass(100);
-    player->forward();
-    EXPECT_EQ(player->state(), PlayState::Playing);
-    EXPECT_EQ(player->song().getTitle(), "曲2");
-    EXPECT_EQ(sound.playing(file("1.mp3")), 0);
-    pass(60'000);
-    EXPECT_EQ(row(), 1);
-    player->playOrPause();
-    player->playOrPause();
-    pass(100);
-    EXPECT_EQ(row(), 1);
-    player->forward();
-    EXPECT_EQ(row(), 0);
-    EXPECT_EQ(sound.playing(file("1.mp3")), 1);
-}
-
-TEST_F(SongPlayerTest, AnEmptyCatalogueDoesNothing) {
-    start().playOrPause();
-    player->forward();
-    player->back();
-    player->playRow(0);
-    player->stop();
-    player->seek(10);
-    EXPECT_FALSE(player->tick());
-    EXPECT_EQ(player->state(), PlayState::Stopped);
-    EXPECT_EQ(player->end(), 0);
 }
 
 TEST_F(SongPlayerTest, OneSongIsPlayedAgainInEveryOrder) {

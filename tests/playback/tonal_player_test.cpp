@@ -2,89 +2,51 @@
 
 #include <filesystem>
 
-#include <gmock/gmock.h>
-
 #include "foundation/views/view_resource.h"
 #include "host/state/host_state.h"
-#include "platform/driver.h"
-#include "platform/listview.h"
 #include "platform/menu.h"
 #include "platform/window.h"
 #include "playback/jukebox.h"
+#include "playback/tonal_player_ids.h"
+#include "support/form.h"
 
 namespace {
 
 namespace driver = platform::driver;
-using platform::WindowHandle;
+using namespace tonal_player;
+using test_support::Form;
+using testing::ElementsAre;
 using testing::IsEmpty;
-
-enum : int {
-    idInOrder = 8101,
-    idRandomOrder,
-    idLoop,
-    idFromStart,
-    idFromIntro,
-    idFromSabi,
-    idFromMelody,
-    idFromRandom,
-    idFromEnd,
-    idFromAnswer,
-    idNoLimit,
-    idOneSecond,
-    idThreeSeconds,
-    idFiveSeconds,
-    idTenSeconds,
-    idSongs = 8117,
-    idPosition,
-    idClock,
-    idPlay,
-    idStop,
-    idVolume = 8123,
-    idVolumeText,
-    idMute,
-    idSpeed = 8127,
-    idSpeedText,
-    idTitle,
-    idArtist,
-    idBack,
-    idForward,
-    idNormalSpeed,
-    idHistory,
-    idPlaySelected,
-};
 
 class TonalPlayer : public playback_tests::Jukebox {
 protected:
     // Opens the window, does `act` in it and closes it.
     void run(const std::function<void()>& act) {
-        script.expectDialog("IDD_KDL0801_TONAL_PLAYER", [&](WindowHandle window) {
-            dialog = window;
+        script.expectDialog(form, [&](Form opened) {
+            window = opened;
             act();
-            driver::closeBox(window);
+            window.close();
         });
         dlgTonalPlayer({});
         EXPECT_THAT(script.faults(), IsEmpty());
-        EXPECT_EQ(sound.volumes().size(), 0u) << "a player is left";
+        EXPECT_THAT(sound.volumes(), IsEmpty()) << "a player is left";
     }
 
-    bool click(int id) { return driver::click({dialog, id}); }
-    std::string text(int id) const { return platform::getText({dialog, id}); }
-    int place() const { return platform::getPosition({dialog, idPosition}); }
-    int selected() const { return platform::listSelectedRow({dialog, idSongs}); }
+    std::string text(int id) const { return window.text(id); }
+    int place() const { return window.place(idPosition); }
     std::string icons() const {
-        return platform::getIcon({dialog, idPlay}) + " " + platform::getIcon({dialog, idStop});
+        return platform::getIcon(window[idPlay]) + " " + platform::getIcon(window[idStop]);
     }
-    // The radio buttons that are set, and the commands of the menu bar that are marked.
+    bool isMarked(int row) const {
+        return platform::listRowColors(window[idSongs], row).background.has_value();
+    }
+    // The radio buttons that are set, which are the commands of the menu bar that are marked.
     std::vector<int> chosen() const {
         std::vector<int> ids;
-        for (int id = idInOrder; id <= idTenSeconds; ++id)
-            if (platform::isChecked({dialog, id})) ids.push_back(id);
-        return ids;
-    }
-    std::vector<int> marked() const {
-        std::vector<int> ids;
-        for (int id = idInOrder; id <= idTenSeconds; ++id)
-            if (platform::isMenuItemChecked(dialog, id)) ids.push_back(id);
+        for (int id = idInOrder; id <= idTenSeconds; ++id) {
+            if (window.checked(id)) ids.push_back(id);
+            EXPECT_EQ(platform::isMenuItemChecked(window, id), window.checked(id)) << id;
+        }
         return ids;
     }
 
@@ -93,67 +55,59 @@ protected:
     static constexpr const char* pausing = "ICO_INTRO_PLAY ICO_INTRO_STOP";
 
     driver::Script script;
-    WindowHandle dialog;
+    Form window;
 };
 
 TEST_F(TonalPlayer, AnEvening) {
     addSongs(3);
     run([&] {
-        EXPECT_EQ(platform::getText(dialog), "トーナルプレイヤー");
-        EXPECT_EQ(platform::listRowCount({dialog, idSongs}), 3);
-        EXPECT_EQ(platform::listCell({dialog, idSongs}, 1, 1), "曲2");
-        EXPECT_EQ(selected(), 0);
+        EXPECT_EQ(window.title(), "トーナルプレイヤー");
+        EXPECT_EQ(platform::listRowCount(window[idSongs]), 3);
+        EXPECT_EQ(platform::listCell(window[idSongs], 1, 1), "曲2");
+        EXPECT_EQ(window.selectedRow(idSongs), 0);
         EXPECT_EQ(icons(), standing);
         EXPECT_EQ(text(idClock), "00:00:00/00:00:00");
-        EXPECT_EQ(chosen(), (std::vector<int>{idInOrder, idFromStart, idNoLimit}));
-        EXPECT_EQ(marked(), chosen());
+        EXPECT_THAT(chosen(), ElementsAre(+idInOrder, +idFromStart, +idNoLimit));
 
-        click(idPlay);
+        window.click(idPlay);
         EXPECT_EQ(icons(), playing);
-        EXPECT_EQ(text(idTitle), "曲1");
-        EXPECT_EQ(text(idArtist), "曲1の歌手");
+        EXPECT_THAT(window.texts({idTitle, idArtist}), ElementsAre("曲1", "曲1の歌手"));
         EXPECT_EQ(sound.playing(file("1.mp3")), 1);
         clock.advance(5050);
         EXPECT_EQ(text(idClock), "00:00:05/00:00:20");
         EXPECT_EQ(place(), 50);
-        click(idPlay);
+        window.click(idPlay);
         EXPECT_EQ(icons(), pausing);
         clock.advance(3000);
         EXPECT_EQ(place(), 50);
-        click(idPlay);
+        window.click(idPlay);
         clock.advance(1000);
         EXPECT_EQ(place(), 60);
 
-        click(idFromSabi);
-        click(idForward);
+        window.click({idFromSabi, idForward});
         EXPECT_EQ(text(idTitle), "曲2");
-        EXPECT_EQ(selected(), 1);
+        EXPECT_EQ(window.selectedRow(idSongs), 1);
         EXPECT_EQ(place(), 80);
         clock.advance(4000);
         EXPECT_EQ(text(idTitle), "曲3");
-        click(idBack);
+        window.click(idBack);
         EXPECT_EQ(text(idTitle), "曲2");
-        click(idBack);
-        click(idBack);
-        EXPECT_EQ(text(idTitle), "曲3");
-        EXPECT_EQ(text(idHistory), "1←2←3←2←1←3");
+        window.click({idBack, idBack});
+        EXPECT_THAT(window.texts({idTitle, idHistory}), ElementsAre("曲3", "1←2←3←2←1←3"));
         clock.advance(1500);
         EXPECT_EQ(text(idClock), "00:00:09/00:00:20");
 
-        click(idStop);
+        window.click(idStop);
         EXPECT_EQ(icons(), standing);
         EXPECT_EQ(place(), 80); // as far back as it goes
         EXPECT_EQ(sound.playing(file("3.mp3")), 0);
         clock.advance(5000);
         EXPECT_EQ(text(idTitle), "曲3");
 
-        click(idLoop);
-        click(idThreeSeconds);
-        click(idPlay);
+        window.click({idLoop, idThreeSeconds, idPlay});
         clock.advance(10'000);
-        EXPECT_EQ(text(idTitle), "曲3");
-        EXPECT_EQ(text(idHistory), "1←2←3←2←1←3");
-        click(idRandomOrder);
+        EXPECT_THAT(window.texts({idTitle, idHistory}), ElementsAre("曲3", "1←2←3←2←1←3"));
+        window.click(idRandomOrder);
         clock.advance(30'000); // ten songs
         const std::string history = text(idHistory);
         for (const char* number : {"1", "2", "3"})
@@ -166,69 +120,61 @@ TEST_F(TonalPlayer, AnEvening) {
 TEST_F(TonalPlayer, ADoubleClickPlaysItsRow) {
     addSongs(5);
     run([&] {
-        driver::doubleClickRow({dialog, idSongs}, 3);
+        driver::doubleClickRow(window[idSongs], 3);
         EXPECT_EQ(text(idTitle), "曲4");
         clock.advance(7000);
         EXPECT_EQ(place(), 70);
-        driver::doubleClickRow({dialog, idSongs}, 3); // once more from its start
+        driver::doubleClickRow(window[idSongs], 3); // once more from its start
         EXPECT_EQ(place(), 0);
         EXPECT_EQ(text(idHistory), "4");
-        EXPECT_TRUE(platform::listRowColors({dialog, idSongs}, 3).background);
-        EXPECT_FALSE(platform::listRowColors({dialog, idSongs}, 0).background);
+        EXPECT_TRUE(isMarked(3));
+        EXPECT_FALSE(isMarked(0));
     });
 }
 
 TEST_F(TonalPlayer, WhoLooksForASongIsNotDisturbed) {
     addSongs(5);
     run([&] {
-        click(idOneSecond);
-        click(idPlay);
-        driver::select({dialog, idSongs}, 4);
+        window.click({idOneSecond, idPlay});
+        window.select(idSongs, 4);
         clock.advance(1000);
         EXPECT_EQ(text(idTitle), "曲2");
-        EXPECT_EQ(selected(), 4);
-        EXPECT_TRUE(platform::listRowColors({dialog, idSongs}, 1).background);
-        click(idPlay);
-        click(idStop);
-        EXPECT_EQ(selected(), 4);
-        click(idForward);
-        EXPECT_EQ(selected(), 2);
+        EXPECT_EQ(window.selectedRow(idSongs), 4);
+        EXPECT_TRUE(isMarked(1));
+        window.click({idPlay, idStop});
+        EXPECT_EQ(window.selectedRow(idSongs), 4);
+        window.click(idForward);
+        EXPECT_EQ(window.selectedRow(idSongs), 2);
         clock.advance(1000);
-        EXPECT_EQ(selected(), 3);
+        EXPECT_EQ(window.selectedRow(idSongs), 3);
     });
 }
 
 TEST_F(TonalPlayer, RadioButtonsAndMenuAreTwins) {
     addSongs(2);
     run([&] {
-        click(idRandomOrder);
-        click(idFromAnswer);
-        click(idTenSeconds);
-        EXPECT_EQ(marked(), (std::vector<int>{idRandomOrder, idFromAnswer, idTenSeconds}));
-        EXPECT_EQ(chosen(), marked());
+        window.click({idRandomOrder, idFromAnswer, idTenSeconds});
+        EXPECT_THAT(chosen(), ElementsAre(+idRandomOrder, +idFromAnswer, +idTenSeconds));
         for (int id = idInOrder; id <= idTenSeconds; ++id) {
             SCOPED_TRACE(id);
-            EXPECT_TRUE(driver::chooseMenu(dialog, id));
-            EXPECT_TRUE(platform::isChecked({dialog, id}));
-            EXPECT_EQ(chosen(), marked());
+            EXPECT_TRUE(driver::chooseMenu(window, id));
+            EXPECT_TRUE(window.checked(id));
             EXPECT_EQ(chosen().size(), 3u);
-            EXPECT_THAT(platform::menuItemText(dialog, id), testing::StartsWith(text(id)));
+            EXPECT_THAT(platform::menuItemText(window, id), testing::StartsWith(text(id)));
         }
-        driver::chooseMenu(dialog, idMute);
-        EXPECT_TRUE(platform::isChecked({dialog, idMute}));
-        click(idMute);
-        EXPECT_FALSE(platform::isMenuItemChecked(dialog, idMute));
+        driver::chooseMenu(window, idMute);
+        EXPECT_TRUE(window.checked(idMute));
+        window.click(idMute);
+        EXPECT_FALSE(platform::isMenuItemChecked(window, idMute));
 
         // What was chosen in the menu counts.
-        driver::chooseMenu(dialog, idFromIntro);
-        driver::chooseMenu(dialog, idOneSecond);
-        driver::chooseMenu(dialog, idInOrder);
-        driver::chooseMenu(dialog, idPlay);
+        for (const int id : {idFromIntro, idOneSecond, idInOrder, idPlay})
+            EXPECT_TRUE(driver::chooseMenu(window, id));
         EXPECT_EQ(place(), 20);
         clock.advance(1000);
         EXPECT_EQ(text(idTitle), "曲2");
         for (const int id : {idForward, idBack, idStop})
-            EXPECT_TRUE(driver::chooseMenu(dialog, id));
+            EXPECT_TRUE(driver::chooseMenu(window, id));
         EXPECT_EQ(icons(), standing);
     });
 }
@@ -238,17 +184,17 @@ TEST_F(TonalPlayer, TheListsMenuHasTheSameCommands) {
     run([&] {
         const auto choose = [&](int row, int command) {
             script.expectMenu("IDM_KDL0801_LISTMENUE", command);
-            driver::rightClickRow({dialog, idSongs}, row);
+            driver::rightClickRow(window[idSongs], row);
         };
         choose(1, idPlaySelected);
         EXPECT_EQ(text(idTitle), "曲2");
         choose(0, idForward);
         EXPECT_EQ(text(idTitle), "曲3");
         choose(0, idFromSabi);
-        EXPECT_TRUE(platform::isChecked({dialog, idFromSabi}));
+        EXPECT_TRUE(window.checked(idFromSabi));
         choose(0, idMute);
-        EXPECT_TRUE(platform::isChecked({dialog, idMute}));
-        for (const int command : platform::menuCommands(dialog))
+        EXPECT_TRUE(window.checked(idMute));
+        for (const int command : platform::menuCommands(window))
             if (command != platform::IDCANCEL) choose(2, command);
         choose(2, platform::IDCANCEL);
     });
@@ -257,59 +203,59 @@ TEST_F(TonalPlayer, TheListsMenuHasTheSameCommands) {
 TEST_F(TonalPlayer, SlidersMoveTheSongItsVolumeAndItsSpeed) {
     addSongs(2);
     run([&] {
-        click(idPlay);
-        driver::slide({dialog, idPosition}, 100);
+        window.click(idPlay);
+        window.slide(idPosition, 100);
         clock.advance(1000);
         EXPECT_EQ(place(), 110);
-        driver::holdThumb({dialog, idPosition}, true);
-        driver::slide({dialog, idPosition}, 40);
+        driver::holdThumb(window[idPosition], true);
+        window.slide(idPosition, 40);
         clock.advance(1000);
         EXPECT_EQ(place(), 40); // the song goes on, the thumb stays
         EXPECT_EQ(text(idClock), "00:00:05/00:00:20");
-        driver::holdThumb({dialog, idPosition}, false);
+        driver::holdThumb(window[idPosition], false);
         clock.advance(10);
         EXPECT_EQ(place(), 50);
-        platform::setFocus({dialog, idPosition});
-        driver::pressKey(dialog, "Right");
+        window.focus(idPosition);
+        window.key("Right");
         EXPECT_EQ(place(), 60);
-        driver::pressKey(dialog, "PgUp");
+        window.key("PgUp");
         EXPECT_EQ(place(), 160);
         clock.advance(1000);
         EXPECT_EQ(place(), 170);
 
-        driver::slide({dialog, idVolume}, 80);
+        window.slide(idVolume, 80);
         EXPECT_EQ(text(idVolumeText), "80");
         EXPECT_EQ(sound.volumes(), std::set<int>{800});
-        click(idMute);
+        window.click(idMute);
         EXPECT_EQ(sound.volumes(), std::set<int>{0});
-        driver::slide({dialog, idVolume}, 30);
+        window.slide(idVolume, 30);
+        window.click(idForward);
         EXPECT_EQ(sound.volumes(), std::set<int>{0});
-        click(idMute);
+        window.click(idMute);
         EXPECT_EQ(sound.volumes(), std::set<int>{300});
 
-        driver::slide({dialog, idPosition}, 0);
-        driver::slide({dialog, idSpeed}, 200);
+        window.slide(idPosition, 0);
+        window.slide(idSpeed, 200);
         EXPECT_EQ(text(idSpeedText), "200");
         clock.advance(1000);
         EXPECT_EQ(place(), 20);
         for (const int low : {0, 4}) {
-            driver::slide({dialog, idSpeed}, low);
+            window.slide(idSpeed, low);
             EXPECT_EQ(text(idSpeedText), "5");
-            EXPECT_EQ(platform::getPosition({dialog, idSpeed}), 5);
+            EXPECT_EQ(window.place(idSpeed), 5);
         }
-        click(idNormalSpeed);
+        window.click(idNormalSpeed);
         EXPECT_EQ(text(idSpeedText), "100");
         clock.advance(1000);
         EXPECT_EQ(place(), 30);
-        driver::slide({dialog, idSpeed}, 50);
+        window.slide(idSpeed, 50);
     });
     run([&] { // volume and speed are kept, muting is not
-        EXPECT_EQ(text(idVolumeText), "30");
-        EXPECT_EQ(platform::getPosition({dialog, idVolume}), 30);
-        EXPECT_EQ(text(idSpeedText), "50");
-        EXPECT_FALSE(platform::isChecked({dialog, idMute}));
-        EXPECT_EQ(chosen(), (std::vector<int>{idInOrder, idFromStart, idNoLimit}));
-        click(idPlay);
+        EXPECT_THAT(window.texts({idVolumeText, idSpeedText}), ElementsAre("30", "50"));
+        EXPECT_EQ(window.place(idVolume), 30);
+        EXPECT_FALSE(window.checked(idMute));
+        EXPECT_THAT(chosen(), ElementsAre(+idInOrder, +idFromStart, +idNoLimit));
+        window.click(idPlay);
         EXPECT_EQ(sound.volumes(), std::set<int>{300});
         clock.advance(2000);
         EXPECT_EQ(place(), 10);
@@ -319,18 +265,17 @@ TEST_F(TonalPlayer, SlidersMoveTheSongItsVolumeAndItsSpeed) {
 TEST_F(TonalPlayer, TheSliderIsLeftToTheHandThatHoldsIt) {
     addSongs(2);
     run([&] {
-        click(idFromSabi);
-        click(idPlay);
-        driver::holdThumb({dialog, idPosition}, true);
-        driver::slide({dialog, idPosition}, 119);
-        click(idFromIntro);
+        window.click({idFromSabi, idPlay});
+        driver::holdThumb(window[idPosition], true);
+        window.slide(idPosition, 119);
+        window.click(idFromIntro);
         clock.advance(200);
         EXPECT_EQ(text(idTitle), "曲2");
         EXPECT_EQ(place(), 119);
-        EXPECT_EQ(platform::getRangeHigh({dialog, idPosition}), 120);
-        driver::holdThumb({dialog, idPosition}, false);
+        EXPECT_EQ(platform::getRangeHigh(window[idPosition]), 120);
+        driver::holdThumb(window[idPosition], false);
         clock.advance(10);
-        EXPECT_EQ(platform::getRangeHigh({dialog, idPosition}), 50);
+        EXPECT_EQ(platform::getRangeHigh(window[idPosition]), 50);
         EXPECT_LE(place(), 50);
     });
 }
@@ -338,47 +283,44 @@ TEST_F(TonalPlayer, TheSliderIsLeftToTheHandThatHoldsIt) {
 TEST_F(TonalPlayer, TheKeyboardIsEnough) {
     addSongs(4);
     run([&] {
-        EXPECT_TRUE(platform::hasFocus({dialog, idSongs}));
-        driver::pressKey(dialog, "Down");
-        driver::pressKey(dialog, "Down");
-        driver::pressKey(dialog, "Return");
+        EXPECT_TRUE(window.focused(idSongs));
+        window.key("Down");
+        window.key("Down");
+        window.key("Return");
         EXPECT_EQ(text(idTitle), "曲3");
         // Everything that can be used is on the way of the Tab key; of a group the button that is set.
         std::set<int> visited;
         for (int i = 0; i < 30; ++i) {
-            driver::pressKey(dialog, "Tab");
+            window.key("Tab");
             for (int id = idInOrder; id <= idPlaySelected; ++id)
-                if (platform::hasFocus({dialog, id})) visited.insert(id);
+                if (window.focused(id)) visited.insert(id);
         }
         EXPECT_THAT(visited,
                     testing::IsSupersetOf({+idInOrder, +idFromStart, +idNoLimit, +idSongs, +idPosition,
                                            +idPlay, +idStop, +idVolume, +idMute, +idSpeed, +idBack,
                                            +idForward, +idNormalSpeed, +idPlaySelected}));
-        platform::setFocus({dialog, idForward});
-        driver::pressKey(dialog, "Space");
+        window.focus(idForward);
+        window.key("Space");
         EXPECT_EQ(text(idTitle), "曲4");
         driver::settle();
-        platform::setFocus({dialog, idFromStart});
-        driver::pressKey(dialog, "Down");
-        EXPECT_TRUE(platform::isChecked({dialog, idFromIntro}));
-        EXPECT_TRUE(platform::isMenuItemChecked(dialog, idFromIntro));
-        driver::pressKey(dialog, "Alt+V");
-        EXPECT_TRUE(platform::hasFocus({dialog, idVolume}));
-        driver::pressKey(dialog, "Escape");
-        EXPECT_FALSE(platform::isWindow(dialog) && platform::isVisible(dialog));
+        window.focus(idFromStart);
+        window.key("Down");
+        EXPECT_TRUE(window.checked(idFromIntro));
+        EXPECT_TRUE(platform::isMenuItemChecked(window, idFromIntro));
+        window.key("Alt+V");
+        EXPECT_TRUE(window.focused(idVolume));
+        window.key("Escape");
+        EXPECT_FALSE(platform::isWindow(window) && platform::isVisible(platform::WindowHandle(window)));
     });
 }
 
 TEST_F(TonalPlayer, WithoutSongsNothingHappens) {
     run([&] {
-        for (const int id :
-             {idPlay, idStop, idBack, idForward, idPlaySelected, idMute, idNormalSpeed, idFromSabi})
-            EXPECT_TRUE(click(id));
-        driver::slide({dialog, idPosition}, 10);
+        window.click({idPlay, idStop, idBack, idForward, idPlaySelected, idMute, idNormalSpeed, idFromSabi});
+        window.slide(idPosition, 10);
         clock.advance(1000);
         EXPECT_EQ(icons(), standing);
-        EXPECT_EQ(text(idClock), "00:00:00/00:00:00");
-        EXPECT_EQ(text(idHistory), "");
+        EXPECT_THAT(window.texts({idClock, idHistory}), ElementsAre("00:00:00/00:00:00", ""));
     });
 }
 
@@ -386,22 +328,20 @@ TEST_F(TonalPlayer, SongsThatCannotBePlayed) {
     addSongs(2);
     std::filesystem::remove(file("1.mp3"));
     run([&] {
-        click(idPlay);
+        window.click(idPlay);
         EXPECT_EQ(icons(), playing); // silently, until the user goes on
         clock.advance(30'000);
-        EXPECT_EQ(text(idTitle), "曲1");
-        EXPECT_EQ(text(idClock), "00:00:00/00:00:00");
-        click(idForward);
+        EXPECT_THAT(window.texts({idTitle, idClock}), ElementsAre("曲1", "00:00:00/00:00:00"));
+        window.click(idForward);
         EXPECT_EQ(text(idTitle), "曲2");
         std::filesystem::remove(file("2.mp3"));
-        click(idFromIntro);
-        click(idForward);
+        window.click({idFromIntro, idForward});
         EXPECT_EQ(icons(), standing);
-        EXPECT_EQ(text(idTitle), "この再生位置で聞ける曲がありません。");
-        EXPECT_EQ(text(idArtist), "") << "there is no song in hand";
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-        EXPECT_EQ(text(idClock), "00:00:00/00:00:00");
-        EXPECT_EQ(platform::getRangeHigh({dialog, idPosition}), 0);
+        EXPECT_THAT(window.texts({idTitle, idArtist, idClock}),
+                    ElementsAre("この再生位置で聞ける曲がありません。", "", "00:00:00/00:00:00"))
+            << "there is no song in hand";
+        EXPECT_THAT(window.cut(), IsEmpty());
+        EXPECT_EQ(platform::getRangeHigh(window[idPosition]), 0);
         clock.advance(1000);
         EXPECT_EQ(icons(), standing);
     });
@@ -419,28 +359,24 @@ TEST_F(TonalPlayer, LooksRightInEveryState) {
     addSongs(30);
     run([&] {
         const auto look = [&] {
-            driver::settle();
-            const platform::Rect rect = platform::getRect(dialog);
+            // The history runs out of its field at the left, where the oldest stand.
+            EXPECT_THAT(window.cut(), testing::Each(testing::StartsWith(std::to_string(idHistory) + ":")));
+            const platform::Rect rect = platform::getRect(window);
             EXPECT_LE(rect.width, 1366);
             EXPECT_LE(rect.height, 700); // of 768, without frame and task bar
-            // The history runs out of its field at the left, where the oldest stand.
-            EXPECT_THAT(driver::clippedControls(dialog), testing::Each(testing::StartsWith("8134:")));
-            EXPECT_FALSE(driver::isCellCut({dialog, idSongs}, 0, ViewResource::releaseDate));
+            EXPECT_FALSE(driver::isCellCut(window[idSongs], 0, ViewResource::releaseDate));
         };
         look();
-        click(idForward);
+        window.click(idForward);
         clock.advance(1000);
         look();
-        click(idPlay);
-        click(idMute);
-        driver::select({dialog, idSongs}, 5);
-        driver::slide({dialog, idSpeed}, 175);
+        window.click({idPlay, idMute});
+        window.select(idSongs, 5);
+        window.slide(idSpeed, 175);
         look();
-        click(idOneSecond);
-        click(idMute);
-        click(idPlay);
+        window.click({idOneSecond, idMute, idPlay});
         clock.advance(60'000);
-        click(idBack);
+        window.click(idBack);
         look();
     });
 }

@@ -53,6 +53,10 @@ public:
 
     // What cannot be done fails the test.
     void click(int id) const { EXPECT_TRUE(platform::driver::click((*this)[id])) << id; }
+    void click(std::initializer_list<int> ids) const { // one after the other
+        for (const int id : ids)
+            click(id);
+    }
     void select(int id, int index) const { EXPECT_TRUE(platform::driver::select((*this)[id], index)) << id; }
     void slide(int id, int place) const { EXPECT_TRUE(platform::driver::slide((*this)[id], place)) << id; }
     void spin(int id, int steps) const { EXPECT_TRUE(platform::driver::spin((*this)[id], steps)) << id; }
