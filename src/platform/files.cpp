@@ -1,10 +1,8 @@
 #include "platform/files.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +10,7 @@
 #include "platform/detail/program_folder.h"
 #include "platform/detail/protection.h"
 #include "platform/detail/qt_text.h"
+#include "platform/detail/replacement.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -44,30 +43,6 @@ fs::path inCaseOfDisk(const fs::path& exact) {
     const fs::path folder = inCaseOfDisk(exact.parent_path());
     const fs::path other = detail::entryIgnoringCase(folder, exact.filename());
     return folder / (other.empty() ? exact.filename() : other);
-}
-
-// Writes everything and flushes it to the disk.
-bool writeWhole(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return ::fsync(descriptor) == 0;
-}
-
-void flushFolder(const fs::path& folder) {
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
-mode_t usualMode() {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
 }
 
 // Empty while it is that of the executable.
@@ -164,20 +139,7 @@ bool replaceFile(std::string_view path, std::string_view bytes) {
     // A link stays a link: what it points at is replaced.
     if (fs::is_symlink(target, failure)) target = fs::weakly_canonical(target, failure);
     if (fs::is_directory(target, failure) || detail::isWriteProtected(target)) return false;
-
-    std::string neighbour = target.native() + ".XXXXXX";
-    const int descriptor = ::mkostemp(neighbour.data(), O_CLOEXEC);
-    if (descriptor < 0) return false;
-    struct stat old {};
-    const mode_t mode = ::stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : usualMode();
-    bool written = ::fchmod(descriptor, mode) == 0 && writeWhole(descriptor, bytes);
-    written = ::close(descriptor) == 0 && written;
-    if (!written || ::rename(neighbour.c_str(), target.c_str()) != 0) {
-        ::unlink(neighbour.c_str());
-        return false;
-    }
-    flushFolder(target.parent_path());
-    return true;
+    return !detail::replaceBytes(target, bytes);
 }
 
 bool makeFolder(std::string_view path) {

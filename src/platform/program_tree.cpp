@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <map>
+#include <sstream>
 #include <string_view>
 #include <system_error>
 
@@ -12,6 +12,7 @@
 
 #include "platform/detail/program_folder.h"
 #include "platform/detail/protection.h"
+#include "platform/detail/replacement.h"
 
 namespace platform {
 
@@ -29,8 +30,10 @@ struct Stamp {
     friend bool operator==(const Stamp&, const Stamp&) = default;
 };
 
-Stamp stampOf(const fs::path& file) {
-    return {fs::file_size(file), fs::last_write_time(file).time_since_epoch().count()};
+Stamp stampOf(const fs::path& file, std::error_code& failure) {
+    const std::uintmax_t size = fs::file_size(file, failure);
+    if (failure) return {};
+    return {size, fs::last_write_time(file, failure).time_since_epoch().count()};
 }
 
 using Stamps = std::map<std::string, Stamp>; // by path inside the tree
@@ -45,63 +48,58 @@ Stamps readStamps(const fs::path& record) {
     return stamps;
 }
 
-// A neighbour that takes the file's place when it is whole.
-class Replacement {
-public:
-    explicit Replacement(const fs::path& target)
-        : target_(target), neighbour_(target.native() + "." + std::to_string(::getpid())) {}
-    ~Replacement() {
-        std::error_code ignored;
-        fs::remove(neighbour_, ignored);
-    }
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
-
-    const fs::path& path() const { return neighbour_; }
-    void finish() const { fs::rename(neighbour_, target_); }
-
-private:
-    const fs::path target_, neighbour_;
-};
-
-void writeStamps(const fs::path& record, const Stamps& stamps) {
-    const Replacement replacement(record);
-    std::ofstream out(replacement.path());
+std::error_code writeStamps(const fs::path& record, const Stamps& stamps) {
+    std::ostringstream text;
     for (const auto& [path, stamp] : stamps)
-        out << stamp.size << ' ' << stamp.time << ' ' << path << '\n';
-    out.close();
-    if (!out) throw fs::filesystem_error("cannot write", record, std::make_error_code(std::errc::io_error));
-    replacement.finish();
+        text << stamp.size << ' ' << stamp.time << ' ' << path << '\n';
+    return detail::replaceBytes(record, text.view());
 }
 
-void copyWithTime(const fs::path& from, const fs::path& to) {
-    fs::create_directories(to.parent_path());
-    const Replacement replacement(to);
-    fs::copy_file(from, replacement.path());
+std::error_code copyWithTime(const fs::path& from, const fs::path& to) {
+    std::error_code failure;
+    fs::create_directories(to.parent_path(), failure);
+    if (failure) return failure;
+    const auto changed = fs::last_write_time(from, failure);
+    if (failure) return failure;
+    detail::Replacement copy(to);
+    failure = copy.failure();
+    if (!failure) fs::copy_file(from, copy.neighbour(), fs::copy_options::overwrite_existing, failure);
     // What is shipped may be read-only; the user's own file is not.
-    fs::permissions(replacement.path(), fs::perms::owner_write, fs::perm_options::add);
-    fs::last_write_time(replacement.path(), fs::last_write_time(from));
-    replacement.finish();
+    if (!failure) fs::permissions(copy.neighbour(), fs::perms::owner_write, fs::perm_options::add, failure);
+    if (!failure) fs::last_write_time(copy.neighbour(), changed, failure);
+    return failure ? failure : copy.take();
 }
 
 bool haveEqualBytes(const fs::path& one, const fs::path& other) {
-    if (fs::file_size(one) != fs::file_size(other)) return false;
     std::ifstream a(one, std::ios::binary), b(other, std::ios::binary);
-    using Bytes = std::istreambuf_iterator<char>;
-    return a && b && std::equal(Bytes(a), Bytes(), Bytes(b));
+    char ofOne[65536], ofOther[65536];
+    do {
+        a.read(ofOne, sizeof ofOne);
+        b.read(ofOther, sizeof ofOther);
+        if (!std::equal(ofOne, ofOne + a.gcount(), ofOther, ofOther + b.gcount())) return false;
+    } while (a && b);
+    return a.eof() && b.eof();
 }
 
-void followFile(const fs::path& from, const fs::path& to, const std::string& path, Stamps& stamps) {
-    const Stamp shipped = stampOf(from);
-    if (fs::exists(to)) {
+std::error_code followFile(const fs::path& from, const fs::path& to, const std::string& path,
+                           Stamps& stamps) {
+    std::error_code failure;
+    const Stamp shipped = stampOf(from, failure);
+    if (failure) return failure;
+    const bool there = fs::exists(to, failure);
+    const Stamp own = there ? stampOf(to, failure) : Stamp();
+    if (failure) return failure;
+    if (there) {
         const auto came = stamps.find(path);
         // A start that was cut off has left files, but no record of them.
-        if (came == stamps.end() && haveEqualBytes(from, to)) stamps[path] = stampOf(to);
-        const bool untouched = came != stamps.end() && came->second == stampOf(to);
-        if (!untouched || came->second == shipped || detail::isWriteProtected(to)) return;
+        if (came == stamps.end() && own.size == shipped.size && haveEqualBytes(from, to))
+            stamps[path] = own;
+        const bool untouched = came != stamps.end() && came->second == own;
+        if (!untouched || own == shipped || detail::isWriteProtected(to)) return {};
     }
-    copyWithTime(from, to);
-    stamps[path] = shipped;
+    failure = copyWithTime(from, to);
+    if (!failure) stamps[path] = shipped;
+    return failure;
 }
 
 bool isWritable(const fs::path& folder) {
@@ -119,32 +117,34 @@ fs::path userDataFolder() {
 
 std::string followTree(const fs::path& from, const fs::path& to) {
     std::string problem;
-    const auto attempt = [&problem](const auto& step) {
-        try {
-            step();
-        } catch (const fs::filesystem_error& failure) {
-            problem = failure.what();
-        }
+    const auto tell = [&problem](const std::error_code& failure, const fs::path& file) {
+        if (failure && problem.empty()) problem = file.native() + ": " + failure.message();
     };
     const fs::path record = to / recordName;
-    Stamps stamps = readStamps(record);
+    const Stamps before = readStamps(record);
+    Stamps stamps = before;
     for (const char* folder : shippedFolders) {
-        if (!fs::is_directory(from / folder)) continue;
-        attempt([&] {
-            for (const auto& entry : fs::recursive_directory_iterator(from / folder)) {
-                if (!entry.is_regular_file()) continue;
-                const std::string path = entry.path().lexically_relative(from).native();
-                attempt([&] { followFile(entry.path(), to / path, path, stamps); });
-            }
-        });
+        std::error_code failure;
+        fs::recursive_directory_iterator entry(from / folder, failure);
+        if (failure == std::errc::no_such_file_or_directory) continue; // no tree needs all of them
+        for (; !failure && entry != fs::end(entry); entry.increment(failure)) {
+            std::error_code unknown;
+            const bool file = entry->is_regular_file(unknown);
+            tell(unknown, entry->path());
+            if (!file) continue;
+            const std::string path = entry->path().lexically_relative(from).native();
+            tell(followFile(entry->path(), to / path, path, stamps), to / path);
+        }
+        tell(failure, from / folder);
     }
-    attempt([&] { writeStamps(record, stamps); });
+    if (stamps != before) tell(writeStamps(record, stamps), record);
     return problem;
 }
 
 ProgramTree findProgramTree(const fs::path& program, const fs::path& userData) {
     const fs::path beside = program.parent_path().parent_path();
-    const bool hasTree = fs::is_directory(beside / "cnf");
+    std::error_code ignored;
+    const bool hasTree = fs::is_directory(beside / "cnf", ignored);
     if (hasTree && isWritable(beside / "cnf")) return {program.parent_path(), {}, ""};
     const fs::path own = userData / "kdl";
     const fs::path shipped = hasTree ? beside : beside / "share/kdl";

@@ -9,8 +9,8 @@ namespace platform {
 // Copies what is shipped in `from` (its folders cnf, eft, hlp, snd and tmp) to `to`. A file that is missing
 // there comes (again, when it was deleted); one that nobody has changed since it came follows `from`; one
 // that was changed, or is write-protected, stays as it is. `to`/.shipped remembers what came. "" when all
-// went well, else what stood in the way; what could be copied is there all the same, no file is left half
-// written.
+// went well, else what first stood in the way (UTF-8); what could be copied is there all the same, no file is
+// left half written.
 std::string followTree(const std::filesystem::path& from, const std::filesystem::path& to);
 
 struct ProgramTree {

@@ -1,16 +1,15 @@
 #include "platform/files.h"
 
-#include <csignal>
 #include <fstream>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/shell.h"
 #include "platform/text.h"
+#include "support/full_disk.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -30,15 +29,8 @@ TEST(Files, ReplaceWholeOrNotAtAll) {
     ASSERT_EQ(::stat(platform::nativePath(file).c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0640u) << "who may read it stays as it was";
 
-    // A disk that is full in the middle of the write.
-    rlimit old{};
-    getrlimit(RLIMIT_FSIZE, &old);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{1000, old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_FALSE(platform::replaceFile(file, std::string(100000, 'x')));
-    setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_FALSE(test_support::onFullDisk(
+        1000, [&] { return platform::replaceFile(file, std::string(100000, 'x')); }));
     EXPECT_EQ(platform::readFile(file), bytes);
     EXPECT_EQ(platform::listFolder(folder.path().string()).size(), 1u) << "no half-written neighbour stays";
 

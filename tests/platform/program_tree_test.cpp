@@ -4,7 +4,9 @@
 #include <iterator>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include "support/full_disk.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -85,7 +87,8 @@ TEST(ProgramTree, GoesOnAfterAStartThatWasCutOff) {
     const TemporaryFolder folder;
     const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
     write(shipped / "cnf/a.xml", "texts 1");
-    write(own / "cnf/a.xml", "texts 1"); // came, but was not recorded
+    write(own / "cnf/a.xml", "texts 1");                                   // came, but was not recorded
+    write(own / ("cnf/a.xml." + std::to_string(::getpid())), "half a co"); // of a process of this number
     EXPECT_EQ(platform::followTree(shipped, own), "");
     ship(shipped / "cnf/a.xml", "texts 2");
     EXPECT_EQ(platform::followTree(shipped, own), "");
@@ -101,6 +104,20 @@ TEST(ProgramTree, TellsWhatStandsInTheWayAndGoesOn) {
     EXPECT_NE(platform::followTree(shipped, own), "");
     EXPECT_EQ(read(own / "eft/b.wav"), "b");
     EXPECT_EQ(read(own / "cnf"), "a file where a folder should be");
+    write(shipped / "snd", "no folder at all");
+    EXPECT_NE(platform::followTree(shipped, folder.path() / "other"), "");
+    EXPECT_EQ(read(folder.path() / "other/eft/b.wav"), "b");
+}
+
+TEST(ProgramTree, LeavesNoHalfFileOnAFullDisk) {
+    const TemporaryFolder folder;
+    const fs::path shipped = folder.path() / "shipped", own = folder.path() / "own";
+    write(shipped / "snd/long.wav", std::string(100000, 'x'));
+    write(shipped / "snd/short.wav", "x");
+    EXPECT_NE(test_support::onFullDisk(1000, [&] { return platform::followTree(shipped, own); }), "");
+    EXPECT_EQ(std::distance(fs::directory_iterator(own / "snd"), {}), 1) << "the short one alone";
+    EXPECT_EQ(platform::followTree(shipped, own), "");
+    EXPECT_EQ(fs::file_size(own / "snd/long.wav"), 100000u);
 }
 
 TEST(ProgramTree, StandsBesideTheProgramOrIsTheUsersOwn) {
