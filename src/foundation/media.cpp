@@ -126,6 +126,11 @@ void Media::standAt(int position) {
     playStartTick = noTick;
 }
 
+bool Media::isStarting() {
+    return playing && window && window->position() == playStartPosition &&
+           platform::getTickCount() - playStartTick <= patienceMs;
+}
+
 int Media::getEnd() {
     return window ? window->end() : 0;
 }

@@ -49,6 +49,9 @@ public:
     bool pause();
     bool stop(); // false when it was not playing, or nothing is open any more
     bool isPlaying() const { return playing; }
+    // Nothing of the play is heard yet: a part deep in a song, or a slow disk, takes its time. No longer so
+    // after the patience.
+    bool isStarting();
     // Goes on playing from the new place when it was playing.
     bool seek(int position);
     // 0 while the file is not measured; waits for that, as the player does.
@@ -67,6 +70,7 @@ public:
 
     static int toSeconds(int milliseconds) { return milliseconds / 1000; }
 
+    static constexpr unsigned patienceMs = 3000;
     static constexpr unsigned hiddenStyle = 0x08004000; // disabled, no error boxes
 
 private:

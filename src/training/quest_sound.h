@@ -23,7 +23,8 @@ public:
     void reset(); // stops songs and jingle and forgets the songs
     // Empties the songs' players, and the two others where they were used.
     void unload();
-    // `elapsedMs` is the time since the start.
+    bool isStarting() const { return areStarting(plays_); }
+    // `elapsedMs` is the time since the first sound.
     bool isOver(int elapsedMs) const;
 
     SongProgress progress() const; // of the first song

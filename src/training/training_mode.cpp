@@ -144,6 +144,7 @@ private:
             playSongs();
             return;
         }
+        if (sound_.isStarting()) run_.waitForSound();
         if (sound_.isOver(run_.elapsedMs()))
             halt();
         else

@@ -60,6 +60,10 @@ void TrainingRun::passTime(int milliseconds) {
     if (phase_ == TrainingPhase::Playing) elapsedMs_ += milliseconds;
 }
 
+void TrainingRun::waitForSound() {
+    elapsedMs_ = 0;
+}
+
 void TrainingRun::halt() {
     elapsedMs_ = 0;
     phase_ = TrainingPhase::Halted;

@@ -58,6 +58,7 @@ public:
     // Counts where a clock runs: for the answer while songs play or have stopped, for the play while they
     // play.
     void passTime(int milliseconds);
+    void waitForSound(); // the present playing counts from here
     void halt();
 
     void requestAnswer();

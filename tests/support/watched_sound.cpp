@@ -8,42 +8,53 @@ namespace {
 
 using Player = WatchedSound::Player;
 using Players = std::vector<std::weak_ptr<Player>>;
-using Time = std::shared_ptr<const std::uint32_t>;
+using Delays = std::shared_ptr<const WatchedSound::Delays>;
 
 class WatchedPlayer final : public platform::SoundPlayer {
 public:
-    WatchedPlayer(std::unique_ptr<platform::SoundPlayer> inner, std::shared_ptr<Player> seen, Time measuring)
-        : inner_(std::move(inner)), seen_(std::move(seen)), measuringTime_(std::move(measuring)) {}
+    WatchedPlayer(std::unique_ptr<platform::SoundPlayer> inner, std::shared_ptr<Player> seen, Delays delays)
+        : inner_(std::move(inner)), seen_(std::move(seen)), delays_(std::move(delays)) {}
 
     bool open(const std::string& path) override {
         seen_->path = path;
         seen_->plays = false;
         openedAt_ = platform::getTickCount();
-        measuring_ = *measuringTime_;
+        measuring_ = delays_->measuring;
+        waits_ = false;
         const bool opened = inner_->open(path);
         if (!opened) measuring_ = 0;
         return opened;
     }
     void close() override {
-        seen_->plays = false;
+        seen_->plays = waits_ = false;
         measuring_ = 0;
         inner_->close();
     }
-    bool play() override { return seen_->plays = inner_->play(); }
+    bool play() override {
+        startsAt_ = platform::getTickCount() + delays_->start;
+        waits_ = delays_->start > 0;
+        return seen_->plays = waits_ ? inner_->pause() : inner_->play();
+    }
     bool playReverse() override { return seen_->plays = inner_->playReverse(); }
     bool pause() override {
-        seen_->plays = false;
+        seen_->plays = waits_ = false;
         return inner_->pause();
     }
     bool stop() override {
-        seen_->plays = false;
+        seen_->plays = waits_ = false;
         return inner_->stop();
     }
     bool seek(int milliseconds) override {
-        seen_->plays = false;
+        seen_->plays = waits_ = false;
         return inner_->seek(milliseconds);
     }
-    int position() override { return inner_->position(); }
+    int position() override {
+        if (waits_ && platform::getTickCount() >= startsAt_) {
+            waits_ = false;
+            inner_->play();
+        }
+        return inner_->position();
+    }
     int end() override { return isMeasuring(0) ? 0 : inner_->end(); }
     bool isMeasuring(int) override { return platform::getTickCount() - openedAt_ < measuring_; }
     bool setVolume(int thousandths) override {
@@ -55,19 +66,20 @@ public:
 private:
     std::unique_ptr<platform::SoundPlayer> inner_;
     std::shared_ptr<Player> seen_;
-    Time measuringTime_;
-    std::uint32_t openedAt_ = 0, measuring_ = 0;
+    Delays delays_;
+    std::uint32_t openedAt_ = 0, measuring_ = 0, startsAt_ = 0;
+    bool waits_ = false; // it was told to play and is not heard yet
 };
 
 class WatchedDevice final : public platform::SoundDevice {
 public:
-    WatchedDevice(std::shared_ptr<Players> players, Time measuring)
-        : players_(std::move(players)), measuringTime_(std::move(measuring)) {}
+    WatchedDevice(std::shared_ptr<Players> players, Delays delays)
+        : players_(std::move(players)), delays_(std::move(delays)) {}
 
     std::unique_ptr<platform::SoundPlayer> createPlayer() override {
         auto seen = std::make_shared<Player>();
         players_->push_back(seen);
-        return std::make_unique<WatchedPlayer>(inner_->createPlayer(), std::move(seen), measuringTime_);
+        return std::make_unique<WatchedPlayer>(inner_->createPlayer(), std::move(seen), delays_);
     }
     void playSound(const std::string& path) override { inner_->playSound(path); }
     void setMasterVolume(unsigned word) override { inner_->setMasterVolume(word); }
@@ -76,13 +88,13 @@ public:
 private:
     std::unique_ptr<platform::SoundDevice> inner_ = platform::makeSilentDevice();
     std::shared_ptr<Players> players_;
-    Time measuringTime_;
+    Delays delays_;
 };
 
 } // namespace
 
 WatchedSound::WatchedSound() : players_(std::make_shared<Players>()) {
-    platform::setSoundDevice(std::make_unique<WatchedDevice>(players_, measuringTime_));
+    platform::setSoundDevice(std::make_unique<WatchedDevice>(players_, delays_));
 }
 
 WatchedSound::~WatchedSound() {

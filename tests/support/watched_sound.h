@@ -31,11 +31,17 @@ public:
     int playing(const std::string& path) const;
 
     // Files opened from now on are measured only so long after.
-    void setMeasuringTime(std::uint32_t milliseconds) { *measuringTime_ = milliseconds; }
+    void setMeasuringTime(std::uint32_t milliseconds) { delays_->measuring = milliseconds; }
+    // What is told to play from now on is heard only so long after.
+    void setStartTime(std::uint32_t milliseconds) { delays_->start = milliseconds; }
+
+    struct Delays {
+        std::uint32_t measuring = 0, start = 0; // milliseconds
+    };
 
 private:
     std::shared_ptr<std::vector<std::weak_ptr<Player>>> players_;
-    const std::shared_ptr<std::uint32_t> measuringTime_ = std::make_shared<std::uint32_t>(0);
+    const std::shared_ptr<Delays> delays_ = std::make_shared<Delays>();
 };
 
 } // namespace test_support

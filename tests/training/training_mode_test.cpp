@@ -235,6 +235,25 @@ TEST_F(TrainingMode, ChoicesAreReadAtTheStartOfEachQuest) {
     });
 }
 
+TEST_F(TrainingMode, TheLimitCountsFromTheFirstSound) {
+    host().trainingSession.setInterval(1); // one second
+    train([&] {
+        startSongs();
+        window.click(idStop);
+        sound.setStartTime(2000);
+        window.click(idReplay);
+        clock.advance(2950);
+        EXPECT_EQ(text(idStatus), "演奏中");
+        clock.advance(100);
+        EXPECT_EQ(text(idStatus), "出題中");
+        EXPECT_NEAR(host().questMedia[0].getPosition(), 3000, 50);
+        sound.setStartTime(60'000); // never
+        window.click(idReplay);
+        clock.advance(4100);
+        EXPECT_EQ(text(idStatus), "出題中");
+    });
+}
+
 TEST_F(TrainingMode, ASongThatDoesNotOpenLetsTheClockRun) {
     train([&] {
         DataResource song;

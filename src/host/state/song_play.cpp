@@ -45,6 +45,16 @@ void startSongs(std::span<const SongPlay> songs) {
         song.media->play();
 }
 
+bool areStarting(std::span<const SongPlay> songs) {
+    bool anyStarts = false;
+    for (const SongPlay& song : songs) {
+        if (!song.media->isPlaying()) continue;
+        if (!song.media->isStarting()) return false;
+        anyStarts = true;
+    }
+    return anyStarts;
+}
+
 void playFrom(zelkova::Media& media, int startMs, int volume) {
     media.seek(startMs);
     media.setVolume(volume * 10);

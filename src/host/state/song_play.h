@@ -26,12 +26,16 @@ SongPlay loadSong(zelkova::Media& media, const DataResource& song, const DataSes
 // From their starts.
 void startSongs(std::span<const SongPlay> songs);
 
+// They were told to play, and nothing of any is heard yet. The time of a play counts from its first sound.
+bool areStarting(std::span<const SongPlay> songs);
+
 // For listening again: from there on at normal speed.
 void playFrom(zelkova::Media& media, int startMs, int volume);
 
 // True when one of the songs has reached the end of its part or of its file, or when the time is over; then
 // all of them are to stop. Songs that did not open are passed over. `speed` is the stage's, `limit` a limit
-// as above, `elapsed` the milliseconds since the start.
+// as above, `elapsed` the milliseconds since the first
+// sound.
 bool isPlayOver(std::span<const SongPlay> songs, int speed, int limit, int elapsed);
 
 // Where a song stands, in the unit of its file; all 0 for a file that has none.
