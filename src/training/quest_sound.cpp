@@ -11,12 +11,12 @@ void QuestSound::playJingle(const std::string& file) {
     loadSound(media, file);
     usedEffects_ = inJingle_ = true;
     jingleEnd_ = media.getEnd();
-    jinglePlace_ = -1;
     media.play();
+    jingleWatch_.begin(media);
 }
 
 bool QuestSound::isJingleOver() {
-    return soundIsOver(host().effectMedia, jingleEnd_, jinglePlace_);
+    return jingleWatch_.isOver(host().effectMedia, jingleEnd_);
 }
 
 void QuestSound::stopJingle() {

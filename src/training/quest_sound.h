@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/state/song_play.h"
+#include "host/state/sound_watch.h"
 
 class QuestSound {
 public:
@@ -33,7 +34,8 @@ public:
 private:
     bool usedEffects_ = false, usedMusic_ = false;
     bool inJingle_ = false;
-    int jingleEnd_ = 0, jinglePlace_ = -1; // milliseconds
+    int jingleEnd_ = 0; // milliseconds
+    SoundWatch jingleWatch_;
     DataResource firstSong_;
     std::vector<SongPlay> plays_;
     int speed_ = 0, stopLimitMs_ = 0;

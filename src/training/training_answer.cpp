@@ -5,10 +5,10 @@
 #include "foundation/views/message_box.h"
 #include "foundation/views/volume_bar.h"
 #include "host/state/answer_display_ids.h"
-#include "host/state/effects.h"
 #include "host/state/host_state.h"
 #include "host/state/play_control.h"
 #include "host/state/quest.h"
+#include "host/state/sound_watch.h"
 
 using namespace answer_display;
 
@@ -63,7 +63,7 @@ private:
             return true;
         case platform::WM_TIMER:
             if (message.wParam != idTimer) return false;
-            if (soundIsOver(*first_.media, first_.end, place_)) stop();
+            if (watch_.isOver(*first_.media, first_.end)) stop();
             return true;
         case platform::WM_DESTROY:
             stopSongs();
@@ -75,8 +75,8 @@ private:
 
     void play() {
         if (!first_.media) return;
-        place_ = -1;
         playFrom(*first_.media, first_.start, volume_);
+        watch_.begin(*first_.media);
         platform::setTimer(window(), idTimer, tickMs);
         platform::enable(control(idStop), true);
         platform::setFocus(control(idStop));
@@ -95,7 +95,7 @@ private:
     const TrainingRun& run_;
     const SongPlay first_;
     int& volume_;
-    int place_ = -1; // of the song at the tick before, milliseconds
+    SoundWatch watch_;
 };
 
 } // namespace

@@ -235,6 +235,21 @@ TEST_F(TrainingMode, ChoicesAreReadAtTheStartOfEachQuest) {
     });
 }
 
+TEST_F(TrainingMode, TheAnswersSongMayBeHeardLate) {
+    train([&] {
+        startSongs();
+        sound.setStartTime(2000);
+        expectDisplay([&](Form display) {
+            display.click(answer_display::idPlay);
+            clock.advance(11'500); // of two and ten seconds
+            EXPECT_TRUE(display.live(answer_display::idStop));
+            clock.advance(1000);
+            EXPECT_FALSE(display.live(answer_display::idStop)) << "the part is over";
+        });
+        window.click(idGiveUp);
+    });
+}
+
 TEST_F(TrainingMode, TheLimitCountsFromTheFirstSound) {
     host().trainingSession.setInterval(1); // one second
     train([&] {

@@ -6,13 +6,13 @@
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
 #include "host/state/process_message.h"
+#include "host/state/sound_watch.h"
 
 namespace {
 
 constexpr int repeatStartMs = 500;
 constexpr int repeatBeforeEndMs = 1000;
 constexpr int closeBeforeEndMs = 100;
-constexpr unsigned patienceMs = 3000; // for a player whose position stands still
 
 bool sessionEnded() {
     return !host().kdlState || !host().kdlState->is(StateEnd::getInstance());
@@ -22,20 +22,14 @@ bool sessionEnded() {
 // rebuilt.
 bool waitUntilBeforeEnd(int milliseconds) {
     zelkova::Media& media = host().effectMedia;
-    int reached = -1;
-    std::uint32_t movedAt = platform::getTickCount();
+    SoundWatch watch;
+    watch.begin(media);
     while (!sessionEnded() && media.isPlaying()) {
         const int end = media.getEnd(), position = media.getPosition();
         if (end <= 0) return false;
         if (position >= std::max(end - milliseconds, 0)) return true;
         const std::uint32_t now = platform::getTickCount();
-        if (position != reached) {
-            reached = position;
-            movedAt = now;
-        } else if (now - movedAt > patienceMs) {
-            return false;
-        }
-        if (!processMessage()) return false;
+        if (watch.isStuck(media) || !processMessage()) return false;
         // A dialog stood over what was left of the sound: behind it nobody claps any more.
         if (platform::getTickCount() - now > static_cast<std::uint32_t>(end - position)) return false;
     }

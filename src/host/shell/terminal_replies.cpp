@@ -41,8 +41,8 @@ void startLeadIn() {
     HostState& state = host();
     loadSound(state.effectMedia, state.dataApplication.getEfcQuestion());
     state.leadInEnd = state.effectMedia.getEnd();
-    state.leadInPosition = -1;
     state.effectMedia.play();
+    state.leadInWatch.begin(state.effectMedia);
     platform::setTimer(state.mainWindow, ids::leadInTimer, leadInTickMs);
     state.vrmStatus = 0;
 

@@ -15,7 +15,7 @@ constexpr int playTickMs = 50;
 
 void onLeadInTick() {
     HostState& state = host();
-    if (!soundIsOver(state.effectMedia, state.leadInEnd, state.leadInPosition)) return;
+    if (!state.leadInWatch.isOver(state.effectMedia, state.leadInEnd)) return;
     platform::killTimer(state.mainWindow, ids::leadInTimer);
     unloadSound(state.effectMedia);
     if (!accepts(EV_PLAY)) return;

@@ -11,12 +11,6 @@ void playFromStart(zelkova::Media& media) {
     media.play();
 }
 
-bool soundIsOver(zelkova::Media& media, int end, int& place) {
-    const int before = place;
-    place = media.getPosition();
-    return place >= end || place == before;
-}
-
 void unloadSound(zelkova::Media& media) {
     media.stop();
     media.close();

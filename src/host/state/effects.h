@@ -11,10 +11,6 @@ bool loadSound(zelkova::Media& media, const std::string& path);
 // Plays what the player holds from the start, also when it plays already.
 void playFromStart(zelkova::Media& media);
 
-// Asked again and again while a sound plays: it has reached `end`, or stands where it stood when it was asked
-// before, whatever its length was said to be. `place` keeps that; -1 before the first time. Milliseconds.
-bool soundIsOver(zelkova::Media& media, int end, int& place);
-
 // Stops the player and empties it.
 void unloadSound(zelkova::Media& media);
 

@@ -20,6 +20,7 @@
 #include "foundation/data_pairs.h"
 #include "foundation/media.h"
 #include "host/state/kdl_state.h"
+#include "host/state/sound_watch.h"
 #include "platform/clock.h"
 #include "protocol/server_vrp.h"
 
@@ -96,7 +97,7 @@ struct HostState {
     int playLimit = 0;         // milliseconds; -1 the whole range, -2 no limit
     int playElapsed = 0;       // milliseconds since the songs were started, counted in ticks
     int leadInEnd = 0;         // milliseconds
-    int leadInPosition = -1;   // milliseconds; where the lead-in stood at the tick before
+    SoundWatch leadInWatch;    // of the same sound
     bool songsStarted = false; // the terminal's 302 has started the songs of this play
     bool playersLent = false;  // the training plays on questMedia; the quest's songs wait until it is over
     bool hideScores = false;
