@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "foundation/text.h"
 #include "platform/files.h"
 #include "support/temporary_folder.h"
 
@@ -66,53 +67,15 @@ TEST_F(ApplicationFile, KeepsEveryFieldOfBothHalves) {
 TEST_F(ApplicationFile, WritesTheElementsInTheirOrder) {
     const std::string text = written(DataApplication());
     std::size_t at = 0;
-    for (const char* element : {"shift_jis",
-                                "config",
-                                "fundamental",
-                                "<name>",
-                                "omitName",
-                                "detail",
-                                "product",
-                                "manufacture",
-                                "sales",
-                                "user",
-                                "installDate",
-                                "updateDate",
-                                "version",
-                                "helpUrl",
-                                "application",
-                                "resourceFileName",
-                                "sessionFileName",
-                                "serverPort",
-                                "user",
-                                "password",
-                                "wordFullPath",
-                                "log",
-                                "backupNumber",
-                                "backupFileSize",
-                                "level",
-                                "fileName",
-                                "effect",
-                                "unkown",
-                                "request4",
-                                "finalBell enable=\"FALSE\"",
-                                "vectory enable=\"FALSE\"",
-                                "oepning",
-                                "endinfg",
-                                "applause>",
-                                "award",
-                                "applause2",
-                                "introduction",
-                                "partOpening",
-                                "partEnding",
-                                "steal",
-                                "masteerOfCeremony>FALSE",
-                                "cheerFlg",
-                                "certicate",
-                                "publisher",
-                                "application",
-                                "organizer",
-                                "dsp"}) {
+    for (const std::string& element : zelkova::split(
+             "shift_jis|config|fundamental|<name>|omitName|detail|product|manufacture|sales|user|installDate|"
+             "updateDate|version|helpUrl|application|resourceFileName|sessionFileName|serverPort|user|"
+             "password|"
+             "wordFullPath|log|backupNumber|backupFileSize|level|fileName|effect|unkown|request4|"
+             "finalBell enable=\"FALSE\"|vectory enable=\"FALSE\"|oepning|endinfg|applause>|award|applause2|"
+             "introduction|partOpening|partEnding|steal|masteerOfCeremony>FALSE|cheerFlg|certicate|publisher|"
+             "application|organizer|dsp",
+             "|")) {
         const std::size_t found = text.find(element, at);
         ASSERT_NE(found, std::string::npos) << element;
         at = found;

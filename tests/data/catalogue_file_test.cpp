@@ -146,7 +146,7 @@ TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
     write("<root><maxId>99999999999</maxId>"
           "<data id=\"2\"><no>2</no><length/><title/><introEnd>99999999999999</introEnd><new>x</new></data>"
           "<data other=\"5\"><title>by its first attribute</title></data>"
-          "<data id=\"5\"><title>the second 5</title></data>"
+          "<data id=\"5\"><title>the second 5</title></data><data a=\"3\" id=\"7\"/>"
           "<data><title>none</title></data><data id=\"-4\"/></root>");
     AccesserResource catalogue;
     ASSERT_EQ(catalogue.open(path), 1);
@@ -158,7 +158,9 @@ TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
     ASSERT_EQ(catalogue.get(5, out), 1);
     EXPECT_EQ(out.getTitle(), "by its first attribute");
     EXPECT_EQ(out.getNo(), 5) << "what the catalogue knows it by";
-    EXPECT_EQ(catalogue.all().size(), 2u) << "without two thousand million look-ups";
+    EXPECT_EQ(catalogue.get(7, out), 1) << "by its id among other attributes";
+    EXPECT_EQ(catalogue.get(3, out), 0);
+    EXPECT_EQ(catalogue.all().size(), 3u) << "without two thousand million look-ups";
     EXPECT_EQ(catalogue.add(song("no number left")), 0);
 }
 
@@ -177,39 +179,6 @@ TEST_F(CatalogueFile, AHighestNumberThatIsWrongLosesNoEntryAndGivesNoNumberTwice
         ASSERT_EQ(catalogue.open(path), 1);
         EXPECT_EQ(catalogue.add(song("first")), std::string(maxId).find('1') == std::string::npos ? 1 : 2);
     }
-}
-
-TEST_F(CatalogueFile, FindsEntriesByTheirIdAmongOtherAttributes) {
-    write("<root><maxId>7</maxId><data a=\"3\" id=\"7\"/></root>");
-    AccesserResource catalogue;
-    ASSERT_EQ(catalogue.open(path), 1);
-    DataResource out;
-    EXPECT_EQ(catalogue.get(7, out), 1);
-    EXPECT_EQ(catalogue.get(3, out), 0);
-}
-
-TEST_F(CatalogueFile, SearchesByEveryFilter) {
-    AccesserResource catalogue;
-    fill(catalogue, 0);
-    DataResource one = song("a*", 1, 0), two = song("ab", 2, 5), three = song("さくら", 1, 0);
-    one.setGenre("Pop");
-    two.setArtist("歌手");
-    three.setArtistKana("ｶｼｭ");
-    three.setReleaseDate({2012, 2, 0, 29, 0, 0, 0, 0});
-    for (const DataResource* each : {&one, &two, &three})
-        catalogue.add(*each);
-    const platform::SystemTime from{2012, 2, 0, 29, 0, 0, 0, 0}, to{2012, 3, 0, 1, 0, 0, 0, 0};
-
-    EXPECT_THAT(numbers(catalogue.all()), ElementsAre(1, 2, 3));
-    EXPECT_THAT(numbers(catalogue.search(2, 3, "", -1, {}, {}, "", "", "", -1)), ElementsAre(2, 3));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "a#*", -1, {}, {}, "", "", "", -1)), ElementsAre(1));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "a*", -1, {}, {}, "", "", "", -1)), ElementsAre(1, 2));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "", 1, {}, {}, "", "", "", -1)), ElementsAre(1, 3));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, from, to, "", "", "", -1)), ElementsAre(3));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "P*", "", "", -1)), ElementsAre(1));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "", "歌?*", "", -1)), ElementsAre(2));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "", "", "ｶ*", -1)), ElementsAre(3));
-    EXPECT_THAT(numbers(catalogue.search(0, 0, "", -1, {}, {}, "", "", "", 5)), ElementsAre(2));
 }
 
 TEST_F(CatalogueFile, KeepsTheChangesWhenTheDiskRefuses) {

@@ -14,22 +14,15 @@ TEST(Labels, StandAtTheirStoredValues) {
     EXPECT_EQ(playRangeLabels.text(rangeAnswer), "解答");
     EXPECT_EQ(playRangeLabels.text(7), "イントロ") << "as it is played";
     EXPECT_EQ(playTimeLabels.text(-1), "激難(250m)");
-    EXPECT_EQ(playTimeLabels.size(), 8);
-    EXPECT_EQ(playSpeedLabels.text(4), "HALFDOWN(1/4)");
-    EXPECT_EQ(handsTypeLabels.text(handsInStage), "ステージ中");
     EXPECT_EQ(handsTypeLabels.text(handsRest), "休み");
     EXPECT_EQ(handsTypeLabels.text(3), "");
     EXPECT_EQ(stealLabels.text(0), "指名");
-    EXPECT_EQ(stealLabels.size(), 1);
-    EXPECT_EQ(penaltyLabels.text(1), handsTypeLabels.text(0));
+    EXPECT_EQ(penaltyLabels.text(1), handsTypeLabels.text(handsInStage));
     EXPECT_EQ(fileTypeLabels.text(7), "N/A");
-    EXPECT_EQ(userStatusLabels.text(userFalseStart), "お手つき");
-    EXPECT_EQ(fileTypeFromName("MID"), 5);
-    EXPECT_EQ(fileTypeFromName(""), 6);
-    EXPECT_EQ(fileTypeFromName("mp3"), -1);
+    for (const auto& [name, type] : {std::pair("MID", 5), {"", 6}, {"mp3", -1}})
+        EXPECT_EQ(fileTypeFromName(name), type) << name;
     EXPECT_EQ(genreFromId3(14), "R&B");
     EXPECT_EQ(genreFromId3(0), "");
-    EXPECT_EQ(genres.size(), 16u);
     const int factors[] = {0, 100, 100, 100, 1000, 0, 100, 0, 0};
     for (int fileType = -1; fileType < 8; ++fileType)
         EXPECT_EQ(positionFactor(fileType), factors[fileType + 1]) << fileType;
@@ -42,21 +35,16 @@ TEST(Records, AreEmptyAsTold) {
               "handsType=[-1],hands=[-1],steal=[-1],limit=[-1],resourceId=[],errcode=[-1]}");
     EXPECT_EQ(DataTrainingModeHistory().toString(" "),
               "{question=[0] questionSub=[0] title=[] artist=[] status=[] answerTime=[0]}");
-    EXPECT_EQ(DataUserInfo().getAnswerRight(), 0);
     DataSession stage;
     stage.setResourceId("3,5");
     stage.setScore(7);
     stage.clear();
     EXPECT_EQ(stage.getScore(), -1);
     EXPECT_EQ(stage.getResources(), (std::vector<std::int32_t>{3, 5})) << "the songs stay";
-    EXPECT_EQ(stage.getResourceId(), "3,5");
     stage.setResources({1});
     EXPECT_EQ(stage.getResourceId(), "3,5");
     DataResource song;
     song.setNo(4);
-    song.setReleaseDate({2011, 2, 0, 3, 0, 0, 0, 0});
-    EXPECT_TRUE(song.toString(",").starts_with(
-        "{no=[4],fileName=[],fileType=[-1],title=[],type=[-1],releaseDate=[2011/02/03],"));
     song.clear();
     EXPECT_EQ(song.getNo(), -1);
 }

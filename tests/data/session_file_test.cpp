@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
+#include "support/stage.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -42,20 +43,18 @@ TEST_F(SessionFile, StartsWithItsHeader) {
 }
 
 TEST_F(SessionFile, KeepsStagesAndHeader) {
-    DataSession stage;
-    stage.setName("第１ステージ①");
-    stage.setQuestNum(3);
-    stage.setRange(2);
-    stage.setInterval(6);
+    DataSession stage = test_support::stage({.name = "第１ステージ①",
+                                             .quests = 3,
+                                             .multi = 5,
+                                             .range = 2,
+                                             .interval = 6,
+                                             .deduction = -5,
+                                             .handsType = 2,
+                                             .hands = 1,
+                                             .steal = 0,
+                                             .songs = "3,5,9"});
     stage.setSpeed(4);
-    stage.setMulti(5);
-    stage.setScore(10);
-    stage.setDeduction(-5);
-    stage.setHandsType(2);
-    stage.setHands(1);
-    stage.setSteal(0);
     stage.setLimit(7);
-    stage.setResourceId("3,5,9");
     {
         AccesserSession session;
         ASSERT_EQ(session.open(path), 1);

@@ -174,33 +174,4 @@ TEST(Deflate, ForgetsNothingWhenTimeIsSetBack) {
     }
 }
 
-TEST(Deflate, EndsAFullBlockWithAnEmptyOne) {
-    const std::string full = silent(32767);
-    ASSERT_EQ(reference::tokens(full).size(), full.size());
-    std::string bits;
-    for (const char byte : compress(full))
-        for (int bit = 0; bit < 8; ++bit)
-            bits.push_back((byte >> bit & 1) != 0 ? '1' : '0');
-
-    std::string empty = "1"
-                        "01"
-                        "00000"
-                        "00000";             // last, dynamic, 257 literal lengths, 1 distance length
-    empty += "0111";                         // lengths of lengths for 4 + 14 places:
-    for (int place = 0; place < 18; ++place) // 18 (a long run of zeros) and 1 have one bit each
-        empty += place == 2 || place == 17 ? "100" : "000";
-    empty += "1"
-             "1111111"
-             "1"
-             "1101011"
-             "0"; // 138 and 118 zeros, then length 1 for the end of the block
-    empty += "0"
-             "0"; // length 1 for the distance; the end of the block
-    const std::size_t at = bits.rfind(empty);
-    ASSERT_NE(at, std::string::npos);
-    const std::string padding = bits.substr(at + empty.size());
-    EXPECT_LT(padding.size(), 8u);
-    EXPECT_EQ(padding.find('1'), std::string::npos);
-}
-
 } // namespace

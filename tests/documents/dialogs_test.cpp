@@ -4,27 +4,26 @@
 #include <filesystem>
 #include <fstream>
 
-#include <gmock/gmock.h>
-
 #include "data/acs_log_message.h"
 #include "data/app_logger.h"
 #include "data/xml_dom.h"
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
+#include "documents/dialog_ids.h"
 #include "documents/office.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
-#include "platform/driver.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "support/fake_program.h"
+#include "support/form.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 namespace driver = platform::driver;
 using namespace documents_tests;
-using platform::WindowHandle;
+using test_support::Form;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
@@ -32,24 +31,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr char certificateName[] = "IDD_KDL0602_CERTIFICATE";
-constexpr char formName[] = "IDD_KDL0904_CREATE_WRITE_APPLICATION";
-enum : int { userName = 6202, order, competition, year, month, day, company, post, publisher, word, cancel };
-enum : int { firstHint = 6213, lastHint = 6223, openWriter = 6224 };
-enum : int {
-    show = 9302,
-    formCancel,
-    sessionName,
-    date,
-    startTime,
-    endTime,
-    place,
-    organizer,
-    representative,
-    issueDate,
-    pictures,
-    endNotKnown
-};
+namespace certificate = certificate_dialog;
+namespace application = application_form_dialog;
 
 class Dialogs : public testing::Test {
 protected:
@@ -72,22 +55,23 @@ protected:
     void TearDown() override { AppLogger::setMessageList({}); }
     // The next box is that of the numbered message, and says that.
     void expectMessage(const char* code, const std::string& says) {
-        script.expectDialog("IDD_KDL0001_MESSAGE_BOX", [this, code, says](WindowHandle box) {
-            EXPECT_EQ(platform::getText({box, 102}), code);
-            EXPECT_THAT(platform::getText({box, 103}) + platform::getText({box, 105}), HasSubstr(says));
-            driver::pressKey(box, "Escape");
+        using namespace message_box;
+        script.expectDialog(form, [this, code, says](Form box) {
+            EXPECT_EQ(box.text(idCode), code);
+            EXPECT_THAT(box.text(idMessage) + box.text(idDetail), HasSubstr(says));
+            box.key("Escape");
             ++messages;
         });
     }
     // There is no desktop to open it: the message tells where it is.
     void expectNotOpened(const std::string& document) { expectMessage("C3000021", "(" + document + ")"); }
-    void runCertificate(const std::function<void(WindowHandle)>& act) {
-        script.expectDialog(certificateName, act);
+    void runCertificate(const std::function<void(Form)>& act) {
+        script.expectDialog(certificate::form, act);
         dlgCertificate({}, settings, office.modulePath());
         EXPECT_THAT(script.faults(), IsEmpty());
     }
-    void runForm(const std::function<void(WindowHandle)>& act) {
-        script.expectDialog(formName, act);
+    void runForm(const std::function<void(Form)>& act) {
+        script.expectDialog(application::form, act);
         dlgApplicationForm({}, settings, office.modulePath());
         EXPECT_THAT(script.faults(), IsEmpty());
     }
@@ -100,33 +84,34 @@ protected:
 };
 
 TEST_F(Dialogs, TheCertificateStartsWithTheSettingsAndTheDate) {
-    runCertificate([&](WindowHandle dialog) {
-        EXPECT_EQ(platform::getText(dialog), "イントロクイズ -賞状発行-");
-        const char* start[] = {"○○○○○○○", "優勝", "全国大会", "平成三十八", "十一",
-                               "二十二",  "連盟", "会長",     "鈴木"};
-        for (int i = 0; i < 9; ++i)
-            EXPECT_EQ(platform::getText({dialog, userName + i}), start[i]);
-        for (int id = firstHint; id <= lastHint; ++id) {
-            EXPECT_EQ(platform::getTextColor({dialog, id}), (platform::Color{255, 0, 0})) << id;
-            EXPECT_TRUE(platform::getText({dialog, id}).starts_with("※")) << id;
+    using namespace certificate_dialog;
+    runCertificate([&](Form dialog) {
+        EXPECT_EQ(dialog.title(), "イントロクイズ -賞状発行-");
+        EXPECT_THAT(dialog.texts({idUserName, idOrder, idCompetition, idYear, idMonth, idDay, idCompany,
+                                  idPost, idPublisher}),
+                    ElementsAre("○○○○○○○", "優勝", "全国大会", "平成三十八", "十一", "二十二", "連盟", "会長",
+                                "鈴木"));
+        for (int id = idFirstHint; id <= idLastHint; ++id) {
+            EXPECT_EQ(platform::getTextColor(dialog[id]), (platform::Color{255, 0, 0})) << id;
+            EXPECT_TRUE(dialog.text(id).starts_with("※")) << id;
         }
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-        ASSERT_TRUE(driver::click({dialog, cancel}));
+        EXPECT_THAT(dialog.cut(), IsEmpty());
+        dialog.click(certificate::idCancel);
     });
-    runCertificate([](WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
+    runCertificate([](Form dialog) { dialog.key("Escape"); });
     EXPECT_FALSE(platform::pathExists(office.certificate()));
 }
 
 TEST_F(Dialogs, TheWritersButtonMakesOneCertificateAfterTheOther) {
-    runCertificate([&](WindowHandle dialog) {
+    runCertificate([&](Form dialog) {
         for (const char* name : {"山田", "佐藤"}) {
             expectNotOpened(office.certificate());
-            driver::type({dialog, userName}, name);
-            driver::type({dialog, order}, "");
-            driver::type({dialog, day}, "２２");
-            ASSERT_TRUE(driver::click({dialog, openWriter}));
+            dialog.type(certificate::idUserName, name);
+            dialog.type(certificate::idOrder, "");
+            dialog.type(certificate::idDay, "２２");
+            dialog.click(certificate::idWriter);
         }
-        driver::pressKey(dialog, "Escape");
+        dialog.key("Escape");
     });
     EXPECT_THAT(textsOf(office.certificate()),
                 ElementsAre("賞状", "佐藤殿",
@@ -140,12 +125,12 @@ TEST_F(Dialogs, WordGetsItsFile) {
                                             opened + "'\n");
     settings.setWordFullPath(program);
     const std::string document = office.file("cnf/CertificateWork.xml");
-    runCertificate([&](WindowHandle dialog) {
-        driver::type({dialog, userName}, "A&B<表>①\\");
-        driver::type({dialog, order}, "");
-        ASSERT_TRUE(driver::click({dialog, word}));
+    runCertificate([&](Form dialog) {
+        dialog.type(certificate::idUserName, "A&B<表>①\\");
+        dialog.type(certificate::idOrder, "");
+        dialog.click(certificate::idWord);
         EXPECT_TRUE(driver::settleUntil([&] { return fs::exists(opened); }));
-        driver::pressKey(dialog, "Escape");
+        dialog.key("Escape");
     });
     EXPECT_EQ(platform::readFile(opened), document + "\n");
     const std::string written = platform::readFile(document).value();
@@ -174,19 +159,19 @@ TEST_F(Dialogs, AWordProcessorThatCannotBeRunIsTold) {
         settings.setWordFullPath(program);
         fs::remove(document);
         messages = 0;
-        runCertificate([&](WindowHandle dialog) {
+        runCertificate([&](Form dialog) {
             expectMessage("C3000023", says);
-            ASSERT_TRUE(driver::click({dialog, word}));
+            dialog.click(certificate::idWord);
             EXPECT_TRUE(driver::settleUntil([&] { return messages == 1; }));
-            driver::pressKey(dialog, "Escape");
+            dialog.key("Escape");
         });
         EXPECT_TRUE(platform::pathExists(document));
     }
     // Told also when the dialog has been closed meanwhile.
     messages = 0;
-    runCertificate([&](WindowHandle dialog) {
-        ASSERT_TRUE(driver::click({dialog, word}));
-        driver::pressKey(dialog, "Escape");
+    runCertificate([&](Form dialog) {
+        dialog.click(certificate::idWord);
+        dialog.key("Escape");
     });
     expectMessage("C3000023", dying);
     EXPECT_TRUE(driver::settleUntil([&] { return messages == 1; }));
@@ -197,27 +182,27 @@ TEST_F(Dialogs, WhatCannotBeMadeIsToldAndTheEarlierOneOpened) {
     const std::string master = office.file("tmp/certificate.xml"), away = office.file("away.xml");
     const std::string content = office.file("tmp/certificateWork/content.xml");
     const std::string lock = office.file("cnf/.~lock.certificateWork.odt#");
-    runCertificate([&](WindowHandle dialog) {
+    runCertificate([&](Form dialog) {
         fs::rename(master, away);
         expectMessage("C4000016", "原本を読み込めません。(" + master + ")");
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        dialog.click(certificate::idWriter);
         EXPECT_FALSE(platform::pathExists(office.certificate()));
         fs::rename(away, master);
         expectNotOpened(office.certificate());
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        dialog.click(certificate::idWriter);
 
         std::ofstream(lock) << ",host,desk";
         expectMessage("C3000022", lock + "を削除");
         expectNotOpened(office.certificate()); // the earlier one
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
+        dialog.click(certificate::idWriter);
         fs::remove(lock);
 
         fs::remove(content);
         fs::create_directories(content + "/in the way");
         expectMessage("C4000015", "(" + content + ")");
         expectNotOpened(office.certificate());
-        ASSERT_TRUE(driver::click({dialog, openWriter}));
-        driver::pressKey(dialog, "Escape");
+        dialog.click(certificate::idWriter);
+        dialog.key("Escape");
     });
 }
 
@@ -225,62 +210,56 @@ TEST_F(Dialogs, WhatTheMasterForWordLacksIsTold) {
     const std::string master = office.file("tmp/Certificate_master.xml");
     const std::string document = office.file("cnf/CertificateWork.xml");
     const std::string shipped = platform::readFile(master).value();
-    runCertificate([&](WindowHandle dialog) {
+    runCertificate([&](Form dialog) {
         platform::replaceFile(master, zelkova::replaceAll(shipped, "%Month%", "十"));
         expectMessage("C4000014", "(%Month%) " + master);
-        ASSERT_TRUE(driver::click({dialog, word}));
+        dialog.click(certificate::idWord);
         EXPECT_FALSE(platform::pathExists(document));
 
         fs::remove(master);
         expectMessage("C4000016", "(" + master + ")");
-        ASSERT_TRUE(driver::click({dialog, word}));
+        dialog.click(certificate::idWord);
         EXPECT_FALSE(platform::pathExists(document));
 
         // The one of the last time is what the word processor opens.
         platform::replaceFile(document, "earlier");
         expectMessage("C4000016", "(" + master + ")");
         expectMessage("C3000023", document);
-        ASSERT_TRUE(driver::click({dialog, word}));
-        driver::pressKey(dialog, "Escape");
+        dialog.click(certificate::idWord);
+        dialog.key("Escape");
     });
     EXPECT_EQ(platform::readFile(document), "earlier");
 }
 
 TEST_F(Dialogs, TheFormTakesItsFields) {
-    runForm([&](WindowHandle dialog) {
-        EXPECT_EQ(platform::getText(dialog), "イントロクイズ -参加申込書発行-");
-        const std::pair<int, const char*> start[] = {{sessionName, "春の大会"},
-                                                     {date, "2026/11/22 (日)"},
-                                                     {startTime, "19:05"},
-                                                     {endTime, "19:05"},
-                                                     {place, ""},
-                                                     {organizer, "町内会"},
-                                                     {representative, "田中"},
-                                                     {issueDate, "2026/11/22"},
-                                                     {pictures, "赤,青,,黄,緑"}};
-        for (const auto& [id, text] : start)
-            EXPECT_EQ(platform::getText({dialog, id}), text) << id;
-        EXPECT_THAT(driver::clippedControls(dialog), IsEmpty());
-        driver::type({dialog, place}, "公民館");
-        ASSERT_TRUE(driver::pick({dialog, date}, {2026, 12, 0, 24, 0, 0, 0, 0}));
-        EXPECT_EQ(platform::getText({dialog, date}), "2026/12/24 (木)");
-        ASSERT_TRUE(driver::pick({dialog, endTime}, {2026, 11, 0, 22, 21, 30, 0, 0}));
+    using namespace application_form_dialog;
+    runForm([&](Form dialog) {
+        EXPECT_EQ(dialog.title(), "イントロクイズ -参加申込書発行-");
+        EXPECT_THAT(dialog.texts({idSessionName, idDate, idStartTime, idEndTime, idPlace, idOrganizer,
+                                  idDelegate, idIssueDate, idPictures}),
+                    ElementsAre("春の大会", "2026/11/22 (日)", "19:05", "19:05", "", "町内会", "田中",
+                                "2026/11/22", "赤,青,,黄,緑"));
+        EXPECT_THAT(dialog.cut(), IsEmpty());
+        dialog.type(idPlace, "公民館");
+        ASSERT_TRUE(driver::pick(dialog[idDate], {2026, 12, 0, 24, 0, 0, 0, 0}));
+        EXPECT_EQ(dialog.text(idDate), "2026/12/24 (木)");
+        ASSERT_TRUE(driver::pick(dialog[idEndTime], {2026, 11, 0, 22, 21, 30, 0, 0}));
         expectNotOpened(office.form());
-        ASSERT_TRUE(driver::click({dialog, show}));
+        dialog.click(idShow);
         EXPECT_THAT(textsOf(office.form()),
                     AllOf(Contains("2026/12/24"), Contains("21：30"), Contains("公民館"), Contains("田中")));
         const std::string xml = memberOf(office.form(), "content.xml");
         EXPECT_THAT(xml, HasSubstr(platform::sjisToUtf8("form:label=\"緑\"")));
         EXPECT_THAT(xml, HasSubstr("form:id=\"control4\"")) << "an empty name keeps its place";
 
-        ASSERT_TRUE(driver::click({dialog, endNotKnown}));
-        EXPECT_FALSE(platform::isEnabled({dialog, endTime}));
-        driver::type({dialog, pictures}, "");
+        dialog.click(idEndNotKnown);
+        EXPECT_FALSE(dialog.live(idEndTime));
+        dialog.type(idPictures, "");
         expectNotOpened(office.form());
-        ASSERT_TRUE(driver::click({dialog, show}));
+        dialog.click(idShow);
         EXPECT_THAT(textsOf(office.form()), Contains("未定"));
         EXPECT_THAT(memberOf(office.form(), "content.xml"), Not(HasSubstr("form:radio")));
-        ASSERT_TRUE(driver::click({dialog, formCancel}));
+        dialog.click(idCancel);
     });
 }
 

@@ -27,10 +27,6 @@ struct Bits {
     }
 };
 
-struct Code {
-    int code, extraBits, extra;
-};
-
 Code lookUp(int value, int firstCode, const std::vector<std::pair<int, int>>& table) {
     int last = 0;
     while (last + 1 < static_cast<int>(table.size()) &&
@@ -38,24 +34,6 @@ Code lookUp(int value, int firstCode, const std::vector<std::pair<int, int>>& ta
         ++last;
     const auto [first, extraBits] = table[static_cast<std::size_t>(last)];
     return {firstCode + last, extraBits, value - first};
-}
-
-// The tables of RFC 1951 section 3.2.5: first value and extra bits of each code.
-Code lengthCode(int length) {
-    static const std::vector<std::pair<int, int>> table = {
-        {3, 0},  {4, 0},  {5, 0},  {6, 0},   {7, 0},   {8, 0},   {9, 0},   {10, 0},  {11, 1}, {13, 1},
-        {15, 1}, {17, 1}, {19, 2}, {23, 2},  {27, 2},  {31, 2},  {35, 3},  {43, 3},  {51, 3}, {59, 3},
-        {67, 4}, {83, 4}, {99, 4}, {115, 4}, {131, 5}, {163, 5}, {195, 5}, {227, 5}, {258, 0}};
-    return lookUp(length, 257, table);
-}
-
-Code distanceCode(int distance) {
-    static const std::vector<std::pair<int, int>> table = {
-        {1, 0},     {2, 0},     {3, 0},     {4, 0},      {5, 1},      {7, 1},     {9, 2},     {13, 2},
-        {17, 3},    {25, 3},    {33, 4},    {49, 4},     {65, 5},     {97, 5},    {129, 6},   {193, 6},
-        {257, 7},   {385, 7},   {513, 8},   {769, 8},    {1025, 9},   {1537, 9},  {2049, 10}, {3073, 10},
-        {4097, 11}, {6145, 11}, {8193, 12}, {12289, 12}, {16385, 13}, {24577, 13}};
-    return lookUp(distance, 0, table);
 }
 
 // RFC 1951 section 3.2.2.
@@ -161,6 +139,24 @@ void putBlock(const std::vector<Token>& block, bool last, Bits& out) {
 }
 
 } // namespace
+
+// First value and extra bits of each code.
+Code lengthCode(int length) {
+    static const std::vector<std::pair<int, int>> table = {
+        {3, 0},  {4, 0},  {5, 0},  {6, 0},   {7, 0},   {8, 0},   {9, 0},   {10, 0},  {11, 1}, {13, 1},
+        {15, 1}, {17, 1}, {19, 2}, {23, 2},  {27, 2},  {31, 2},  {35, 3},  {43, 3},  {51, 3}, {59, 3},
+        {67, 4}, {83, 4}, {99, 4}, {115, 4}, {131, 5}, {163, 5}, {195, 5}, {227, 5}, {258, 0}};
+    return lookUp(length, 257, table);
+}
+
+Code distanceCode(int distance) {
+    static const std::vector<std::pair<int, int>> table = {
+        {1, 0},     {2, 0},     {3, 0},     {4, 0},      {5, 1},      {7, 1},     {9, 2},     {13, 2},
+        {17, 3},    {25, 3},    {33, 4},    {49, 4},     {65, 5},     {97, 5},    {129, 6},   {193, 6},
+        {257, 7},   {385, 7},   {513, 8},   {769, 8},    {1025, 9},   {1537, 9},  {2049, 10}, {3073, 10},
+        {4097, 11}, {6145, 11}, {8193, 12}, {12289, 12}, {16385, 13}, {24577, 13}};
+    return lookUp(distance, 0, table);
+}
 
 std::vector<Token> tokens(const std::string& input, std::uint64_t* compared) {
     std::vector<unsigned char> window(windowSize);

@@ -16,6 +16,13 @@ struct Token {
     friend bool operator==(const Token&, const Token&) = default;
 };
 
+// The tables of RFC 1951 section 3.2.5.
+struct Code {
+    int code, extraBits, extra;
+};
+Code lengthCode(int length);
+Code distanceCode(int distance);
+
 // `compared` grows by the bytes of all candidates that were found to agree.
 std::vector<Token> tokens(const std::string& input, std::uint64_t* compared = nullptr);
 // One entry for each frequency, as the code lengths of a tree with ties broken by age, limited.

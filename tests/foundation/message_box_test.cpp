@@ -1,30 +1,17 @@
 #include "foundation/views/message_box.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "data/app_logger.h"
 #include "foundation/path.h"
-#include "platform/controls.h"
-#include "platform/driver.h"
 #include "platform/window.h"
+#include "support/form.h"
 
 namespace {
 
 namespace driver = platform::driver;
-using platform::WindowHandle;
+using namespace message_box;
+using test_support::Form;
+using testing::ElementsAre;
 using testing::IsEmpty;
-
-enum : int {
-    idCode = 102,
-    idMessage = 103,
-    idDetail = 105,
-    idDetailButton = 106,
-    idHelp = 107,
-    idAnswer1 = 111,
-};
-
-constexpr char name[] = "IDD_KDL0001_MESSAGE_BOX";
 
 class MessageBox : public testing::Test {
 protected:
@@ -46,10 +33,10 @@ protected:
         AppLogger::setMessageList({});
         zelkova::setTitleParts("", "");
     }
-    static int run(zelkova::MessageButtons buttons, const std::function<void(WindowHandle)>& act,
-                   int code = 3000010, int defaultButton = 0) {
+    static int run(zelkova::MessageButtons buttons, const std::function<void(Form)>& act, int code = 3000010,
+                   int defaultButton = 0) {
         driver::Script script;
-        script.expectDialog(name, act);
+        script.expectDialog(form, act);
         zelkova::DataPairsList pairs;
         pairs.add("session", "デモ");
         const int result = zelkova::showMessage_pairs({}, code, buttons, defaultButton, pairs);
@@ -59,77 +46,66 @@ protected:
 };
 
 TEST_F(MessageBox, ShowsTheFilledMessageAndItsDetailOnDemand) {
-    run(zelkova::MessageButtons::Ok, [](WindowHandle box) {
-        EXPECT_EQ(platform::getText(box), "詳細-製品");
-        EXPECT_EQ(platform::getText({box, idCode}), "C3000010");
-        EXPECT_EQ(platform::getText({box, idMessage}), "デモを終了しますか？");
-        EXPECT_EQ(platform::getText({box, idDetail}), "デモは保存されません。");
-        EXPECT_FALSE(platform::isVisible({box, idDetail}));
-        EXPECT_EQ(platform::getText({box, idDetailButton}), "詳細表示(&D)");
-        driver::settle();
+    run(zelkova::MessageButtons::Ok, [](Form box) {
+        EXPECT_EQ(box.title(), "詳細-製品");
+        EXPECT_THAT(
+            box.texts({idCode, idMessage, idDetail, idDetailButton}),
+            ElementsAre("C3000010", "デモを終了しますか？", "デモは保存されません。", "詳細表示(&D)"));
+        EXPECT_FALSE(box.visible(idDetail));
+        EXPECT_THAT(box.cut(), IsEmpty());
         const int closed = platform::getRect(box).height;
-        EXPECT_THAT(driver::clippedControls(box), IsEmpty());
 
-        ASSERT_TRUE(driver::click({box, idDetailButton}));
-        driver::settle();
-        EXPECT_TRUE(platform::isVisible({box, idDetail}));
-        EXPECT_EQ(platform::getText({box, idDetailButton}), "詳細非表示(&D)");
+        box.click(idDetailButton);
+        EXPECT_THAT(box.cut(), IsEmpty());
+        EXPECT_TRUE(box.visible(idDetail));
+        EXPECT_EQ(box.text(idDetailButton), "詳細非表示(&D)");
         EXPECT_GT(platform::getRect(box).height, closed);
-        EXPECT_THAT(driver::clippedControls(box), IsEmpty());
 
-        ASSERT_TRUE(driver::click({box, idDetailButton}));
+        box.click(idDetailButton);
         EXPECT_TRUE(driver::settleUntil([&] { return platform::getRect(box).height == closed; }));
-        driver::click({box, idAnswer1});
+        box.click(idAnswer1);
     });
 }
 
-struct ButtonCase {
-    zelkova::MessageButtons buttons;
-    std::vector<std::string> labels;
-    std::vector<int> results;
-    int escape;
-};
-
 TEST_F(MessageBox, EachButtonHasItsNumber) {
-    const ButtonCase cases[] = {
-        {zelkova::MessageButtons::Ok, {"OK"}, {1}, 1},
-        {zelkova::MessageButtons::OkCancel, {"OK", "ｷｬﾝｾﾙ"}, {1, 2}, 2},
-        {zelkova::MessageButtons::YesNo, {"はい(&Y)", "いいえ(&N)"}, {6, 7}, 7},
-        {zelkova::MessageButtons::YesNoCancel, {"はい(&Y)", "いいえ(&N)", "ｷｬﾝｾﾙ"}, {6, 7, 2}, 2},
+    using enum platform::Buttons;
+    const struct {
+        zelkova::MessageButtons buttons;
+        std::vector<std::string> labels;
+        std::vector<int> results;
+        int escape;
+    } rows[] = {
+        {Ok, {"OK"}, {1}, 1},
+        {OkCancel, {"OK", "ｷｬﾝｾﾙ"}, {1, 2}, 2},
+        {YesNo, {"はい(&Y)", "いいえ(&N)"}, {6, 7}, 7},
+        {YesNoCancel, {"はい(&Y)", "いいえ(&N)", "ｷｬﾝｾﾙ"}, {6, 7, 2}, 2},
     };
-    for (const ButtonCase& row : cases) {
-        for (int i = 0; i < static_cast<int>(row.results.size()); ++i) {
-            const auto index = static_cast<std::size_t>(i);
-            EXPECT_EQ(run(row.buttons,
-                          [&](WindowHandle box) {
-                              EXPECT_EQ(platform::getText({box, idAnswer1 + i}), row.labels[index]);
-                              ASSERT_TRUE(driver::click({box, idAnswer1 + i}));
-                          }),
-                      row.results[index]);
-            EXPECT_EQ(run(
-                          row.buttons, [](WindowHandle box) { driver::pressKey(box, "Return"); }, 3000010, i),
-                      row.results[index])
+    for (const auto& row : rows) {
+        const auto count = static_cast<int>(row.results.size());
+        for (int i = 0; i < count; ++i) {
+            const auto click = [&](Form box) {
+                EXPECT_EQ(box.text(idAnswer1 + i), row.labels[static_cast<std::size_t>(i)]);
+                box.click(idAnswer1 + i);
+            };
+            const auto enter = [](Form box) { box.key("Return"); };
+            EXPECT_EQ(run(row.buttons, click), row.results[static_cast<std::size_t>(i)]);
+            EXPECT_EQ(run(row.buttons, enter, 3000010, i), row.results[static_cast<std::size_t>(i)])
                 << "the default button";
         }
-        EXPECT_EQ(run(row.buttons,
-                      [&](WindowHandle box) {
-                          EXPECT_FALSE(driver::click({box, idAnswer1 + static_cast<int>(row.labels.size())}));
-                          driver::pressKey(box, "Escape");
-                      }),
-                  row.escape);
+        const auto escape = [&](Form box) {
+            EXPECT_FALSE(driver::click(box[idAnswer1 + count]));
+            box.key("Escape");
+        };
+        EXPECT_EQ(run(row.buttons, escape), row.escape);
     }
 }
 
 TEST_F(MessageBox, ANumberWithoutATextStillCloses) {
-    EXPECT_EQ(run(
-                  zelkova::MessageButtons::Ok,
-                  [](WindowHandle box) {
-                      EXPECT_EQ(platform::getText({box, idCode}), "C0000042");
-                      EXPECT_EQ(platform::getText({box, idMessage}), "");
-                      driver::click({box, idAnswer1});
-                  },
-                  42),
-              1);
+    const auto act = [](Form box) {
+        EXPECT_THAT(box.texts({idCode, idMessage}), ElementsAre("C0000042", ""));
+        box.click(idAnswer1);
+    };
+    EXPECT_EQ(run(zelkova::MessageButtons::Ok, act, 42), 1);
 }
 
 TEST_F(MessageBox, HelpOpensTheAddressThatStandsNow) {
@@ -145,9 +121,9 @@ TEST_F(MessageBox, HelpOpensTheAddressThatStandsNow) {
     for (const Row& row : rows) {
         url = row.url;
         driver::Script script;
-        script.expectDialog(name, [](WindowHandle box) {
-            ASSERT_TRUE(driver::click({box, idHelp}));
-            driver::click({box, idAnswer1});
+        script.expectDialog(form, [](Form box) {
+            box.click(idHelp);
+            box.click(idAnswer1);
         });
         script.expectOpen(row.opened);
         zelkova::showMessage({}, 3000010);
@@ -164,15 +140,15 @@ TEST_F(MessageBox, HelpThatCannotBeOpenedIsTold) {
     for (const auto& [url, told] : targets) {
         zelkova::setHelpUrl([url = url] { return url; });
         driver::Script script;
-        script.expectDialog(name, [](WindowHandle box) {
-            ASSERT_TRUE(driver::click({box, idHelp}));
-            driver::click({box, idAnswer1});
+        script.expectDialog(form, [](Form box) {
+            box.click(idHelp);
+            box.click(idAnswer1);
         });
         script.expectOpen(url, false);
-        script.expectDialog(name, [told = told](WindowHandle box) {
-            EXPECT_EQ(platform::getText({box, idCode}), "C3000021");
-            EXPECT_EQ(platform::getText({box, idMessage}), "開くことができません。(" + told + ")");
-            driver::click({box, idAnswer1});
+        script.expectDialog(form, [told = told](Form box) {
+            EXPECT_EQ(box.text(idCode), "C3000021");
+            EXPECT_EQ(box.text(idMessage), "開くことができません。(" + told + ")");
+            box.click(idAnswer1);
         });
         zelkova::showMessage({}, 3000010);
         EXPECT_THAT(script.faults(), IsEmpty());
@@ -181,7 +157,7 @@ TEST_F(MessageBox, HelpThatCannotBeOpenedIsTold) {
 }
 
 TEST_F(MessageBox, ItsClassIsRegisteredAtTheFirstUse) {
-    run(zelkova::MessageButtons::Ok, [](WindowHandle box) { driver::click({box, idAnswer1}); });
+    run(zelkova::MessageButtons::Ok, [](Form box) { box.click(idAnswer1); });
     platform::WindowClass taken;
     taken.name = "ZelkovaMessageBoxExtendExtended";
     EXPECT_FALSE(platform::registerWindowClass(taken));
