@@ -101,6 +101,28 @@ TEST_F(Session, TheAddressIsSeenUntilTheTerminalHasNamedItsUsers) {
     EXPECT_EQ(platform::getStatusText(bar, 0), "問題の注意");
 }
 
+TEST_F(Session, AWarningGoesWithItsQuest) {
+    desk.openShow({stage({.name = "一回戦", .quests = 3, .songs = "99,1,99"})}, "青木", 1);
+    const auto status = [] { return platform::getStatusText({host().mainWindow, ids::statusBar}, 0); };
+    EXPECT_EQ(status(), "問題の注意");
+    desk.skip();
+    EXPECT_EQ(status(), "ユーザ通知");
+    desk.skip();
+    EXPECT_EQ(status(), "問題の注意");
+    desk.script.expectDialog(confirm_victory::form, [&](Form dialog) {
+        EXPECT_EQ(status(), "ユーザ通知");
+        dialog.key("Escape");
+    });
+    desk.skip();
+    EXPECT_EQ(status(), "出題終了");
+    desk.hear();
+    desk.reply("REVISION", 200);
+    desk.announce("青木", 1);
+    EXPECT_EQ(status(), "ユーザ通知");
+    desk.choose(ids::endSession);
+    EXPECT_EQ(status(), "待機中");
+}
+
 TEST_F(Session, NumbersOutOfRangeAreClampedAndPlayed) {
     const std::string odd =
         desk.folder.writeSession("odd", {stage({.name = "多", .quests = 1, .multi = 9, .songs = "1,2"})});

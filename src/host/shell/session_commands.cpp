@@ -144,6 +144,7 @@ void forgetSession() {
     state.dataResourceList.clear();
     state.sessionFileName.clear();
     state.hideScores = false;
+    warnOfQuest({});
     for (DataUserInfo& user : state.userList)
         user.clear();
 }

@@ -120,6 +120,7 @@ bool finishSession() {
     HostState& state = host();
     if (!guard(EV_FINISH)) return false;
     state.kdlState->changeState(EV_FINISH);
+    warnOfQuest({});
     if (!state.dataApplication.getMasterOfCeremony()) {
         dlgConfirmVictory(state.mainWindow);
         if (!sessionStands(StateEnd::getInstance())) return false;

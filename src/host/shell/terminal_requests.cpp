@@ -66,7 +66,6 @@ void onUserNotify(const VRMessage& message) {
                   state.userList[static_cast<std::size_t>(i)].getName());
     writeLog(2000017, pairs);
     showStatusBar(2000024);
-    showQuestWarning(); // the state text must not hide it
 }
 
 std::string requestSound(int user) {

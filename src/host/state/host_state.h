@@ -38,6 +38,12 @@ struct QuestEditors {
     int (*song)(platform::WindowHandle owner, int number) = nullptr;
 };
 
+// A numbered message with what fills it; code 0 for none.
+struct StatusMessage {
+    int code = 0;
+    zelkova::DataPairsList pairs = {};
+};
+
 struct HostState {
     // Windows of the console; none while there is no main window.
     platform::WindowHandle mainWindow, consolePane, dataPane;
@@ -101,7 +107,7 @@ struct HostState {
     bool songsStarted = false; // the terminal's 302 has started the songs of this play
     bool playersLent = false;  // the training plays on questMedia; the quest's songs wait until it is over
     bool hideScores = false;
-    std::string questWarning; // why the current quest cannot be played as it stands; empty when it can
+    StatusMessage status, questWarning; // of the status bar: what was told last, and what stands over it
     platform::SystemTime sessionStartTime, sessionEndTime;
 };
 

@@ -66,8 +66,7 @@ void initResource() {
         if (warning.empty()) warning = trouble(song, play.opened, stage.getRange());
     }
     setPlayLimit();
-    state.questWarning = warning;
-    showQuestWarning();
+    warnOfQuest(warning);
 }
 
 void setPlayLimit() {

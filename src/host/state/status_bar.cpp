@@ -14,11 +14,11 @@ bool awaitsTerminal() {
     return machine && machine->is(StateInit::getInstance());
 }
 
-} // namespace
-
-void showStatusBar(int code, const zelkova::DataPairsList& pairs) {
-    const DataLogMessage message = host().logMessageList.getMessage(code);
-    const std::string text = zelkova::formatWithPairs(message.getContents(), pairs, "%", true);
+void refresh() {
+    const bool warns = host().questWarning.code != 0 && !awaitsTerminal();
+    const StatusMessage& shown = warns ? host().questWarning : host().status;
+    const DataLogMessage message = host().logMessageList.getMessage(shown.code);
+    const std::string text = zelkova::formatWithPairs(message.getContents(), shown.pairs, "%", true);
     for (int part = 0; part < 2; ++part) {
         std::string token;
         zelkova::firstToken(text, "|", part, token);
@@ -26,11 +26,21 @@ void showStatusBar(int code, const zelkova::DataPairsList& pairs) {
     }
 }
 
-void showQuestWarning() {
-    if (host().questWarning.empty()) return;
-    zelkova::DataPairsList pairs;
-    pairs.add("QUEST", host().curQuestNumber);
-    pairs.add("REASON", host().questWarning);
-    writeLog(3000020, pairs);
-    if (!awaitsTerminal()) showStatusBar(3000020, pairs);
+} // namespace
+
+void showStatusBar(int code, const zelkova::DataPairsList& pairs) {
+    host().status = {code, pairs};
+    refresh();
+}
+
+void warnOfQuest(const std::string& reason) {
+    StatusMessage& warning = host().questWarning;
+    warning = {};
+    if (!reason.empty()) {
+        warning.code = 3000020;
+        warning.pairs.add("QUEST", host().curQuestNumber);
+        warning.pairs.add("REASON", reason);
+        writeLog(warning.code, warning.pairs);
+    }
+    refresh();
 }
