@@ -180,6 +180,20 @@ TEST_F(PlayControl, ASongWhoseDiskSleepsIsNotOverBeforeItBegins) {
     EXPECT_TRUE(checkPlayStop());
 }
 
+TEST_F(PlayControl, TheLimitCountsFromTheFirstSound) {
+    sound.setStartTime(2000);
+    addSong(20000);
+    host().dataSession.setInterval(intervalSecond);
+    initResource();
+    play();
+    for (int tick = 0; tick < 59; ++tick) {
+        pass(50);
+        EXPECT_FALSE(checkPlayStop()) << tick;
+    }
+    pass(50);
+    EXPECT_TRUE(checkPlayStop());
+}
+
 TEST_F(PlayControl, ASongWithoutAUnitIsNotDividedBy) {
     addSong(20000, fileTypeUnknown);
     initResource();

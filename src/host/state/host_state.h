@@ -101,7 +101,7 @@ struct HostState {
     DataSession trainingSession; // settings of the training mode
 
     int playLimit = 0;         // milliseconds; -1 the whole range, -2 no limit
-    int playElapsed = 0;       // milliseconds since the songs were started, counted in ticks
+    int playElapsed = 0;       // milliseconds since the songs' first sound, counted in ticks
     int leadInEnd = 0;         // milliseconds
     SoundWatch leadInWatch;    // of the same sound
     bool songsStarted = false; // the terminal's 302 has started the songs of this play

@@ -89,8 +89,10 @@ void redrawRandomStarts() {
 }
 
 bool checkPlayStop() {
-    const HostState& state = host();
-    return isPlayOver(checkedSongs(), state.dataSession.getSpeed(), state.playLimit, state.playElapsed);
+    HostState& state = host();
+    const std::vector<SongPlay> songs = checkedSongs();
+    if (areStarting(songs)) state.playElapsed = 0;
+    return isPlayOver(songs, state.dataSession.getSpeed(), state.playLimit, state.playElapsed);
 }
 
 void enterPlay() {

@@ -13,7 +13,7 @@ void setPlayLimit();
 void redrawRandomStarts();
 
 // True when the songs of the current quest are to stop: a song that plays has reached its range's or file's
-// end, or the time limit is over. Songs that did not open are passed over.
+// end, or the time limit is over, which counts from the first sound. Songs that did not open are passed over.
 bool checkPlayStop();
 
 // Takes EV_PLAY and tells the terminal; the songs wait for its answer.
