@@ -92,8 +92,7 @@ std::error_code followFile(const fs::path& from, const fs::path& to, const std::
     if (there) {
         const auto came = stamps.find(path);
         // A start that was cut off has left files, but no record of them.
-        if (came == stamps.end() && own.size == shipped.size && haveEqualBytes(from, to))
-            stamps[path] = own;
+        if (came == stamps.end() && own.size == shipped.size && haveEqualBytes(from, to)) stamps[path] = own;
         const bool untouched = came != stamps.end() && came->second == own;
         if (!untouched || own == shipped || detail::isWriteProtected(to)) return {};
     }
