@@ -22,3 +22,12 @@ function(kdl_test name)
   gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 RUN_SERIAL ${ARG_REAL_TIME}
                        DISCOVERY_TIMEOUT 60)
 endfunction()
+
+# kdl_inputs(<variable> <name> <pattern>...)
+# The files that match, and a list of their names: what depends on both is made again also when a file is gone.
+function(kdl_inputs variable name)
+  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${ARGN})
+  list(JOIN files "\n" names)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/${name}.list CONTENT "${names}\n" @ONLY)
+  set(${variable} ${files} ${CMAKE_BINARY_DIR}/${name}.list PARENT_SCOPE)
+endfunction()

@@ -1,5 +1,5 @@
-// kdl-makemedia <source folder> <shipped tree>
-// Makes the sound effects (eft/), the demonstration songs (snd/), the catalogue and the quizzes (cnf/).
+// kdl-makemedia <source folder> <folder>
+// Makes the sound effects (eft/), the demonstration songs (snd/), the catalogue and the quizzes (cnf/) there.
 
 #include "makemedia/catalogue.h"
 #include "makemedia/sessions.h"
@@ -73,7 +73,7 @@ bool makeAll(const fs::path& source, const fs::path& tree, std::string& error) {
 
 int main(int argc, char** argv) {
     if (argc != 3) {
-        std::fprintf(stderr, "usage: %s <source folder> <shipped tree>\n", argv[0]);
+        std::fprintf(stderr, "usage: %s <source folder> <folder>\n", argv[0]);
         return EXIT_FAILURE;
     }
     gst_init(nullptr, nullptr);
