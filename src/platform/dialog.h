@@ -45,7 +45,7 @@ struct FileDialog {
 };
 // Full Shift-JIS paths; none when cancelled. A file whose name the code page lacks can only be one of
 // several: its path, with "?" for what is lacking, leads to no file. The save dialog asks before it replaces
-// a file and adds the default extension when none was typed.
+// a file and adds the default extension to a name that has not got it, in either case.
 std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& options);
 std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& options);
 std::optional<std::string> folderDialog(WindowHandle owner, const std::string& startFolder);

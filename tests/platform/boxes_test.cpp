@@ -176,8 +176,11 @@ TEST_F(FileDialogs, SeveralFilesComeInTheirOrder) {
 
 TEST_F(FileDialogs, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
     driver::Script script;
-    script.expectFileDialog(folderPath() + "新しい");
-    EXPECT_EQ(saveFileDialog(main, options(folderPath())), folderPath() + "新しい.xml");
+    for (const auto& [typed, name] :
+         {std::pair("新しい", "新しい.xml"), {"第1.5回", "第1.5回.xml"}, {"NEW.XML", "NEW.XML"}}) {
+        script.expectFileDialog(folderPath() + typed);
+        EXPECT_EQ(saveFileDialog(main, options(folderPath())), folderPath() + name);
+    }
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         script.expectFileDialog(folderPath() + "two").expectMessageBox(answer, [](const std::string& text) {
             EXPECT_THAT(text, HasSubstr("two.xml"));

@@ -66,8 +66,22 @@ public:
             view->setContextMenuPolicy(Qt::NoContextMenu);
     }
 
+    void setExtension(const QString& extension) { extension_ = extension; }
+
+    // The toolkit would leave its default suffix out of a name with a point in it.
+    QStringList namedFiles() const {
+        QStringList files = selectedFiles();
+        for (QString& file : files) {
+            const QFileInfo info(file);
+            if (!extension_.isEmpty() && !info.isDir() &&
+                info.suffix().compare(extension_, Qt::CaseInsensitive) != 0)
+                file += u'.' + extension_;
+        }
+        return files;
+    }
+
     void accept() override {
-        const QStringList files = selectedFiles();
+        const QStringList files = namedFiles();
         if (files.isEmpty()) return;
         const QFileInfo first(files.front());
         bool agreed = first.isDir() && fileMode() != Directory; // enters the folder
@@ -101,11 +115,12 @@ private:
     }
 
     WindowHandle window_;
+    QString extension_;
 };
 
 std::vector<std::string> toProgram(const Picker& picker) {
     std::vector<std::string> paths;
-    for (const QString& file : picker.selectedFiles())
+    for (const QString& file : picker.namedFiles())
         if (auto path = programName(file, picker.fileMode() == QFileDialog::ExistingFiles))
             paths.push_back(std::move(*path));
     return paths;
@@ -165,7 +180,7 @@ std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& 
     picker->setAcceptMode(QFileDialog::AcceptSave);
     picker->setFileMode(QFileDialog::AnyFile);
     picker->setNameFilter(nameFilter(options));
-    picker->setDefaultSuffix(toQt(options.defaultExtension));
+    picker->setExtension(toQt(options.defaultExtension));
     const auto paths = run(picker, owner, "save file");
     return paths.empty() ? std::nullopt : std::optional(paths.front());
 }
