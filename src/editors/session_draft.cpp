@@ -26,7 +26,9 @@ std::string typedSessionFile(const std::string& typed, const std::string& folder
     std::string path = zelkova::trim(typed);
     if (path.empty()) return {};
     if (!path.starts_with('/') && !path.starts_with('\\')) path = folder + "/" + path;
-    if (!zelkova::getFileName(path).empty() && zelkova::getExtension(path).empty()) path += ".xml";
+    // A name may have a point in it, and a file that is there may be called otherwise.
+    const bool named = zelkova::toLowerSjis(zelkova::getExtension(path)) == "xml" || platform::isFile(path);
+    if (!zelkova::getFileName(path).empty() && !named) path += ".xml";
     return zelkova::getFullPath(path);
 }
 

@@ -11,8 +11,8 @@
 // SessionFile_0.xml of the folder or, where that is taken, the first free one of those that follow it.
 std::string firstFreeSessionFile(const std::string& folder);
 
-// The full path that is meant by what was typed: a relative one counts from the folder, a name without an
-// extension gets that of session files. "" when nothing was typed.
+// The full path that is meant by what was typed: a relative one counts from the folder, a name that is not
+// that of a file and lacks the extension of session files gets it. "" when nothing was typed.
 std::string typedSessionFile(const std::string& typed, const std::string& folder);
 
 class SessionDraft {

@@ -134,7 +134,9 @@ TEST(TypedSessionFile, IsAFullPathOfASessionFile) {
         {" \t", ""},
         {" natsu ", "/s/natsu.xml"},
         {"夏", "/s/夏.xml"},
-        {"sub\\natsu.dat", "/s/sub/natsu.dat"},
+        {"sub\\第1.5回大会", "/s/sub/第1.5回大会.xml"},
+        {"NATSU.XML", "/s/NATSU.XML"},
+        {"/proc/self/status", "/proc/self/status"}, // a file that is there
         {"../natsu.xml", "/natsu.xml"},
         {"/other/./natsu", "/other/natsu.xml"},
         {"\\other\\natsu.xml", "/other/natsu.xml"},
