@@ -1,4 +1,9 @@
-# Compiler flags live in one INTERFACE target; presets only choose.
+# Every compiler flag of this project; presets only choose among them by the build type and the KDL_ options.
+
+# The tests play whole sessions, so they are optimised a little; a backtrace still has its lines.
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
+
+# What every target of ours links.
 add_library(kdl_flags INTERFACE)
 target_compile_options(kdl_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
@@ -11,9 +16,15 @@ target_compile_options(kdl_flags INTERFACE
 
 if(KDL_SANITIZE)
   target_compile_options(kdl_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
-                                             -fno-omit-frame-pointer)
+                                             -fno-omit-frame-pointer
+    # The sanitizers' own code makes GCC 12 see uninitialised members inside <regex>.
+    -Wno-maybe-uninitialized)
   target_link_options(kdl_flags INTERFACE -fsanitize=address,undefined)
 endif()
+
+# For what is too slow without the optimiser, whatever the build type.
+add_library(kdl_optimised INTERFACE)
+target_compile_options(kdl_optimised INTERFACE -O2)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)

@@ -15,10 +15,6 @@ function(kdl_test name)
   cmake_parse_arguments(ARG "REAL_TIME" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE kdl_test_support ${ARG_LINKS} kdl_flags)
-  if(KDL_SANITIZE)
-    # The sanitizers' own code makes GCC 12 see uninitialised members inside <regex>.
-    target_compile_options(${name} PRIVATE -Wno-maybe-uninitialized)
-  endif()
   gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 RUN_SERIAL ${ARG_REAL_TIME}
                        DISCOVERY_TIMEOUT 60)
 endfunction()
