@@ -9,6 +9,5 @@
 void dialogControlList(platform::WindowHandle owner);
 
 // Where the songs to add are looked for first: the folder of the song that was added last, with its final
-// "/";
-// "" when there is none.
+// "/"; "" when there is none.
 std::string folderOfNewestSong(const AccesserResource& catalogue);

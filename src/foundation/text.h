@@ -58,8 +58,7 @@ std::string numberWithCommas(std::int32_t number);
 std::string formatSize(std::int32_t size);
 
 // Byte-wise and case-sensitive, over the whole text: "?" is any byte, "*" any run of bytes (also an empty
-// one),
-// "#" takes the meaning off a "?" or "*" behind it.
+// one), "#" takes the meaning off a "?" or "*" behind it.
 bool wildcardMatch(std::string_view text, std::string_view pattern);
 
 } // namespace zelkova

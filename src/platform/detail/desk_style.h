@@ -1,6 +1,6 @@
 #pragma once
-// Fusion with the program's own message icons, sharp at every scale, without pictures on the buttons of boxes,
-// and with column titles that stay whole beside the sort mark.
+// Fusion with the program's own message icons, sharp at every scale, without pictures on the buttons of
+// boxes, and with column titles that stay whole beside the sort mark.
 
 #include <QProxyStyle>
 

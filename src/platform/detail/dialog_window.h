@@ -22,7 +22,8 @@ private:
     void cancel();
 };
 
-// Runs a dialog until it ends and returns its result. `fill` makes what stands in it; -1 when it answers false.
+// Runs a dialog until it ends and returns its result. `fill` makes what stands in it; -1 when it answers
+// false.
 int runDialogWindow(WindowHandle owner, const std::string& name, const DialogProc& proc,
                     const std::function<bool(DialogWindow& frame, WindowHandle dialog)>& fill);
 
