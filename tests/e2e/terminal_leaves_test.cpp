@@ -137,6 +137,14 @@ TEST(TerminalLeaves, BeforeItHasNamedItsUsers) {
     show.expectEnd();
 }
 
+TEST(TerminalLeaves, InItsAnswerToARequest) {
+    TerminalLeaves show;
+    start(show.desk);
+    show.desk.expectMessage(3000011);
+    show.desk.reply("CLOSE", 202);
+    show.expectEnd();
+}
+
 TEST(TerminalLeaves, UnderADialog) {
     const struct {
         const char* form;

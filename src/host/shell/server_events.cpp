@@ -1,11 +1,9 @@
 #include "host/shell/server_events.h"
 
 #include "foundation/text.h"
-#include "foundation/views/message_box.h"
+#include "host/shell/session_commands.h"
 #include "host/shell/terminal_replies.h"
 #include "host/shell/terminal_requests.h"
-#include "host/shell/timers.h"
-#include "host/state/console_ids.h"
 #include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/status_bar.h"
@@ -100,15 +98,9 @@ void onReadable() {
 }
 
 void onClosed() {
-    HostState& state = host();
     logEvent("FD_CLOSE");
-    killSessionTimers();
-    state.server->sendResponse(202, DefineVrp::MDS_CLOSE);
-    state.server->shutdown(platform::SD_BOTH);
-    state.server->close();
-    if (state.endingSession) return; // its questions are open; the session ends anyway
-    zelkova::showMessage(state.mainWindow, 3000011, zelkova::MessageButtons::Ok, 0);
-    platform::sendMessage(state.mainWindow, platform::WM_COMMAND, ids::endSession);
+    host().server->sendResponse(202, DefineVrp::MDS_CLOSE);
+    dropTerminal();
 }
 
 } // namespace

@@ -215,3 +215,13 @@ void closeSession() {
     showStatusBar(2000021);
     state.endingSession = false;
 }
+
+void dropTerminal() {
+    HostState& state = host();
+    killSessionTimers();
+    state.server->shutdown(platform::SD_BOTH);
+    state.server->close();
+    if (state.endingSession) return; // its questions are open; the session ends anyway
+    zelkova::showMessage(state.mainWindow, 3000011, zelkova::MessageButtons::Ok, 0);
+    platform::sendMessage(state.mainWindow, platform::WM_COMMAND, ids::endSession);
+}

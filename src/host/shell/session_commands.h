@@ -8,3 +8,6 @@ void openSession();
 // save the history; does nothing while it is already under way, and without a session: it may have ended
 // under the question that leads here.
 void closeSession();
+
+// The terminal has gone, or has said that it goes: our end is closed, the host is told, and the session ends.
+void dropTerminal();

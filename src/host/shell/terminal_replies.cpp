@@ -8,6 +8,7 @@
 #include "data/labels.h"
 #include "foundation/views/message_box.h"
 #include "host/shell/judging.h"
+#include "host/shell/session_commands.h"
 #include "host/state/console_ids.h"
 #include "host/state/current_quest.h"
 #include "host/state/effects.h"
@@ -19,7 +20,7 @@
 #include "host/state/quest.h"
 #include "host/state/requests.h"
 #include "host/state/status_bar.h"
-#include "platform/socket.h"
+#include "platform/messages.h"
 #include "platform/sound.h"
 #include "protocol/define_vrp.h"
 #include "protocol/messages.h"
@@ -161,9 +162,8 @@ void onReply(const VRMessage& message) {
     const std::string reply = response.getReply();
     if (reply == DefineVrp::MDS_CLOSE) {
         const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_CLOSE");
-        state.server->shutdown(platform::SD_BOTH);
-        state.server->close();
         state.vrmStatus = 0;
+        dropTerminal(); // closing our end ourselves, we hear of no loss
     } else if (reply != state.requestMethod) {
         const LogRange branch("lpVrmResponse->getReply()!=requestMethod");
         // Closed first: behind the box the terminal may already answer again.
