@@ -131,6 +131,24 @@ TEST_F(PlayControl, StopsAtTimeLimitRangeEndOrFileEnd) {
     EXPECT_FALSE(checkPlayStop());
 }
 
+TEST_F(PlayControl, OnlyAnMp3FollowsTheStagesSpeed) {
+    const std::string file = folder.file("nwav");
+    test_support::writeSilence(file, 20000);
+    zelkova::Media& media = host().questMedia[0];
+    for (const auto& [type, passed] : {std::pair{fileTypeMp3, 2000}, {fileTypeNwav, 1000}}) {
+        DataResource song;
+        song.setFileName(file);
+        song.setFileType(type);
+        host().dataSession.setRange(rangeStart);
+        host().dataSession.setSpeed(1); // twice as fast
+        host().dataResourceList = {song};
+        initResource();
+        play();
+        pass(1000);
+        EXPECT_EQ(media.getPosition(), passed);
+    }
+}
+
 TEST_F(PlayControl, OnlyCheckedSongsPlayAndStop) {
     addSong(20000);
     addSong(20000);

@@ -30,7 +30,9 @@ SongPlay loadSong(zelkova::Media& media, const DataResource& song, const DataSes
                   toMilliseconds(span.end, song.getFileType())};
     unloadSound(media);
     play.opened = !song.getFileName().empty() && media.open(song.getFileName());
-    if (song.getFileType() == fileTypeMp3) media.setSpeed(entry(mediaSpeeds, stage.getSpeed()));
+    // A file of no known type would go on at the speed of the song before; the other types take none.
+    const bool follows = song.getFileType() == fileTypeMp3;
+    media.setSpeed(follows ? entry(mediaSpeeds, stage.getSpeed()) : normalSpeed);
     media.seek(play.start);
     media.setVolume(volume * 10);
     return play;

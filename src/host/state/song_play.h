@@ -19,8 +19,8 @@ struct SongPlay {
     bool opened = false;
 };
 
-// Puts the song into the player in place of what it held, at the start of its part and at the stage's speed.
-// `volume` is 0 to 100. A song whose file does not open is silent.
+// Puts the song into the player in place of what it held, at the start of its part and, an MP3, at the
+// stage's speed. `volume` is 0 to 100. A song whose file does not open is silent.
 SongPlay loadSong(zelkova::Media& media, const DataResource& song, const DataSession& stage, int volume);
 
 // From their starts.
