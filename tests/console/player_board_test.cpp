@@ -17,12 +17,11 @@ TEST_F(PlayerBoard, ColoursFollowWhatIsShown) {
     host().userList[1].setHands(2);
     refreshUserPane();
 
-    struct Row {
+    const struct {
         int id;
         const char* text;
         std::optional<Color> color;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {ids::userState1, "[参加]", Color{80, 80, 255}},
         {ids::userState1 + 1, "[お手つき]", Color{255, 128, 0}},
         {ids::userState1 + 2, "[不参加]", Color{255, 80, 80}},
@@ -36,7 +35,7 @@ TEST_F(PlayerBoard, ColoursFollowWhatIsShown) {
         {ids::userScore1 + 2, "-10", Color{255, 0, 0}},
         {ids::userHands1 + 1, "2", std::nullopt},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         EXPECT_EQ(console().text(row.id), row.text) << row.id;
         EXPECT_EQ(platform::getTextColor(console()[row.id]), row.color) << row.id;
     }

@@ -1,7 +1,6 @@
 #include "data/accesser_application.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "foundation/text.h"
 #include "platform/files.h"

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "data/accesser_application.h"
 #include "data/accesser_resource.h"

@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "data/xml_writer.h"
 #include "platform/files.h"

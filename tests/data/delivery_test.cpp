@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "data/accesser_application.h"
 #include "platform/files.h"

@@ -1,7 +1,6 @@
 #include "data/app_logger.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "data/acs_log_message.h"
 #include "platform/files.h"

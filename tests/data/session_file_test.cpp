@@ -3,7 +3,6 @@
 #include <ctime>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/files.h"
 #include "support/stage.h"

@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "foundation/path.h"
 #include "host/state/host_state.h"

@@ -7,7 +7,6 @@
 #include <set>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "data/labels.h"
 #include "foundation/random.h"
@@ -78,16 +77,15 @@ TEST_F(Assignment, HasARowForEachSongOfEachQuest) {
 
 TEST_F(Assignment, TellsWhereASongIsUsed) {
     SongAssignment assignment = choose({3, 4, 4, 5}, {5, 6, 0});
-    struct Row {
+    const struct {
         int song;
         SongUse asRow, asSource;
-    };
-    const Row rows[] = {{3, SongUse::Free, SongUse::InStage},
-                        {4, SongUse::InStage, SongUse::InStage},
-                        {5, SongUse::Elsewhere, SongUse::InStage},
-                        {6, SongUse::Elsewhere, SongUse::Elsewhere},
-                        {7, SongUse::Free, SongUse::Free}};
-    for (const Row& row : rows) {
+    } rows[] = {{3, SongUse::Free, SongUse::InStage},
+                {4, SongUse::InStage, SongUse::InStage},
+                {5, SongUse::Elsewhere, SongUse::InStage},
+                {6, SongUse::Elsewhere, SongUse::Elsewhere},
+                {7, SongUse::Free, SongUse::Free}};
+    for (const auto& row : rows) {
         EXPECT_EQ(assignment.usedState(row.song), row.asRow) << row.song;
         EXPECT_EQ(assignment.usedState(row.song, 0), row.asSource) << row.song;
     }
@@ -110,11 +108,10 @@ TEST_F(Assignment, TheStageInHandIsNoOtherStage) {
 }
 
 TEST_F(Assignment, ResultOfTheCheck) {
-    struct Row {
+    const struct {
         Songs songs, others;
         SongCheck result;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {{1, 2, 3}, {}, songsComplete},  {{1, 2, 3}, {4, 0}, songsComplete},
         {{1, 0, 3}, {}, songsMissing},   {{1, 26, 3}, {}, songsMissing},
         {{1, 1, 3}, {}, songsRepeated},  {{1, 2, 3}, {2}, songsShared},
@@ -124,7 +121,7 @@ TEST_F(Assignment, ResultOfTheCheck) {
         {{1, 1, 21}, {1}, songsUnfit},   {{21, 0, 1}, {}, songsMissing}, // but a missing song counts most
         {{0, 1, 21}, {}, songsMissing},  {{}, {}, songsComplete},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         const SongAssignment assignment = choose(row.songs, row.others, static_cast<int>(row.songs.size()));
         EXPECT_EQ(assignment.check(), row.result)
             << zelkova::joinNumbers(row.songs) << " beside " << zelkova::joinNumbers(row.others);

@@ -21,12 +21,11 @@ StageForm filled() {
 }
 
 TEST(StageForm, LimitsOfWhatIsTyped) {
-    struct Row {
+    const struct {
         std::string StageForm::*field;
         const char* text;
         StageRefusal answer;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {&StageForm::questNum, "0", badQuestNum},
         {&StageForm::questNum, "-1", badQuestNum},
         {&StageForm::questNum, "", badQuestNum},
@@ -58,7 +57,7 @@ TEST(StageForm, LimitsOfWhatIsTyped) {
         {&StageForm::deduction, "0", stageFits},
         {&StageForm::deduction, "-30000", stageFits},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         StageForm form = filled();
         form.*row.field = row.text;
         EXPECT_EQ(checkForm(form, allLive), row.answer) << row.text;
@@ -84,16 +83,15 @@ TEST(StageForm, WhatCannotBeChangedIsNeitherCheckedNorWritten) {
     odd.setErrcode(0);
     DataSession fixedShape = odd;
     fixedShape.setErrcode(-2);
-    struct Row {
+    const struct {
         StageMode mode;
         const DataSession& stage;
         bool name, questNum, multi, rules;
-    };
-    const Row rows[] = {{wizard, odd, true, true, true, true},
-                        {wizard, fixedShape, false, false, false, true},
-                        {StageMode::RunningSession, odd, false, false, false, true},
-                        {StageMode::Training, odd, false, true, true, false}};
-    for (const Row& row : rows) {
+    } rows[] = {{wizard, odd, true, true, true, true},
+                {wizard, fixedShape, false, false, false, true},
+                {StageMode::RunningSession, odd, false, false, false, true},
+                {StageMode::Training, odd, false, true, true, false}};
+    for (const auto& row : rows) {
         const LiveSettings live = liveSettings(row.mode, row.stage);
         EXPECT_EQ(live.name, row.name);
         EXPECT_EQ(live.questNum, row.questNum);

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "foundation/list_view.h"
 #include "platform/driver.h"

@@ -131,13 +131,12 @@ TEST_F(DataViews, StagesAndTheMarksOfTheirSongs) {
               (Rows{"1|一回戦|10|サビ|∞|HALFUP(×1.5)|3||||○", "2|一回戦|10|サビ|∞|HALFUP(×1.5)|3|○|○|○|×",
                     "3|一回戦|10|サビ|∞|HALFUP(×1.5)|3|○|○|○|×"}));
 
-    struct Row {
+    const struct {
         int errcode;
         const char *withSongs, *without;
-    };
-    const Row marks[] = {{0, "○", "×"}, {1, "×", "×"},  {2, "△", "×"},  {3, "△", "×"},
-                         {4, "×", "×"}, {-1, "△", "×"}, {-2, "△", "×"}, {99, "△", "×"}};
-    for (const Row& row : marks) {
+    } marks[] = {{0, "○", "×"}, {1, "×", "×"},  {2, "△", "×"},  {3, "△", "×"},
+                 {4, "×", "×"}, {-1, "△", "×"}, {-2, "△", "×"}, {99, "△", "×"}};
+    for (const auto& row : marks) {
         EXPECT_TRUE(view.setErrorState(0, row.errcode) && view.setErrorState(2, row.errcode));
         EXPECT_EQ(view.getText(0, ViewPart::resource), row.withSongs) << row.errcode;
         EXPECT_EQ(view.getText(2, ViewPart::resource), row.without) << row.errcode;
@@ -221,17 +220,16 @@ TEST_F(DataViews, AHeaderSortsByValueOrTextAndTurnsRound) {
             all.push_back(view.songAt(row));
         return all;
     };
-    struct Row {
+    const struct {
         int column;
         std::vector<int> order;
-    };
-    const Row clicks[] = {
+    } clicks[] = {
         {0, {2, 9, 10, 100}},                       // not as texts
         {0, {100, 10, 9, 2}}, {1, {2, 9, 100, 10}}, // equal ones keep their order, this way round
         {1, {100, 10, 9, 2}},                       // and that
         {0, {2, 9, 10, 100}},                       // each column has its own direction
     };
-    for (const Row& row : clicks) {
+    for (const auto& row : clicks) {
         EXPECT_TRUE(sort.click(view, row.column));
         EXPECT_EQ(numbers(), row.order);
     }

@@ -109,16 +109,15 @@ TEST_F(MessageBox, ANumberWithoutATextStillCloses) {
 }
 
 TEST_F(MessageBox, HelpOpensTheAddressThatStandsNow) {
-    struct Row {
+    const struct {
         const char *url, *opened;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"https://help.invalid/?code=%__SERCH_MESSAGE_CODE__%&x=1", "https://help.invalid/?code=3000010&x=1"},
         {"https://help.invalid/", "https://help.invalid/"},
     };
     std::string url;
     zelkova::setHelpUrl([&] { return url; });
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         url = row.url;
         driver::Script script;
         script.expectDialog(form, [](Form box) {

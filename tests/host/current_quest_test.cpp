@@ -35,12 +35,11 @@ TEST_F(CurrentQuest, AStageEndsWhereTheNextQuestHasAStageOfAnotherName) {
         host().sessionList.push_back(stage);
     }
     host().dataSession = host().sessionList[0];
-    struct Row {
+    const struct {
         int quest;
         bool ends;
-    };
-    const Row rows[] = {{1, false}, {2, false}, {3, false}, {4, true}, {5, false}, {6, true}, {7, true}};
-    for (const Row& row : rows) {
+    } rows[] = {{1, false}, {2, false}, {3, false}, {4, true}, {5, false}, {6, true}, {7, true}};
+    for (const auto& row : rows) {
         DataUserInfo& user = host().userList[0];
         user.setAnswerRight(userFalseStart);
         user.setHands(1);

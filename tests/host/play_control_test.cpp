@@ -61,14 +61,13 @@ protected:
 } // namespace
 
 TEST_F(PlayControl, RangesAndLimits) {
-    struct Case {
+    const struct {
         int range, start, end;
-    };
-    const Case cases[] = {{rangeIntro, 1000, 5000}, {rangeSabi, 10000, 18000}, {rangeMelody, 5000, 10000},
-                          {rangeStart, 0, 60000},   {rangeEnd, 40000, 60000},  {rangeAnswer, 20000, 26000},
-                          {99, 1000, 5000},         {-1, 1000, 5000}};
+    } cases[] = {{rangeIntro, 1000, 5000}, {rangeSabi, 10000, 18000}, {rangeMelody, 5000, 10000},
+                 {rangeStart, 0, 60000},   {rangeEnd, 40000, 60000},  {rangeAnswer, 20000, 26000},
+                 {99, 1000, 5000},         {-1, 1000, 5000}};
     addSong(60000);
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.range);
         host().dataSession.setRange(c.range);
         initResource();

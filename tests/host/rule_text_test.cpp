@@ -40,18 +40,17 @@ TEST(RuleText, PenaltiesAndFalseStarts) {
 }
 
 TEST(RuleText, EffectsOfAVerdict) {
-    struct Row {
+    const struct {
         int deduction, handsType, steal;
         const char *right, *wrong;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {1, -1, -1, "[乙]へ[10]点 加算する", "なし"},
         {1, -1, 0, "[乙]へ[10]点 加算する(横取り)", "なし"},
         {-5, -1, -1, "[乙]へ[10]点 加算する", "[乙]を[-5]点 減点する"},
         {0, 2, -1, "[乙]へ[10]点 加算する", "[乙]を[0]点 減点する (お手つき追加)"},
         {1, 0, -1, "[乙]へ[10]点 加算する", "[乙]へお手付きを追加する"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         DataSession stage;
         stage.setDeduction(row.deduction);
         stage.setHandsType(row.handsType);

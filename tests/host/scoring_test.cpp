@@ -72,13 +72,12 @@ TEST(Scoring, NoRuleAndLimitZero) {
 }
 
 TEST(Scoring, EndOfQuest) {
-    struct Case {
+    const struct {
         const char* what;
         int handsType, hands, rest, right;
         bool stageEnds;
         int wantHands, wantRest, wantRight;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"in a stage: waits for the stage's end", handsInStage, 2, 0, userFalseStart, false, 2, 0,
          userFalseStart},
         {"in a stage: comes back at its end", handsInStage, 2, 0, userFalseStart, true, 0, 0, userTakesPart},
@@ -90,7 +89,7 @@ TEST(Scoring, EndOfQuest) {
          userTakesPart},
         {"taken out by the host: stays", handsInQuest, 1, 0, userOut, true, 1, 0, userOut},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         std::vector<DataUserInfo> users{userAt(0, c.right)};
         users[0].setHands(c.hands);

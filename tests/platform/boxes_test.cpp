@@ -1,7 +1,6 @@
 // Message boxes, file dialogs and menus.
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <fstream>
 
@@ -34,12 +33,11 @@ void soon(TestWindow& window, std::function<void()> action) {
 } // namespace
 
 TEST(MessageBox, WaitsForItsButtonsAndGivesNoWayAroundYesAndNo) {
-    struct Case {
+    const struct {
         Buttons buttons;
         std::string key; // or the answer's button
         Answer answer;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {Buttons::Ok, "", Answer::Ok},
         {Buttons::Ok, "Escape", Answer::Ok},
         {Buttons::OkCancel, "Escape", Answer::Cancel},
@@ -50,7 +48,7 @@ TEST(MessageBox, WaitsForItsButtonsAndGivesNoWayAroundYesAndNo) {
         {Buttons::YesNoCancel, "", Answer::No},
     };
     TestWindow main(WS_VISIBLE);
-    for (const Case& example : cases) {
+    for (const auto& example : cases) {
         soon(main, [&] {
             ASSERT_EQ(driver::openDialogs().size(), 1u);
             EXPECT_EQ(driver::openDialogs()[0].text, "よろしいですか？");

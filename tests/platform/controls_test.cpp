@@ -3,7 +3,6 @@
 #include "platform/controls.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <fstream>
 
@@ -48,6 +47,8 @@ protected:
         return main.count(WM_COMMAND, makeLong(static_cast<unsigned>(id), code));
     }
 
+    Control at(int id) const { return {main, id}; }
+
     TestWindow main;
 };
 
@@ -57,185 +58,160 @@ TEST_F(Controls, AreFoundByNumberAnywhereBelowTheWindow) {
     EXPECT_EQ(getId(getItem(main, RadioB)), RadioB);
     EXPECT_FALSE(getItem(main, 999));
     EXPECT_FALSE(getItem(main, 0));
-    EXPECT_EQ(getText({main, 999}), "");
-    EXPECT_EQ(getPosition({main, Edit}), -1) << "an edit has no position";
+    EXPECT_EQ(getText(at(999)), "");
+    EXPECT_EQ(getPosition(at(Edit)), -1) << "an edit has no position";
 }
 
 TEST_F(Controls, KeepTheTextTheyWereGiven) {
     const std::string text = "ポ－～①㈱ﾊﾝｶｸ <b>表</b> & Co";
     for (const int id : {Label, Title, Edit, Memo, Check, Group, RadioA, Button}) {
-        setText({main, id}, text);
-        EXPECT_EQ(getText({main, id}), text) << id;
+        setText(at(id), text);
+        EXPECT_EQ(getText(at(id)), text) << id;
     }
-    setText({main, Combo}, "二");
-    EXPECT_EQ(getText({main, Combo}), "二");
-    EXPECT_EQ(getSelection({main, Combo}), 1);
-    setText({main, Memo}, "上\n下");
-    EXPECT_EQ(getText({main, Memo}), "上\n下");
+    setText(at(Combo), "二");
+    EXPECT_EQ(getText(at(Combo)), "二");
+    EXPECT_EQ(getSelection(at(Combo)), 1);
+    setText(at(Memo), "上\n下");
+    EXPECT_EQ(getText(at(Memo)), "上\n下");
 }
 
 TEST_F(Controls, SetByTheProgramTellNothingButTheTextOfASingleLineEdit) {
-    setSelection({main, Combo}, 2);
-    setChecked({main, Check}, true);
-    setChecked({main, RadioA}, true);
-    setPosition({main, Slider}, 40);
-    setRange({main, Slider}, 0, 20);
-    setPosition({main, Bar}, 100);
-    setText({main, Memo}, "x");
-    setText({main, Combo}, "一");
+    setSelection(at(Combo), 2);
+    setChecked(at(Check), true);
+    setChecked(at(RadioA), true);
+    setPosition(at(Slider), 40);
+    setRange(at(Slider), 0, 20);
+    setPosition(at(Bar), 100);
+    setText(at(Memo), "x");
+    setText(at(Combo), "一");
     EXPECT_THAT(main.messages, IsEmpty());
-    setText({main, Edit}, "x");
+    setText(at(Edit), "x");
     EXPECT_EQ(commands(Edit, EN_CHANGE), 1);
-    setText({main, Edit}, "x");
+    setText(at(Edit), "x");
     EXPECT_EQ(commands(Edit, EN_CHANGE), 2) << "also when the text stays the same";
     EXPECT_EQ(main.messages.size(), 2u);
 }
 
 TEST_F(Controls, AnEditThatSetsItselfInItsOwnChangeComesToRest) {
     main.onMessage = [this](const Message& message) {
-        if (message.id == WM_COMMAND) setText({main, Edit}, "整");
+        if (message.id == WM_COMMAND) setText(at(Edit), "整");
         return false;
     };
-    setText({main, Edit}, "x");
-    EXPECT_EQ(getText({main, Edit}), "整");
+    setText(at(Edit), "x");
+    EXPECT_EQ(getText(at(Edit)), "整");
 }
 
 TEST_F(Controls, TellWhatTheUserDoes) {
-    struct Case {
+    const struct {
         const char* what;
         std::function<bool()> act;
         unsigned message;
         WParam wParam;
-    };
-    const Case cases[] = {
-        {"button",
-         [this] {
-             return driver::click({main, Button});
-         },
-         WM_COMMAND, makeLong(Button, BN_CLICKED)},
-        {"check",
-         [this] {
-             return driver::click({main, Check});
-         },
-         WM_COMMAND, makeLong(Check, BN_CLICKED)},
-        {"radio",
-         [this] {
-             return driver::click({main, RadioB});
-         },
-         WM_COMMAND, makeLong(RadioB, BN_CLICKED)},
-        {"combo",
-         [this] {
-             return driver::select({main, Combo}, 1);
-         },
-         WM_COMMAND, makeLong(Combo, CBN_SELCHANGE)},
-        {"up-down",
-         [this] {
-             return driver::spin({main, Number}, 1);
-         },
-         WM_COMMAND, makeLong(Number, EN_CHANGE)},
+    } cases[] = {
+        {"button", [this] { return driver::click(at(Button)); }, WM_COMMAND, makeLong(Button, BN_CLICKED)},
+        {"check", [this] { return driver::click(at(Check)); }, WM_COMMAND, makeLong(Check, BN_CLICKED)},
+        {"radio", [this] { return driver::click(at(RadioB)); }, WM_COMMAND, makeLong(RadioB, BN_CLICKED)},
+        {"combo", [this] { return driver::select(at(Combo), 1); }, WM_COMMAND,
+         makeLong(Combo, CBN_SELCHANGE)},
+        {"up-down", [this] { return driver::spin(at(Number), 1); }, WM_COMMAND, makeLong(Number, EN_CHANGE)},
         {"date",
          [this] {
-             return driver::pick({main, Date}, {2026, 3, 0, 4, 0, 0, 0, 0});
+             return driver::pick(at(Date), {2026, 3, 0, 4, 0, 0, 0, 0});
          },
          WM_NOTIFY, Date},
-        {"slider",
-         [this] {
-             return driver::slide({main, Slider}, 60);
-         },
-         WM_HSCROLL, 0},
+        {"slider", [this] { return driver::slide(at(Slider), 60); }, WM_HSCROLL, 0},
     };
-    for (const Case& example : cases) {
+    for (const auto& example : cases) {
         main.forget();
         EXPECT_TRUE(example.act()) << example.what;
         EXPECT_EQ(main.count(example.message, example.wParam), 1) << example.what;
     }
     EXPECT_EQ(main.messages.back().lParam, Slider);
-    EXPECT_TRUE(isChecked({main, Check}));
-    EXPECT_TRUE(isChecked({main, RadioB}));
-    EXPECT_EQ(getSelection({main, Combo}), 1);
-    EXPECT_EQ(getPosition({main, Slider}), 60);
-    EXPECT_FALSE(driver::slide({main, Bar}, 1)) << "a progress bar only shows";
+    EXPECT_TRUE(isChecked(at(Check)));
+    EXPECT_TRUE(isChecked(at(RadioB)));
+    EXPECT_EQ(getSelection(at(Combo)), 1);
+    EXPECT_EQ(getPosition(at(Slider)), 60);
+    EXPECT_FALSE(driver::slide(at(Bar), 1)) << "a progress bar only shows";
 
     main.forget();
-    EXPECT_TRUE(driver::type({main, Edit}, "あいう"));
-    EXPECT_EQ(getText({main, Edit}), "あいう");
+    EXPECT_TRUE(driver::type(at(Edit), "あいう"));
+    EXPECT_EQ(getText(at(Edit)), "あいう");
     EXPECT_EQ(commands(Edit, EN_CHANGE), 3) << "one for each key";
 }
 
 TEST_F(Controls, ThatAreOffOrHiddenDoNotReact) {
     const auto touchAll = [this] {
-        return driver::click({main, Button}) || driver::select({main, Combo}, 1) ||
-               driver::type({main, Edit}, "x") || driver::slide({main, Slider}, 60) ||
-               driver::spin({main, Number}, 1);
+        return driver::click(at(Button)) || driver::select(at(Combo), 1) || driver::type(at(Edit), "x") ||
+               driver::slide(at(Slider), 60) || driver::spin(at(Number), 1);
     };
     for (const int id : {Button, Combo, Edit, Slider, Number})
-        enable({main, id}, false);
+        enable(at(id), false);
     EXPECT_FALSE(touchAll());
     for (const int id : {Button, Combo, Edit, Slider, Number}) {
-        enable({main, id}, true);
-        show({main, id}, false);
-        EXPECT_FALSE(isVisible({main, id}));
+        enable(at(id), true);
+        show(at(id), false);
+        EXPECT_FALSE(isVisible(at(id)));
     }
     EXPECT_FALSE(touchAll());
-    setReadOnly({main, Memo}, true);
-    EXPECT_FALSE(driver::type({main, Memo}, "x"));
-    enable({main, Group}, false);
-    EXPECT_FALSE(isEnabled({main, RadioA})) << "off with its frame";
-    EXPECT_FALSE(driver::click({main, RadioA}));
+    setReadOnly(at(Memo), true);
+    EXPECT_FALSE(driver::type(at(Memo), "x"));
+    enable(at(Group), false);
+    EXPECT_FALSE(isEnabled(at(RadioA))) << "off with its frame";
+    EXPECT_FALSE(driver::click(at(RadioA)));
     EXPECT_THAT(main.messages, IsEmpty());
 }
 
 TEST_F(Controls, VisibilityIsTheControlsOwn) {
     showWindow(main, false);
-    EXPECT_TRUE(isVisible({main, Edit}));
-    show({main, Edit}, false);
+    EXPECT_TRUE(isVisible(at(Edit)));
+    show(at(Edit), false);
     showWindow(main, true);
-    EXPECT_FALSE(isVisible({main, Edit}));
-    EXPECT_TRUE(isVisible({main, Button}));
+    EXPECT_FALSE(isVisible(at(Edit)));
+    EXPECT_TRUE(isVisible(at(Button)));
 }
 
 TEST_F(Controls, RadioButtonsLetOnlyOneStand) {
-    setChecked({main, RadioA}, true);
-    setChecked({main, RadioB}, true);
-    EXPECT_FALSE(isChecked({main, RadioA}));
-    setChecked({main, RadioB}, false);
-    EXPECT_FALSE(isChecked({main, RadioB})) << "the program may clear the whole group";
+    setChecked(at(RadioA), true);
+    setChecked(at(RadioB), true);
+    EXPECT_FALSE(isChecked(at(RadioA)));
+    setChecked(at(RadioB), false);
+    EXPECT_FALSE(isChecked(at(RadioB))) << "the program may clear the whole group";
 }
 
 TEST_F(Controls, CombosAndBarsClipWhatIsOutOfRange) {
-    EXPECT_EQ(getSelection({main, Combo}), -1) << "filling selects nothing";
-    EXPECT_EQ(addItem({main, Combo}, "四"), 3);
+    EXPECT_EQ(getSelection(at(Combo)), -1) << "filling selects nothing";
+    EXPECT_EQ(addItem(at(Combo), "四"), 3);
     for (const int outside : {-1, 4, 1000}) {
-        setSelection({main, Combo}, 1);
-        setSelection({main, Combo}, outside);
-        EXPECT_EQ(getSelection({main, Combo}), -1) << outside;
+        setSelection(at(Combo), 1);
+        setSelection(at(Combo), outside);
+        EXPECT_EQ(getSelection(at(Combo)), -1) << outside;
     }
-    EXPECT_EQ(itemCount({main, Combo}), 4);
-    EXPECT_EQ(itemText({main, Combo}, 3), "四");
-    EXPECT_EQ(itemText({main, Combo}, 4), "");
-    clearItems({main, Combo});
-    EXPECT_EQ(itemCount({main, Combo}), 0);
+    EXPECT_EQ(itemCount(at(Combo)), 4);
+    EXPECT_EQ(itemText(at(Combo), 3), "四");
+    EXPECT_EQ(itemText(at(Combo), 4), "");
+    clearItems(at(Combo));
+    EXPECT_EQ(itemCount(at(Combo)), 0);
 
     for (const int id : {Slider, Bar}) {
-        setRange({main, id}, 10, 50);
-        EXPECT_EQ(getRangeHigh({main, id}), 50);
-        setPosition({main, id}, 999);
-        EXPECT_EQ(getPosition({main, id}), 50) << id;
-        setPosition({main, id}, -5);
-        EXPECT_EQ(getPosition({main, id}), 10) << id;
+        setRange(at(id), 10, 50);
+        EXPECT_EQ(getRangeHigh(at(id)), 50);
+        setPosition(at(id), 999);
+        EXPECT_EQ(getPosition(at(id)), 50) << id;
+        setPosition(at(id), -5);
+        EXPECT_EQ(getPosition(at(id)), 10) << id;
     }
 }
 
 TEST_F(Controls, AHeldKeyTypesLinesAndStepsBarsButPressesNothing) {
-    setFocus({main, Memo});
-    const std::string before = getText({main, Memo});
+    setFocus(at(Memo));
+    const std::string before = getText(at(Memo));
     EXPECT_TRUE(driver::repeatKey(main, "Return"));
-    EXPECT_EQ(getText({main, Memo}).size(), before.size() + 1);
-    setFocus({main, Slider});
-    setPosition({main, Slider}, 50);
+    EXPECT_EQ(getText(at(Memo)).size(), before.size() + 1);
+    setFocus(at(Slider));
+    setPosition(at(Slider), 50);
     EXPECT_TRUE(driver::repeatKey(main, "Right"));
-    EXPECT_GT(getPosition({main, Slider}), 50);
-    setFocus({main, Button});
+    EXPECT_GT(getPosition(at(Slider)), 50);
+    setFocus(at(Button));
     main.forget();
     for (const char* key : {"Return", "Space", "Escape"})
         driver::repeatKey(main, key);
@@ -243,7 +219,7 @@ TEST_F(Controls, AHeldKeyTypesLinesAndStepsBarsButPressesNothing) {
 }
 
 TEST_F(Controls, TrackBarsMoveByTheirLineAndTheirPage) {
-    const Control bar(main, Slider);
+    const Control bar = at(Slider);
     setRange(bar, 0, 1000);
     setStep(bar, 10, 100);
     setPosition(bar, 500);
@@ -274,15 +250,15 @@ TEST_F(Controls, TrackBarsMoveByTheirLineAndTheirPage) {
 
 TEST_F(Controls, ToolTipsShowTheVeryText) {
     for (const std::string text : {"Rock & Roll", "<b>太い</b>", "&amp;", "一行目\n  二行目", ""}) {
-        setToolTip({main, Edit}, text);
-        EXPECT_EQ(getToolTip({main, Edit}), text);
+        setToolTip(at(Edit), text);
+        EXPECT_EQ(getToolTip(at(Edit)), text);
     }
 }
 
 TEST_F(Controls, CarryTheIconsTheyWereGiven) {
     const test_support::TemporaryFolder folder;
     for (const int id : {Label, Button}) {
-        EXPECT_EQ(getIcon({main, id}), "");
+        EXPECT_EQ(getIcon(at(id)), "");
         const auto picture = [&](const char* name) {
             driver::settle();
             EXPECT_TRUE(driver::screenshot(main, folder.file(name)));
@@ -290,17 +266,17 @@ TEST_F(Controls, CarryTheIconsTheyWereGiven) {
             return std::string(std::istreambuf_iterator<char>(in), {});
         };
         const std::string bare = picture("bare.png");
-        setIcon({main, id}, "ICO_INTRO_SERVER", 30);
-        EXPECT_EQ(getIcon({main, id}), "ICO_INTRO_SERVER");
+        setIcon(at(id), "ICO_INTRO_SERVER", 30);
+        EXPECT_EQ(getIcon(at(id)), "ICO_INTRO_SERVER");
         EXPECT_NE(picture("icon.png"), bare) << id;
         EXPECT_GE(getRect(getItem(main, id)).height, 30) << id;
     }
-    setIcon({main, Edit}, "ICO_INTRO_SERVER", 30);
-    EXPECT_EQ(getIcon({main, Edit}), "") << "an edit has no picture";
+    setIcon(at(Edit), "ICO_INTRO_SERVER", 30);
+    EXPECT_EQ(getIcon(at(Edit)), "") << "an edit has no picture";
 }
 
 TEST_F(Controls, UpDownArrowsAreClippedAndTypingIsFree) {
-    const Control number(main, Number);
+    const Control number = at(Number);
     setSpinRange(number, -2000, 2000, 500);
     setText(number, "1200");
     driver::spin(number, 1);
@@ -325,23 +301,23 @@ TEST_F(Controls, UpDownArrowsAreClippedAndTypingIsFree) {
 
 TEST_F(Controls, LimitedEditsCountBytes) {
     for (const int id : {Edit, Memo}) {
-        limitText({main, id}, 5);
-        driver::type({main, id}, "漢字かな");
-        EXPECT_EQ(getText({main, id}), "漢字") << id;
-        driver::type({main, id}, "漢字aな");
-        EXPECT_EQ(getText({main, id}), "漢字a") << id;
-        limitText({main, id}, 8);
-        driver::type({main, id}, "漢字かな");
-        EXPECT_EQ(getText({main, id}), "漢字かな") << id << ": the last limit holds";
+        limitText(at(id), 5);
+        driver::type(at(id), "漢字かな");
+        EXPECT_EQ(getText(at(id)), "漢字") << id;
+        driver::type(at(id), "漢字aな");
+        EXPECT_EQ(getText(at(id)), "漢字a") << id;
+        limitText(at(id), 8);
+        driver::type(at(id), "漢字かな");
+        EXPECT_EQ(getText(at(id)), "漢字かな") << id << ": the last limit holds";
     }
 }
 
 TEST_F(Controls, ColoursAreKeptAndTakenBack) {
     for (const int id : {Label, Edit, Memo}) {
-        setTextColor({main, id}, Color{255, 80, 80});
-        EXPECT_EQ(getTextColor({main, id}), (Color{255, 80, 80})) << id;
-        setTextColor({main, id}, std::nullopt);
-        EXPECT_EQ(getTextColor({main, id}), std::nullopt) << id;
+        setTextColor(at(id), Color{255, 80, 80});
+        EXPECT_EQ(getTextColor(at(id)), (Color{255, 80, 80})) << id;
+        setTextColor(at(id), std::nullopt);
+        EXPECT_EQ(getTextColor(at(id)), std::nullopt) << id;
     }
 }
 
@@ -349,12 +325,12 @@ TEST_F(Controls, TextsThatDoNotFitAreFound) {
     driver::resize(main, 600, 700);
     EXPECT_THAT(driver::clippedControls(main), IsEmpty());
     const std::string longText(400, 'W');
-    setText({main, Title}, longText);
+    setText(at(Title), longText);
     driver::settle();
     EXPECT_THAT(driver::clippedControls(main), testing::ElementsAre(testing::StartsWith("102: WWW")))
         << "dots and a tool tip do not make it whole";
-    setText({main, Title}, "");
-    setText({main, Check}, longText);
+    setText(at(Title), "");
+    setText(at(Check), longText);
     EXPECT_THAT(driver::clippedControls(main), testing::ElementsAre(testing::StartsWith("106: WWW")));
 }
 

@@ -3,7 +3,6 @@
 #include "platform/dialog.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/clock.h"
 #include "platform/driver.h"
@@ -68,12 +67,11 @@ TEST(Dialog, TellsItsProcedureFromInitToDestroy) {
 }
 
 TEST(Dialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
-    struct Case {
+    const struct {
         const char* what;
         std::function<void(WindowHandle)> act;
         int result;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"Esc", [](WindowHandle d) { driver::pressKey(d, "Escape"); }, 20},
         {"close box", [](WindowHandle d) { driver::closeBox(d); }, 20},
         {"Enter in an edit",
@@ -96,7 +94,7 @@ TEST(Dialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
          20},
     };
     TestWindow main;
-    for (const Case& example : cases) {
+    for (const auto& example : cases) {
         driver::Script script;
         script.expectDialog(form, example.act);
         EXPECT_EQ(runDialog(main, form, endOnButtons), example.result) << example.what;

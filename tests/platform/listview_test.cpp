@@ -3,7 +3,6 @@
 #include "platform/listview.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <fstream>

@@ -3,7 +3,6 @@
 #include "platform/property_sheet.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 

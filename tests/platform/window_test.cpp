@@ -3,7 +3,6 @@
 #include "platform/window.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/clock.h"
 #include "platform/controls.h"

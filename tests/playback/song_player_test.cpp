@@ -157,51 +157,6 @@ TEST_F(SongPlayerTest, TheLimitCountsTheTimeThatIsHeard) {
     EXPECT_EQ(row(), 2);
 }
 
-TEST_F(SongPlayerTest, PauseKeepsThePlaceAndStopDoesNot) {
-    addSongs(2);
-    start().choose(rangeSabi);
-    player->playOrPause();
-    pass(1000);
-    player->playOrPause();
-    EXPECT_EQ(player->state(), PlayState::Paused);
-    EXPECT_EQ(sound.playing(file("1.mp3")), 0);
-    pass(1000);
-    EXPECT_EQ(player->place(), 90);
-    player->seek(100);
-    pass(100);
-    EXPECT_EQ(player->place(), 100);
-    player->playOrPause();
-    pass(500);
-    EXPECT_EQ(player->place(), 105);
-    player->seek(85);
-    pass(500);
-    EXPECT_EQ(player->place(), 90);
-    player->stop();
-    EXPECT_EQ(player->state(), PlayState::Stopped);
-    EXPECT_EQ(sound.playing(file("1.mp3")), 0);
-    player->playOrPause();
-    EXPECT_EQ(player->place(), 80);
-    EXPECT_EQ(player->order().historyText(), "1"); // the same song once more
-}
-
-TEST_F(SongPlayerTest, SpeedGoesOnFromSongToSong) {
-    addSongs(2);
-    start().setSpeed(200);
-    player->playOrPause();
-    pass(1000);
-    EXPECT_EQ(player->place(), 20);
-    player->forward();
-    pass(1000);
-    EXPECT_EQ(player->place(), 20);
-    player->setSpeed(100);
-    pass(1000);
-    EXPECT_EQ(player->place(), 30);
-    player->setSpeed(0);
-    EXPECT_EQ(host().playerSpeed, 5);
-    pass(4000);
-    EXPECT_EQ(player->place(), 32);
-}
-
 TEST_F(SongPlayerTest, OneSongIsPlayedAgainInEveryOrder) {
     addSongs(1);
     start();

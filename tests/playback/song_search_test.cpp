@@ -143,24 +143,4 @@ TEST_F(SongSearch, ARandomSearchFindsTheOnlySongThatFits) {
     }
 }
 
-TEST_F(SongSearch, AFileThatIsGoneIsSilentUntilTheUserGoesOn) {
-    addSongs(2);
-    std::filesystem::remove(file("2.mp3"));
-    start().playOrPause();
-    pass(100);
-    player->forward();
-    EXPECT_EQ(player->state(), PlayState::Playing);
-    EXPECT_EQ(player->song().getTitle(), "曲2");
-    EXPECT_EQ(sound.playing(file("1.mp3")), 0);
-    pass(60'000);
-    EXPECT_EQ(row(), 1);
-    player->playOrPause();
-    player->playOrPause();
-    pass(100);
-    EXPECT_EQ(row(), 1);
-    player->forward();
-    EXPECT_EQ(row(), 0);
-    EXPECT_EQ(sound.playing(file("1.mp3")), 1);
-}
-
 } // namespace

@@ -78,11 +78,15 @@ TEST_F(TonalPlayer, AnEvening) {
         EXPECT_EQ(place(), 50);
         window.click(idPlay);
         EXPECT_EQ(icons(), pausing);
+        EXPECT_EQ(sound.playing(file("1.mp3")), 0);
         clock.advance(3000);
         EXPECT_EQ(place(), 50);
+        window.slide(idPosition, 60);
+        clock.advance(100);
+        EXPECT_EQ(place(), 60);
         window.click(idPlay);
         clock.advance(1000);
-        EXPECT_EQ(place(), 60);
+        EXPECT_EQ(place(), 70);
 
         window.click({idFromSabi, idForward});
         EXPECT_EQ(text(idTitle), "曲2");
@@ -239,6 +243,9 @@ TEST_F(TonalPlayer, SlidersMoveTheSongItsVolumeAndItsSpeed) {
         EXPECT_EQ(text(idSpeedText), "200");
         clock.advance(1000);
         EXPECT_EQ(place(), 20);
+        window.click(idForward); // at the same speed
+        clock.advance(1000);
+        EXPECT_EQ(place(), 20);
         for (const int low : {0, 4}) {
             window.slide(idSpeed, low);
             EXPECT_EQ(text(idSpeedText), "5");
@@ -332,8 +339,12 @@ TEST_F(TonalPlayer, SongsThatCannotBePlayed) {
         EXPECT_EQ(icons(), playing); // silently, until the user goes on
         clock.advance(30'000);
         EXPECT_THAT(window.texts({idTitle, idClock}), ElementsAre("曲1", "00:00:00/00:00:00"));
+        window.click({idPlay, idPlay});
+        clock.advance(100);
+        EXPECT_EQ(text(idTitle), "曲1");
         window.click(idForward);
         EXPECT_EQ(text(idTitle), "曲2");
+        EXPECT_EQ(sound.playing(file("2.mp3")), 1);
         std::filesystem::remove(file("2.mp3"));
         window.click({idFromIntro, idForward});
         EXPECT_EQ(icons(), standing);

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "foundation/views/message_box_ids.h"
 #include "platform/controls.h"

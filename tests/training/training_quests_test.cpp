@@ -4,7 +4,6 @@
 #include <set>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "training/catalogue.h"
 
