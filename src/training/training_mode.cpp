@@ -24,7 +24,6 @@ using namespace training;
 namespace {
 
 constexpr int leastChoices = 2, startChoices = 4, mostChoices = 10;
-constexpr int startVolume = 50;
 constexpr int tooFewSongs = 3000008;
 constexpr unsigned tellTooFewSongs = platform::WM_USER;
 
@@ -49,7 +48,6 @@ private:
         platform::setText(control(idChoices), zelkova::numberToText(startChoices));
         takeSession(leastChoices);
         volumeBar().setUp(volume_);
-        setPlayerVolumes(volume_);
         // The window comes first, then what is to be said in it.
         if (!prepare()) platform::postMessage(window(), tellTooFewSongs);
     }
@@ -285,7 +283,7 @@ private:
     std::optional<TrainingScreen> screen_; // none before the window
     unsigned runningTimers_ = 0;
     int fewestChoices_ = leastChoices;
-    int volume_ = startVolume; // 0 to 100
+    int volume_ = host().masterVolume; // 0 to 100; from then on this window's own
 };
 
 } // namespace

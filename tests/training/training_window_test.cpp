@@ -111,8 +111,10 @@ TEST_F(TrainingWindow, ClosingLeavesSilenceAndTheVolumeOfTheShow) {
     for (const unsigned passed : {500u, 2000u}) { // in the jingle, in the song
         train([&] {
             EXPECT_EQ(platform::menuCommands(window), std::vector<int>{idClose});
-            EXPECT_GT(level(), show);
+            EXPECT_EQ(text(idVolumeText), "30");
+            EXPECT_EQ(level(), show) << "what the hall hears does not jump";
             window.slide(idVolume, 80);
+            EXPECT_GT(level(), show);
             EXPECT_EQ(text(idVolumeText), "80");
             window.click(idStart);
             clock.advance(passed);
