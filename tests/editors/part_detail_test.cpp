@@ -173,18 +173,4 @@ TEST(PartDetail, EachModeGivesItsFields) {
     }
 }
 
-TEST(PartDetail, TrainingWithoutPointsCanBeClosedByOk) {
-    DataSession training;
-    training.setQuestNum(10);
-    training.setMulti(1);
-    const auto act = [](Form dialog) {
-        dialog.type(idQuestNum, "20");
-        dialog.click(idOk);
-    };
-    EXPECT_EQ(run(training, act, StageMode::Training), 1);
-    EXPECT_EQ(training.getQuestNum(), 20);
-    EXPECT_EQ(training.getScore(), -1);
-    EXPECT_EQ(training.getDeduction(), 1);
-}
-
 } // namespace

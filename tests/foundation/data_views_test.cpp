@@ -36,13 +36,6 @@ protected:
     }
     ~DataViews() override { platform::destroyWindow(window); }
 
-    std::string columns() const {
-        std::string text;
-        for (int column = 0; column < platform::listColumnCount(list); ++column)
-            text += platform::listColumnTitle(list, column) + " " +
-                    std::to_string(platform::listColumnWidth(list, column)) + ",";
-        return text;
-    }
     Rows rows() const { return test_support::listRows(list); }
 
     platform::WindowHandle window, list;
@@ -59,8 +52,6 @@ DataResource song(int number, const std::string& title = "曲", const std::strin
 TEST_F(DataViews, SongsOfTheCatalogue) {
     ViewResource view(list);
     view.makeColumns();
-    EXPECT_EQ(columns(), "NO. 35,タイトル名 180,アーティスト名 180,アーティストカナ 100,ジャンル 50,"
-                         "リリース日 75,フォーマット 80,タイプ 50,イントロ 50,サビ 40,解答 40,ポイント 70,");
     DataResource record = song(12, "荒城の月", "瀧廉太郎");
     record.setArtistKana("ﾀｷﾚﾝﾀﾛｳ");
     record.setGenre("Classic");
@@ -106,9 +97,6 @@ TEST(Points, GrowWithFameAndFallWithDifficulty) {
 TEST_F(DataViews, StagesAndTheMarksOfTheirSongs) {
     ViewPart view(list);
     view.makeColumns();
-    EXPECT_EQ(columns(),
-              "No. 35,ステージ名 120,出題数 50,演奏範囲 80,演奏時間 80,演奏速度 70,同時演奏 70,減点 50,"
-              "お手つき 55,横取り 50,リソース 60,");
     DataSession stage;
     stage.setName("一回戦");
     stage.setQuestNum(10);
@@ -159,7 +147,6 @@ TEST_F(DataViews, StagesAndTheMarksOfTheirSongs) {
 TEST_F(DataViews, SongsOfAStageChangePlacesWhileThePlacesStay) {
     ViewResourceDetail view(list);
     view.makeColumns();
-    EXPECT_EQ(columns(), "順序 40,サブ 40,No. 40,タイトル 150,アーティスト 150,");
     view.addRow(1, 1, song(7, "Ａ", "ａ"));
     view.addRow(1, 2, {});
     view.addRow(2, 1, song(9, "Ｂ", "ｂ"));
@@ -181,7 +168,6 @@ TEST_F(DataViews, SongsOfAStageChangePlacesWhileThePlacesStay) {
 TEST_F(DataViews, SongsToChooseFrom) {
     ViewSourceResourceDetail view(list);
     view.makeColumns();
-    EXPECT_EQ(columns(), "ID 40,タイトル 150,アーティスト 150,");
     view.addRow(song(3, "Ａ", "ａ"));
     view.addRow(song(4, "Ｂ", "ｂ"));
     view.updateRow(0, song(3, "Ｃ", "ｃ"));
@@ -191,7 +177,6 @@ TEST_F(DataViews, SongsToChooseFrom) {
 TEST_F(DataViews, ResultsOfATrainingRun) {
     ViewTrainingModeHistory view(list);
     view.makeColumns();
-    EXPECT_EQ(columns(), "問題 40,サブ 40,曲名 180,アーティスト 180,ステータス 80,解答時間(秒) 90,");
     DataTrainingModeHistory result;
     result.setQuestion(2);
     result.setQuestionSub(1);
