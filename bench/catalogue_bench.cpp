@@ -2,19 +2,18 @@
 // committing against serialising. Then what the program does with an open catalogue. Ends with the ratios and
 // the growth.
 #include <cstdio>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/LocalFileFormatTarget.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include "data/accesser_resource.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -43,22 +42,9 @@ DataResource song(int number) {
     return out;
 }
 
-class Folder {
-public:
-    Folder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "kdl-bench-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_;
-};
-
 // Made once for each size.
 const std::string& catalogue(int songs) {
-    static const Folder folder;
+    static const test_support::TemporaryFolder folder;
     static std::map<int, std::string> files;
     std::string& path = files[songs];
     if (path.empty()) {

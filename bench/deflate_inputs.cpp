@@ -4,9 +4,9 @@
 #include <random>
 #include <vector>
 
-#include "documents/office.h"
-#include "documents/zip_reader.h"
 #include "platform/files.h"
+#include "support/office.h"
+#include "support/zip_reader.h"
 
 namespace inputs {
 
@@ -66,7 +66,8 @@ private:
 
 Document read(const std::string& archive) {
     Document document;
-    for (const ReadEntry& entry : readArchive(platform::readFile(archive).value_or(""))) {
+    for (const test_support::ReadEntry& entry :
+         test_support::readArchive(platform::readFile(archive).value_or(""))) {
         document.files.push_back(entry.content);
         if (entry.name == "content.xml") document.content = entry.content;
     }
@@ -76,14 +77,14 @@ Document read(const std::string& archive) {
 } // namespace
 
 Document certificate() {
-    const documents_tests::Office office;
-    office.makeCertificate(documents_tests::certificateOf("山田　花子"));
+    const test_support::Office office;
+    office.makeCertificate(test_support::certificateOf("山田　花子"));
     return read(office.certificate());
 }
 
 Document applicationForm() {
-    const documents_tests::Office office;
-    office.makeForm(documents_tests::registOf(5));
+    const test_support::Office office;
+    office.makeForm(test_support::registOf(5));
     return read(office.form());
 }
 

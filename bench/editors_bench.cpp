@@ -1,7 +1,6 @@
 // The editors' own dialogs over a catalogue of 10,000 songs, on a screen that nobody sees. Every figure is
 // the processor's time, the system's work included, from the user's act to the last pixel that it changes.
 #include <algorithm>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -76,22 +75,8 @@ private:
     test_support::TemporaryFolder folder_;
 };
 
-class Watch {
-public:
-    double ms() const { return nowMs() - start_; }
-
-private:
-    static double nowMs() {
-        timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-    }
-
-    double start_ = nowMs();
-};
-
 double timeOf(const std::function<void()>& act) {
-    const Watch watch;
+    const bench::Watch watch;
     act();
     driver::settle();
     return watch.ms();
@@ -110,7 +95,7 @@ enum : int {
 double inSearchList(SearchListMode mode, const std::function<void(WindowHandle)>& act,
                     bool question = false) {
     driver::Script script;
-    const Watch watch;
+    const bench::Watch watch;
     double opened = 0;
     script.expectDialog("IDD_KDL0303_SERCHLIST", [&](WindowHandle dialog) {
         driver::settle();
@@ -220,23 +205,23 @@ bool measureAdding() {
         test_support::writeSilence(paths.back(), lengthMs);
     }
     AccesserResource& resources = host().accesserResource;
-    const Watch toIndex;
+    const bench::Watch toIndex;
     FileIndex index(resources);
     bench::printFigure("index of the files", toIndex.ms(), "ms");
-    const Watch toFind;
+    const bench::Watch toFind;
     for (const std::string& path : paths)
         if (index.find(path)) return bench::fail("a new file is known");
     bench::printFigure("looking for all of them", toFind.ms(), "ms");
     DataResource song;
     resources.get(1, song);
-    const Watch toStore;
+    const bench::Watch toStore;
     storeSong(resources, 1, song);
     bench::printFigure("one song stored", toStore.ms(), "ms");
     AddRest work(resources, index, paths);
-    const Watch toAdd;
+    const bench::Watch toAdd;
     double slowest = 0;
     while (!work.isOver()) {
-        const Watch toStep;
+        const bench::Watch toStep;
         work.step();
         slowest = std::max(slowest, toStep.ms());
     }

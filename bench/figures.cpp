@@ -55,9 +55,9 @@ double processorMs() {
 double medianMs(int runs, const std::function<void()>& work) {
     std::vector<double> times;
     for (int i = 0; i < runs; ++i) {
-        const double start = processorMs();
+        const Watch watch;
         work();
-        times.push_back(processorMs() - start);
+        times.push_back(watch.ms());
     }
     std::ranges::sort(times);
     return times[times.size() / 2];

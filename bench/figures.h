@@ -18,6 +18,14 @@ void printSpread(const std::string& what, std::vector<double> milliseconds, doub
 
 // Processor time of this process so far: what others do on the machine does not count.
 double processorMs();
+// It from here on.
+class Watch {
+public:
+    double ms() const { return processorMs() - start_; }
+
+private:
+    double start_ = processorMs();
+};
 // What the work takes of it, the median of so many runs.
 double medianMs(int runs, const std::function<void()>& work);
 

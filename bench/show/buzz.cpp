@@ -22,6 +22,7 @@ namespace bench {
 namespace {
 
 namespace driver = platform::driver;
+using test_support::inState;
 
 constexpr int buzzes = 1000;
 constexpr int songsAtOnce = 5;
@@ -126,17 +127,13 @@ std::string writeSession(test_support::ProgramFolder& folder) {
     return folder.writeSession("早押し大会", {stage});
 }
 
-bool in(const char* state) {
-    return host().kdlState->getState()->getStateName() == state && host().vrmStatus == 0;
-}
-
 // Does what the host at the desk does, whenever a message has been dealt with, until the terminal is done.
 void runDesk(const std::atomic<bool>& done) {
     platform::Message message;
     while (!done && platform::getMessage(message) == 1) {
         platform::dispatchMessage(message);
-        if (in("ENABLE")) driver::click({host().consolePane, ids::questStart});
-        if (in("WAIT")) driver::click({host().consolePane, ids::replay});
+        if (inState("ENABLE")) driver::click({host().consolePane, ids::questStart});
+        if (inState("WAIT")) driver::click({host().consolePane, ids::replay});
     }
 }
 

@@ -20,6 +20,7 @@ namespace bench {
 namespace {
 
 namespace driver = platform::driver;
+using test_support::inState;
 
 constexpr int stages = 20, questsInStage = 50;
 constexpr std::size_t sample = 100; // quests at each end of the session that are compared
@@ -36,10 +37,6 @@ double heapInUse() {
     return static_cast<double>(mallinfo2().uordblks) / (1 << 20);
 }
 
-bool in(const char* state) {
-    return host().kdlState->getState()->getStateName() == state && host().vrmStatus == 0;
-}
-
 class LongSession {
 public:
     LongSession(test_support::ProgramFolder& folder, driver::Script& script, platform::ManualClock& clock)
@@ -51,12 +48,12 @@ public:
         driver::chooseMenu(host().mainWindow, ids::openSession);
         terminal_.emplace(folder_.settings.getServerPort());
         terminal_->announceUsers();
-        if (!until([] { return in("ENABLE"); })) return fail("the session does not begin");
+        if (!until([] { return inState("ENABLE"); })) return fail("the session does not begin");
         times_.clear();
         for (int quest = 1; quest <= host().allQuestNumber; ++quest) {
-            const double start = processorMs();
+            const Watch watch;
             if (!play(quest)) return fail("quest " + std::to_string(quest) + " stands still");
-            times_.push_back(processorMs() - start);
+            times_.push_back(watch.ms());
         }
         clock_.advance(applauseMs);
         residentAtEnd_ = residentNow();
@@ -64,7 +61,7 @@ public:
         driver::chooseMenu(host().mainWindow, ids::endSession);
         terminal_.reset();
         driver::settle();
-        return (in("START") && std::filesystem::exists(history)) || fail("the session does not end");
+        return (inState("START") && std::filesystem::exists(history)) || fail("the session does not end");
     }
 
     double firstQuests() const { return quickest({times_.begin(), times_.begin() + sample}); }
@@ -83,9 +80,9 @@ private:
     // From the button to the next quest: lead-in, a second of music, a buzz, a right answer, the answers.
     bool play(int quest) {
         driver::click({host().consolePane, ids::questStart});
-        if (!until([] { return in("READY"); })) return false;
-        if (!clock_.advanceUntil([] { return !in("READY"); }, leadInLimitMs)) return false;
-        if (!until([] { return in("PLAY") && host().songsStarted; })) return false;
+        if (!until([] { return inState("READY"); })) return false;
+        if (!clock_.advanceUntil([] { return !inState("READY"); }, leadInLimitMs)) return false;
+        if (!until([] { return inState("PLAY") && host().songsStarted; })) return false;
         clock_.advance(listeningMs);
 
         script_.expectDialog("IDD_KDL0102_REQUEST", [](platform::WindowHandle dialog) {
@@ -100,7 +97,7 @@ private:
             script_.expectDialog("IDD_KDL0601_CONFIRM_VECTORY",
                                  [](platform::WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
         terminal_->buzz(quest % 4);
-        return until([last] { return in(last ? "END" : "ENABLE"); }) && script_.done();
+        return until([last] { return inState(last ? "END" : "ENABLE"); }) && script_.done();
     }
 
     test_support::ProgramFolder& folder_;

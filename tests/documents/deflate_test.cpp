@@ -9,12 +9,13 @@
 
 #include "documents/contents.h"
 #include "documents/deflate.h"
-#include "documents/inflate.h"
 #include "documents/reference_deflate.h"
+#include "support/inflate.h"
 
 namespace {
 
 using namespace contents;
+using test_support::inflated;
 
 std::string compress(const std::string& input) {
     std::uint32_t crc = 0;

@@ -10,19 +10,19 @@
 #include "documents/application_form_dialog.h"
 #include "documents/certificate_dialog.h"
 #include "documents/dialog_ids.h"
-#include "documents/office.h"
 #include "foundation/text.h"
 #include "foundation/views/message_box.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "support/fake_program.h"
 #include "support/form.h"
+#include "support/office.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 namespace driver = platform::driver;
-using namespace documents_tests;
+using namespace test_support;
 using test_support::Form;
 using testing::AllOf;
 using testing::Contains;

@@ -12,15 +12,15 @@
 
 #include "data/xml_dom.h"
 #include "documents/kanji_number.h"
-#include "documents/office.h"
-#include "documents/zip_reader.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "support/office.h"
+#include "support/zip_reader.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using namespace documents_tests;
+using namespace test_support;
 using testing::Contains;
 using testing::ContainsRegex;
 using testing::Each;

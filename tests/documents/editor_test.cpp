@@ -7,16 +7,16 @@
 
 #include <gmock/gmock.h>
 
-#include "documents/office.h"
 #include "documents/template_text.h"
 #include "foundation/text.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "support/office.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using namespace documents_tests;
+using namespace test_support;
 
 bool installed(const std::string& program) {
     return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;

@@ -8,14 +8,14 @@
 #include <gmock/gmock.h>
 
 #include "data/xml_dom.h"
-#include "documents/office.h"
 #include "foundation/text.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "support/office.h"
 
 namespace {
 
-using namespace documents_tests;
+using namespace test_support;
 
 constexpr const char* shippedKeys[] = {"UserName",     "Order", "Competition",      "Year",
                                        "Month",        "Day",   "PublisherCompany", "PublisherPost",

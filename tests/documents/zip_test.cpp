@@ -12,16 +12,18 @@
 
 #include "documents/encode_zip.h"
 #include "documents/zip_entries.h"
-#include "documents/zip_reader.h"
 #include "documents/zipfile.h"
 #include "documents/zipfileheader.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "support/temporary_folder.h"
+#include "support/zip_reader.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using test_support::readArchive;
+using test_support::ReadEntry;
 using testing::ElementsAre;
 using ZIPFileHeader::ZIPHeadEnc;
 

@@ -31,4 +31,8 @@ void Program::start(const ProgramFolder& folder) {
     platform::driver::settle();
 }
 
+bool inState(const std::string& name) {
+    return host().kdlState && host().kdlState->getState()->getStateName() == name && host().vrmStatus == 0;
+}
+
 } // namespace test_support

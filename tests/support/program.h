@@ -2,6 +2,7 @@
 // The program with its main window, from its start in a folder until nothing of it is left.
 
 #include <memory>
+#include <string>
 
 #include "host/shell/main_window.h"
 #include "platform/sound.h"
@@ -23,5 +24,8 @@ public:
 private:
     std::unique_ptr<MainWnd> window_;
 };
+
+// The show is in the state of that name, and no request waits for the terminal.
+bool inState(const std::string& name);
 
 } // namespace test_support

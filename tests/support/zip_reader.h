@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace test_support {
+
 struct ReadEntry {
     std::string name;
     std::string content;
@@ -17,3 +19,5 @@ struct ReadEntry {
 
 // Throws std::runtime_error with the reason when the bytes are no sound archive without gaps.
 std::vector<ReadEntry> readArchive(const std::string& bytes);
+
+} // namespace test_support

@@ -10,7 +10,7 @@
 #include "documents/document_fault.h"
 #include "support/temporary_folder.h"
 
-namespace documents_tests {
+namespace test_support {
 
 class Office {
 public:
@@ -40,4 +40,4 @@ std::vector<std::string> textsOf(const std::string& archive);
 DataCertificate certificateOf(const std::string& userName);
 DataUserRegist registOf(int pictures);
 
-} // namespace documents_tests
+} // namespace test_support

@@ -1,10 +1,12 @@
-#include "documents/zip_reader.h"
+#include "support/zip_reader.h"
 
 #include <stdexcept>
 
 #include <zlib.h>
 
-#include "documents/inflate.h"
+#include "support/inflate.h"
+
+namespace test_support {
 
 namespace {
 
@@ -66,3 +68,5 @@ std::vector<ReadEntry> readArchive(const std::string& bytes) {
     require(central == end && next == number(bytes, end + 16, 4), "gaps");
     return entries;
 }
+
+} // namespace test_support

@@ -1,8 +1,10 @@
-#include "documents/inflate.h"
+#include "support/inflate.h"
 
 #include <stdexcept>
 
 #include <zlib.h>
+
+namespace test_support {
 
 std::string inflated(const std::string& deflated) {
     z_stream stream{};
@@ -22,3 +24,5 @@ std::string inflated(const std::string& deflated) {
     if (state != Z_STREAM_END || unread != 0) throw std::runtime_error("not one whole stream");
     return result;
 }
+
+} // namespace test_support

@@ -1,4 +1,4 @@
-#include "documents/office.h"
+#include "support/office.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -8,10 +8,10 @@
 #include "data/xml_dom.h"
 #include "documents/application_form.h"
 #include "documents/certificate.h"
-#include "documents/zip_reader.h"
 #include "platform/files.h"
+#include "support/zip_reader.h"
 
-namespace documents_tests {
+namespace test_support {
 
 namespace fs = std::filesystem;
 
@@ -132,4 +132,4 @@ DataUserRegist registOf(int pictures) {
     return regist;
 }
 
-} // namespace documents_tests
+} // namespace test_support
