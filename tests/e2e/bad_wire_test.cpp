@@ -107,6 +107,7 @@ TEST_F(BadWire, AClosingReplyClosesOnlyWhileARequestIsOpen) {
     expectAlive();
     ASSERT_TRUE(desk.click(ids::questStart));
     desk.hear();
+    desk.expectMessage(3000011); // and the session ends
     desk.reply("CLOSE", 211);
     EXPECT_EQ(host().vrmStatus, 0);
     EXPECT_TRUE(
