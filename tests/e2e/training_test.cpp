@@ -2,27 +2,16 @@
 
 #include <functional>
 
-#include <gtest/gtest.h>
-
 #include "e2e/desk.h"
-#include "host/state/console_ids.h"
-#include "platform/controls.h"
+#include "editors/dialog_ids.h"
+#include "host/shell/command_ids.h"
+#include "training/training_ids.h"
 
 namespace {
 
-namespace driver = platform::driver;
-using e2e::Desk;
-using platform::WindowHandle;
-using test_support::stage;
-
-enum : int {
-    idTrain = 11151,
-    idCounter = 9102,
-    idSettings = 9108,
-    idStart = 9112,
-    idQuestNum = 4504,
-    idOk = 4522
-};
+using namespace training;
+using e2e::Form;
+using e2e::stage;
 
 class TrainingAtTheDesk : public testing::Test {
 protected:
@@ -30,67 +19,64 @@ protected:
     TrainingAtTheDesk() {
         for (int i = 0; i < 12; ++i)
             desk.folder.addSong("曲", "歌手");
-        file = desk.folder.writeSession("大会", {stage({.name = "一回戦", .songs = "1"})});
-        desk.start();
-        desk.openSession(file);
-        desk.connect();
-        desk.announce("青木", 1);
+        file = desk.openShow({stage({.name = "一回戦", .songs = "1"})}, "青木", 1);
     }
 
-    // The song of the quest has ended.
-    void playToTheEnd() {
-        desk.playQuest();
+    void passTheSong() {
         ASSERT_TRUE(desk.passUntil([&] { return desk.stateName() == "WAIT"; }, 20000));
-        EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
+        desk.answerStatus("WAIT");
     }
     void pauseAfterTheSong() {
-        playToTheEnd();
-        desk.reply("STATUSNOTIFY", 303);
-        ASSERT_TRUE(desk.click(ids::pause));
-        EXPECT_EQ(desk.hear().getText("Status"), "PAUSE");
-        desk.reply("STATUSNOTIFY", 200);
+        desk.playQuest();
+        passTheSong();
+        desk.press(ids::pause, "PAUSE");
     }
 
     // `act` is given the window, which closes behind it.
-    void train(const std::function<void(WindowHandle)>& act) {
-        desk.script.expectDialog("IDD_KDL0901_TRAINING_MODE", [act](WindowHandle dialog) {
-            act(dialog);
-            driver::closeBox(dialog);
+    void train(const std::function<void(Form)>& act) {
+        desk.script.expectDialog(training::form, [act](Form window) {
+            act(window);
+            window.close();
         });
-        ASSERT_TRUE(driver::chooseMenu(host().mainWindow, idTrain));
+        ASSERT_TRUE(desk.choose(command::train));
         EXPECT_TRUE(desk.script.done());
+    }
+    void playTheFirst(Form window) {
+        window.click(idStart);
+        ASSERT_TRUE(desk.passUntil(songPlays, 5000));
     }
     void expectRefusal() {
         const std::string before = desk.stateName();
         desk.expectMessage(3000033);
-        ASSERT_TRUE(driver::chooseMenu(host().mainWindow, idTrain));
+        ASSERT_TRUE(desk.choose(command::train));
         EXPECT_TRUE(desk.script.done());
         EXPECT_EQ(desk.stateName(), before);
     }
+    static bool songPlays() { return host().questMedia[0].isPlaying(); }
 
-    Desk desk;
+    e2e::Desk desk;
     std::string file;
 };
 
 TEST_F(TrainingAtTheDesk, TheShowGoesOnWithItsOwnSong) {
     pauseAfterTheSong();
-    train([&](WindowHandle dialog) {
-        EXPECT_EQ(platform::getText({dialog, idCounter}), "第01問／全10問");
-        desk.script.expectDialog("IDD_KDL0405_PARTDETAIL", [](WindowHandle settings) {
-            EXPECT_FALSE(platform::isEnabled({settings, 4508})) << "there are no points";
-            driver::type({settings, idQuestNum}, "12");
-            driver::click({settings, idOk});
+    train([&](Form window) {
+        EXPECT_EQ(window.text(idCounter), "第01問／全10問");
+        desk.script.expectDialog(part_detail::form, [](Form settings) {
+            EXPECT_FALSE(settings.live(part_detail::idScore)) << "there are no points";
+            settings.type(part_detail::idQuestNum, "12");
+            settings.click(part_detail::idOk);
         });
-        driver::click({dialog, idSettings});
-        EXPECT_EQ(platform::getText({dialog, idCounter}), "第01問／全12問");
-        driver::click({dialog, idStart});
+        window.click(idSettings);
+        EXPECT_EQ(window.text(idCounter), "第01問／全12問");
+        window.click(idStart);
         desk.pass(3000);
-        EXPECT_TRUE(host().questMedia[0].isPlaying());
+        EXPECT_TRUE(songPlays());
     });
     EXPECT_EQ(host().trainingSession.getQuestNum(), 12) << "for the next time";
     EXPECT_EQ(host().sessionList[0].getQuestNum(), 1);
     EXPECT_EQ(desk.stateName(), "PAUSE");
-    EXPECT_FALSE(host().questMedia[0].isPlaying());
+    EXPECT_FALSE(songPlays());
     EXPECT_EQ(host().questMedia[0].getPosition(), host().playStart[0])
         << "the song of the quest is open again";
     EXPECT_GT(host().questMedia[0].getEnd(), 0);
@@ -108,26 +94,23 @@ TEST_F(TrainingAtTheDesk, WaitsWhileTheShowIsUnderWay) {
     desk.leadIn();
     ASSERT_EQ(desk.stateName(), "PLAY");
     expectRefusal();
-    EXPECT_TRUE(host().questMedia[0].isPlaying());
-    ASSERT_TRUE(desk.passUntil([&] { return desk.stateName() == "WAIT"; }, 20000));
-    EXPECT_EQ(desk.hear().getText("Status"), "WAIT");
-    desk.reply("STATUSNOTIFY", 303);
+    EXPECT_TRUE(songPlays());
+    passTheSong();
     expectRefusal(); // a buzz may come
     ASSERT_TRUE(desk.click(ids::pause));
     EXPECT_EQ(desk.hear().getText("Status"), "PAUSE");
     expectRefusal(); // not answered yet
     desk.reply("STATUSNOTIFY", 200);
-    train([](WindowHandle) {});
+    train([](Form) {});
 }
 
 TEST_F(TrainingAtTheDesk, ABuzzIsNeitherHeardNorJudged) {
-    const auto buzzWhileASongPlays = [&](WindowHandle dialog) {
-        driver::click({dialog, idStart});
-        ASSERT_TRUE(desk.passUntil([] { return host().questMedia[0].isPlaying(); }, 5000));
+    const auto buzzWhileASongPlays = [&](Form window) {
+        playTheFirst(window);
         desk.buzz(0);
         EXPECT_EQ(desk.hear().getNumber("Code"), 502);
         desk.pass(500);
-        EXPECT_TRUE(host().questMedia[0].isPlaying());
+        EXPECT_TRUE(songPlays());
         EXPECT_FALSE(host().effectMedia.isPlaying());
     };
     train(buzzWhileASongPlays);
@@ -139,27 +122,26 @@ TEST_F(TrainingAtTheDesk, ABuzzIsNeitherHeardNorJudged) {
 }
 
 TEST_F(TrainingAtTheDesk, TheTerminalComesMeanwhile) {
-    ASSERT_TRUE(driver::chooseMenu(host().mainWindow, ids::endSession));
+    ASSERT_TRUE(desk.choose(ids::endSession));
     desk.openSession(file);
     ASSERT_EQ(desk.stateName(), "INIT");
-    train([&](WindowHandle dialog) {
-        driver::click({dialog, idStart});
-        ASSERT_TRUE(desk.passUntil([] { return host().questMedia[0].isPlaying(); }, 5000));
+    train([&](Form window) {
+        playTheFirst(window);
         desk.connect();
         desk.announce("青木", 1);
         EXPECT_EQ(desk.stateName(), "ENABLE");
-        EXPECT_TRUE(host().questMedia[0].isPlaying()) << "the training goes on";
+        EXPECT_TRUE(songPlays()) << "the training goes on";
     });
-    EXPECT_FALSE(host().questMedia[0].isPlaying());
+    EXPECT_FALSE(songPlays());
     EXPECT_GT(host().questMedia[0].getEnd(), 0) << "the song of the quest is open";
     desk.playQuest();
-    EXPECT_TRUE(host().questMedia[0].isPlaying());
+    EXPECT_TRUE(songPlays());
 }
 
 TEST_F(TrainingAtTheDesk, WhatTheHostChoseForTheQuestStays) {
-    ASSERT_TRUE(driver::select({host().consolePane, ids::interval}, 0));
+    ASSERT_TRUE(platform::driver::select({host().consolePane, ids::interval}, 0));
     ASSERT_EQ(host().playLimit, 250);
-    train([](WindowHandle) {});
+    train([](Form) {});
     EXPECT_EQ(platform::getSelection({host().consolePane, ids::interval}), 0);
     EXPECT_EQ(host().dataSession.getInterval(), 0);
     EXPECT_EQ(host().playLimit, 250);

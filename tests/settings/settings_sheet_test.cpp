@@ -2,25 +2,21 @@
 
 #include <filesystem>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "data/accesser_application.h"
-#include "platform/driver.h"
 #include "platform/files.h"
 #include "platform/property_sheet.h"
-#include "platform/window.h"
 #include "settings/setting_rows.h"
+#include "support/form.h"
 #include "support/temporary_folder.h"
 
 namespace {
 
 namespace driver = platform::driver;
 using platform::Control;
-using platform::WindowHandle;
+using test_support::Form;
 using testing::IsEmpty;
 
-constexpr char sheetName[] = "IDD_KDL0501_CONFIG", boxName[] = "IDD_KDL0001_MESSAGE_BOX";
+constexpr char sheetName[] = "IDD_KDL0501_CONFIG";
 constexpr int pageCount = 6;
 
 enum : int {
@@ -46,26 +42,20 @@ std::string noProgram(const std::string&) {
 class SettingsSheet : public testing::Test {
 protected:
     // Runs the sheet, does `act` in it; then the messages of these numbers come and are closed.
-    void run(const std::function<void(WindowHandle)>& act, const std::vector<int>& messages = {},
+    void run(const std::function<void(Form)>& act, const std::vector<int>& messages = {},
              std::string (*programFor)(const std::string&) = noProgram) {
         script.expectDialog(sheetName, act);
         for (const int code : messages)
-            expectMessage(code);
+            test_support::expectMessage(script, code);
         dlgSettings({}, settings, file, programFor);
         EXPECT_THAT(script.faults(), IsEmpty());
-    }
-    void expectMessage(int code) {
-        script.expectDialog(boxName, [code](WindowHandle box) {
-            EXPECT_EQ(platform::getText({box, 102}), "C" + std::to_string(code));
-            driver::pressKey(box, "Escape");
-        });
     }
     DataApplication written() const {
         DataApplication out;
         EXPECT_EQ(AccesserApplication().load(file, out), 1);
         return out;
     }
-    static Control at(WindowHandle sheet, int id) { return {platform::shownPage(sheet), id}; }
+    static Form page(Form sheet) { return platform::shownPage(sheet); }
 
     test_support::TemporaryFolder folder;
     std::string file = folder.file("Config.xml");
@@ -76,26 +66,26 @@ protected:
 TEST_F(SettingsSheet, CarriesEveryFieldThroughPagesAndFile) {
     std::vector<std::string> texts;
     run(
-        [&](WindowHandle sheet) {
-            EXPECT_EQ(platform::getText(sheet), settings.getNameJpn() + " -基本設定-");
-            for (int page = 0; page < pageCount; ++page) {
-                ASSERT_TRUE(driver::turnTo(sheet, page));
-                EXPECT_THAT(driver::clippedControls(sheet), IsEmpty());
-                const PageRows& rows = settingPages[static_cast<std::size_t>(page)];
+        [&](Form sheet) {
+            EXPECT_EQ(sheet.title(), settings.getNameJpn() + " -基本設定-");
+            for (int number = 0; number < pageCount; ++number) {
+                ASSERT_TRUE(driver::turnTo(sheet, number));
+                EXPECT_THAT(sheet.cut(), IsEmpty());
+                const PageRows& rows = settingPages[static_cast<std::size_t>(number)];
                 for (const FlagRow& row : rows.flags)
-                    EXPECT_TRUE(driver::click(at(sheet, row.id)));
+                    page(sheet).click(row.id);
                 for (const FlagRow& row : rows.flags) // back on, so that its edit can be typed into
-                    if (row.edit != 0) driver::click(at(sheet, row.id));
+                    if (row.edit != 0) page(sheet).click(row.id);
                 for (const TextRow& row : rows.texts) {
                     texts.push_back("値 " + std::to_string(row.id));
-                    EXPECT_TRUE(driver::type(at(sheet, row.id), texts.back())) << row.id;
+                    page(sheet).type(row.id, texts.back());
                 }
                 for (const NumberRow& row : rows.numbers)
-                    EXPECT_TRUE(driver::type(at(sheet, row.id), std::to_string(row.low + 1)));
+                    page(sheet).type(row.id, std::to_string(row.low + 1));
             }
             ASSERT_TRUE(driver::turnTo(sheet, 4));
-            driver::select(at(sheet, idLogLevel), 4);
-            driver::click({sheet, platform::IDOK});
+            page(sheet).select(idLogLevel, 4);
+            sheet.click(platform::IDOK);
         },
         {2000004});
     const bool cheerBefore = shippedSettings().getCheerFlg(),
@@ -118,20 +108,20 @@ TEST_F(SettingsSheet, CarriesEveryFieldThroughPagesAndFile) {
 
 TEST_F(SettingsSheet, CancelKeepsWhatWasNotApplied) {
     const std::string before = settings.settings().toString(",");
-    run([](WindowHandle sheet) {
-        driver::type(at(sheet, idUser), "別");
-        driver::click(at(sheet, idCheer));
-        driver::click({sheet, platform::IDCANCEL});
+    run([](Form sheet) {
+        page(sheet).type(idUser, "別");
+        page(sheet).click(idCheer);
+        sheet.click(platform::IDCANCEL);
     });
     EXPECT_EQ(settings.settings().toString(","), before);
     EXPECT_FALSE(platform::pathExists(file));
 
-    run([](WindowHandle sheet) {
-        EXPECT_FALSE(platform::isEnabled({sheet, platform::ID_APPLY_NOW}));
-        driver::type(at(sheet, idUser), "適用した");
-        EXPECT_TRUE(driver::click({sheet, platform::ID_APPLY_NOW}));
-        driver::type(at(sheet, idUser), "その後");
-        driver::pressKey(sheet, "Escape");
+    run([](Form sheet) {
+        EXPECT_FALSE(sheet.live(platform::ID_APPLY_NOW));
+        page(sheet).type(idUser, "適用した");
+        sheet.click(platform::ID_APPLY_NOW);
+        page(sheet).type(idUser, "その後");
+        sheet.key("Escape");
     });
     EXPECT_EQ(settings.getUser(), "適用した");
     EXPECT_EQ(written().getUser(), "適用した");
@@ -141,13 +131,13 @@ TEST_F(SettingsSheet, EffectIsEditedOnlyWhileItsBoxIsChecked) {
     settings.setEnableFinalBell(true);
     settings.setEfcFinalBell("../eft/final_bell.wav");
     run(
-        [](WindowHandle sheet) {
+        [](Form sheet) {
             driver::turnTo(sheet, 1);
-            EXPECT_TRUE(platform::isEnabled(at(sheet, idBell)));
-            driver::click(at(sheet, idBellOn));
-            EXPECT_FALSE(platform::isEnabled(at(sheet, idBell)));
-            EXPECT_FALSE(platform::isEnabled(at(sheet, idBell + browseOffset)));
-            driver::click({sheet, platform::IDOK});
+            EXPECT_TRUE(page(sheet).live(idBell));
+            page(sheet).click(idBellOn);
+            EXPECT_FALSE(page(sheet).live(idBell));
+            EXPECT_FALSE(page(sheet).live(idBell + browseOffset));
+            sheet.click(platform::IDOK);
         },
         {2000004});
     EXPECT_FALSE(settings.getEnableFinalBell());
@@ -155,23 +145,23 @@ TEST_F(SettingsSheet, EffectIsEditedOnlyWhileItsBoxIsChecked) {
 }
 
 TEST_F(SettingsSheet, RefusesNumbersThatCannotBeUsed) {
-    script.expectDialog(sheetName, [](WindowHandle sheet) {
+    script.expectDialog(sheetName, [](Form sheet) {
         for (const char* port : {"0", "65536", "-1", "", "二万", "80a"}) {
-            driver::type(at(sheet, idPort), port);
-            driver::click({sheet, platform::IDOK});
+            page(sheet).type(idPort, port);
+            sheet.click(platform::IDOK);
         }
-        driver::type(at(sheet, idPort), "65535");
+        page(sheet).type(idPort, "65535");
         driver::turnTo(sheet, 4);
-        driver::type(at(sheet, idLogSize), "1048576");
-        EXPECT_EQ(platform::getText(at(sheet, idLogSizeText)), "(1,048,576Byte)");
-        driver::type(at(sheet, idLogSize), "大");
+        page(sheet).type(idLogSize, "1048576");
+        EXPECT_EQ(page(sheet).text(idLogSizeText), "(1,048,576Byte)");
+        page(sheet).type(idLogSize, "大");
         driver::turnTo(sheet, 0); // stays
-        driver::type(at(sheet, idLogSize), "0");
-        driver::click({sheet, platform::IDOK});
+        page(sheet).type(idLogSize, "0");
+        sheet.click(platform::IDOK);
     });
     for (int refusal = 0; refusal < 7; ++refusal)
-        expectMessage(3000030);
-    expectMessage(2000004);
+        test_support::expectMessage(script, 3000030);
+    test_support::expectMessage(script, 2000004);
     dlgSettings({}, settings, file, noProgram);
     EXPECT_THAT(script.faults(), IsEmpty());
     EXPECT_EQ(settings.getServerPort(), 65535);
@@ -181,17 +171,17 @@ TEST_F(SettingsSheet, RefusesNumbersThatCannotBeUsed) {
 TEST_F(SettingsSheet, LooksForFilesAndForTheDesktopsProgram) {
     const std::string sound = folder.file("歓声.wav");
     ASSERT_TRUE(platform::replaceFile(sound, "RIFF"));
-    script.expectDialog(sheetName, [&](WindowHandle sheet) {
-        driver::click(at(sheet, 5101 + browseOffset)); // a folder
-        EXPECT_EQ(platform::getText(at(sheet, 5101)), folder.path().string());
-        driver::click(at(sheet, idWordFromDesktop));
-        EXPECT_EQ(platform::getText(at(sheet, idWordProgram)), "/usr/bin/writer.doc");
+    script.expectDialog(sheetName, [&](Form sheet) {
+        page(sheet).click(5101 + browseOffset); // a folder
+        EXPECT_EQ(page(sheet).text(5101), folder.path().string());
+        page(sheet).click(idWordFromDesktop);
+        EXPECT_EQ(page(sheet).text(idWordProgram), "/usr/bin/writer.doc");
         driver::turnTo(sheet, 2);
-        driver::click(at(sheet, idApplause + browseOffset));
-        EXPECT_EQ(platform::getText(at(sheet, idApplause)), sound);
-        driver::click(at(sheet, idApplause + browseOffset)); // cancelled
-        EXPECT_EQ(platform::getText(at(sheet, idApplause)), sound);
-        driver::click({sheet, platform::IDCANCEL});
+        page(sheet).click(idApplause + browseOffset);
+        EXPECT_EQ(page(sheet).text(idApplause), sound);
+        page(sheet).click(idApplause + browseOffset); // cancelled
+        EXPECT_EQ(page(sheet).text(idApplause), sound);
+        sheet.click(platform::IDCANCEL);
     });
     script.expectFileDialog(folder.path().string()).expectFileDialog(sound).expectFileDialog("");
     dlgSettings({}, settings, file,
@@ -199,9 +189,9 @@ TEST_F(SettingsSheet, LooksForFilesAndForTheDesktopsProgram) {
     EXPECT_THAT(script.faults(), IsEmpty());
 
     run(
-        [](WindowHandle sheet) {
-            driver::click(at(sheet, idWordFromDesktop));
-            driver::click({sheet, platform::IDCANCEL});
+        [](Form sheet) {
+            page(sheet).click(idWordFromDesktop);
+            sheet.click(platform::IDCANCEL);
         },
         {3000031});
 }
@@ -215,18 +205,18 @@ TEST_F(SettingsSheet, TellsWhenTheFileCannotBeWritten) {
     for (const std::string& path : {writeProtected, unreachable}) {
         file = path;
         run(
-            [](WindowHandle sheet) {
-                driver::type(at(sheet, idUser), "今だけ");
-                driver::click({sheet, platform::IDOK});
+            [](Form sheet) {
+                page(sheet).type(idUser, "今だけ");
+                sheet.click(platform::IDOK);
             },
             {4000020});
         EXPECT_EQ(settings.getUser(), "今だけ");
         run(
-            [](WindowHandle sheet) {
-                driver::type(at(sheet, idUser), "適用した");
-                driver::click({sheet, platform::ID_APPLY_NOW});
-                driver::type(at(sheet, idUser), "その後");
-                driver::click({sheet, platform::IDCANCEL});
+            [](Form sheet) {
+                page(sheet).type(idUser, "適用した");
+                sheet.click(platform::ID_APPLY_NOW);
+                page(sheet).type(idUser, "その後");
+                sheet.click(platform::IDCANCEL);
             },
             {4000020});
         EXPECT_EQ(settings.getUser(), "適用した");
@@ -237,11 +227,11 @@ TEST_F(SettingsSheet, TellsWhenTheFileCannotBeWritten) {
 TEST_F(SettingsSheet, KeepsALogLevelThatItDoesNotKnow) {
     const auto openLogPage = [&](int shown, int chosen) {
         run(
-            [&](WindowHandle sheet) {
+            [&](Form sheet) {
                 driver::turnTo(sheet, 4);
-                EXPECT_EQ(platform::getSelection(at(sheet, idLogLevel)), shown);
-                if (chosen >= 0) driver::select(at(sheet, idLogLevel), chosen);
-                driver::click({sheet, platform::IDOK});
+                EXPECT_EQ(platform::getSelection(page(sheet)[idLogLevel]), shown);
+                if (chosen >= 0) page(sheet).select(idLogLevel, chosen);
+                sheet.click(platform::IDOK);
             },
             {2000004});
         return settings.getLogLevel();
@@ -265,17 +255,17 @@ TEST_F(SettingsSheet, ShowsInRedWhatIsNotThere) {
         EXPECT_EQ(platform::getTextColor(edit).has_value(), !platform::getToolTip(edit).empty());
         return platform::getTextColor(edit).has_value();
     };
-    run([&](WindowHandle sheet) {
-        EXPECT_TRUE(isRed(at(sheet, 5101)));
-        driver::type(at(sheet, 5101), folder.path().string());
-        EXPECT_FALSE(isRed(at(sheet, 5101)));
-        EXPECT_FALSE(isRed(at(sheet, idWordProgram))) << "may be a name that the system finds";
+    run([&](Form sheet) {
+        EXPECT_TRUE(isRed(page(sheet)[5101]));
+        page(sheet).type(5101, folder.path().string());
+        EXPECT_FALSE(isRed(page(sheet)[5101]));
+        EXPECT_FALSE(isRed(page(sheet)[idWordProgram])) << "may be a name that the system finds";
         driver::turnTo(sheet, 2);
-        EXPECT_TRUE(isRed(at(sheet, idApplause)));
-        EXPECT_FALSE(isRed(at(sheet, 5304))) << "nothing is named";
-        driver::type(at(sheet, idApplause), sound);
-        EXPECT_FALSE(isRed(at(sheet, idApplause)));
-        driver::click({sheet, platform::IDCANCEL});
+        EXPECT_TRUE(isRed(page(sheet)[idApplause]));
+        EXPECT_FALSE(isRed(page(sheet)[5304])) << "nothing is named";
+        page(sheet).type(idApplause, sound);
+        EXPECT_FALSE(isRed(page(sheet)[idApplause]));
+        sheet.click(platform::IDCANCEL);
     });
     EXPECT_EQ(settings.getEfcApplause(), "C:\\音楽\\表.wav");
 }
