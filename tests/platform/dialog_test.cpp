@@ -46,12 +46,19 @@ private:
     std::vector<std::function<void()>> actions_;
 };
 
+// Answered by the script, which has run as written at the end.
+class ScriptedDialog : public testing::Test {
+protected:
+    ~ScriptedDialog() override { EXPECT_THAT(script.faults(), IsEmpty()); }
+
+    TestWindow main;
+    driver::Script script;
+};
+
 } // namespace
 
-TEST(Dialog, TellsItsProcedureFromInitToDestroy) {
-    TestWindow main;
+TEST_F(ScriptedDialog, TellsItsProcedureFromInitToDestroy) {
     std::vector<unsigned> ids;
-    driver::Script script;
     script.expectDialog(form, [](WindowHandle dialog) {
         EXPECT_EQ(getText(dialog), "検査");
         EXPECT_TRUE(driver::click({dialog, 113}));
@@ -63,10 +70,9 @@ TEST(Dialog, TellsItsProcedureFromInitToDestroy) {
     });
     EXPECT_EQ(result, 10);
     EXPECT_THAT(ids, ElementsAre(WM_INITDIALOG, WM_COMMAND, WM_COMMAND, WM_DESTROY));
-    EXPECT_THAT(script.faults(), IsEmpty());
 }
 
-TEST(Dialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
+TEST_F(ScriptedDialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
     const struct {
         const char* what;
         std::function<void(WindowHandle)> act;
@@ -93,19 +99,14 @@ TEST(Dialog, EscAndCloseBoxAreCancelAndEnterIsTheDefaultButton) {
          },
          20},
     };
-    TestWindow main;
     for (const auto& example : cases) {
-        driver::Script script;
         script.expectDialog(form, example.act);
         EXPECT_EQ(runDialog(main, form, endOnButtons), example.result) << example.what;
-        EXPECT_THAT(script.faults(), IsEmpty()) << example.what;
     }
 }
 
 // What opened it, or what stood before it, was left by the key that is still down.
-TEST(Dialog, AHeldKeyLeavesItOpen) {
-    TestWindow main;
-    driver::Script script;
+TEST_F(ScriptedDialog, AHeldKeyLeavesItOpen) {
     script.expectDialog(form, [](WindowHandle dialog) {
         for (const int id : {103, 110, +IDOK, +IDCANCEL}) {
             setFocus({dialog, id});
@@ -117,20 +118,14 @@ TEST(Dialog, AHeldKeyLeavesItOpen) {
         EXPECT_TRUE(driver::pressKey(dialog, "Return"));
     });
     EXPECT_EQ(runDialog(main, form, endOnButtons), 20);
-    EXPECT_THAT(script.faults(), IsEmpty());
 }
 
-TEST(Dialog, UnhandledCancelEndsIt) {
-    TestWindow main;
-    driver::Script script;
+TEST_F(ScriptedDialog, UnhandledCancelEndsIt) {
     script.expectDialog(form, [](WindowHandle dialog) { driver::pressKey(dialog, "Escape"); });
     EXPECT_EQ(runDialog(main, form, ignore), IDCANCEL);
-    EXPECT_THAT(script.faults(), IsEmpty());
 }
 
-TEST(Dialog, ADisabledCancelButtonKeepsItOpen) {
-    TestWindow main;
-    driver::Script script;
+TEST_F(ScriptedDialog, ADisabledCancelButtonKeepsItOpen) {
     script.expectDialog(form, [](WindowHandle dialog) {
         enable({dialog, IDCANCEL}, false);
         driver::pressKey(dialog, "Escape");
@@ -138,25 +133,19 @@ TEST(Dialog, ADisabledCancelButtonKeepsItOpen) {
         driver::click({dialog, IDOK});
     });
     EXPECT_EQ(runDialog(main, form, endOnButtons), 10);
-    EXPECT_THAT(script.faults(), IsEmpty());
 }
 
-TEST(Dialog, EndedInItsInitIsNeverShown) {
-    TestWindow main;
-    driver::Script script;
+TEST_F(ScriptedDialog, EndedInItsInitIsNeverShown) {
     const int result = runDialog(main, form, [](WindowHandle dialog, const Message& message) {
         if (message.id == WM_INITDIALOG) endDialog(dialog, 77);
         return true;
     });
     EXPECT_EQ(result, 77);
-    EXPECT_THAT(script.faults(), IsEmpty());
 }
 
-TEST(Dialog, OnceEndedItHearsOfNothingButItsEnd) {
+TEST_F(ScriptedDialog, OnceEndedItHearsOfNothingButItsEnd) {
     ManualClock clock;
-    TestWindow main;
     std::vector<unsigned> after;
-    driver::Script script;
     script.expectDialog(form, [&](WindowHandle dialog) {
         EXPECT_TRUE(driver::click({dialog, IDOK}));
         EXPECT_FALSE(driver::click({dialog, IDOK})) << "the second click of a double click";
@@ -172,7 +161,6 @@ TEST(Dialog, OnceEndedItHearsOfNothingButItsEnd) {
     });
     EXPECT_EQ(result, 10);
     EXPECT_THAT(after, ElementsAre(WM_COMMAND, WM_DESTROY));
-    EXPECT_THAT(script.faults(), IsEmpty());
 }
 
 TEST(Dialog, AMissingTemplateAnswersMinusOne) {
@@ -208,16 +196,14 @@ TEST(Dialog, TheOwnerIsDisabledUntilItsLastDialogCloses) {
     EXPECT_THAT(enabled, ElementsAre(false, false, true));
 }
 
-TEST(Dialog, TimersAndMessagesOfAllWindowsGoOnAndItsOwnTimersDieWithIt) {
+TEST_F(ScriptedDialog, TimersAndMessagesOfAllWindowsGoOnAndItsOwnTimersDieWithIt) {
     ManualClock clock;
-    TestWindow main;
     int mainTicks = 0, dialogTicks = 0;
     main.onMessage = [&](const Message& message) {
         mainTicks += message.id == WM_TIMER;
         return false;
     };
     setTimer(main, 7, 50);
-    driver::Script script;
     script.expectDialog(form, [&](WindowHandle dialog) {
         setTimer(dialog, 8, 50);
         clock.advance(120);
