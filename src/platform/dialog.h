@@ -36,16 +36,18 @@ Answer messageBox(WindowHandle owner, std::string_view text, std::string_view ti
 void messageBeep(SystemIcon icon);
 
 struct FileDialog {
-    std::string title;            // empty: the system's own
-    std::string startPath;        // a folder with a final separator, a folder + "*", or a proposed file
-    std::string filterName;       // shown, for instance "XML"; the pattern is added unless it ends with ")"
-    std::string pattern;          // "*.xml", several separated by ";"
+    std::string title;      // empty: the system's own
+    std::string startPath;  // a folder with a final separator, a folder + "*", or a proposed file
+    std::string fileName;   // proposed in its place, as it stands, whether or not a file can be called so
+    std::string filterName; // shown, for instance "XML"; the pattern is added unless it ends with ")"
+    std::string pattern;    // "*.xml", several separated by ";"
     std::string defaultExtension; // for saving, without the dot
     bool multiple = false;
 };
 // Full Shift-JIS paths; none when cancelled. A file whose name the code page lacks can only be one of
-// several: its path, with "?" for what is lacking, leads to no file. The save dialog asks before it replaces
-// a file and adds the default extension to a name that has not got it, in either case.
+// several: its path, with "?" for what is lacking, leads to no file. The save dialog adds the default
+// extension to a name that has not got it, in either case, asks before it replaces a file, and refuses a name
+// whose folder is not there: so it does one with a separator in it.
 std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& options);
 std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& options);
 std::optional<std::string> folderDialog(WindowHandle owner, const std::string& startFolder);

@@ -77,7 +77,9 @@ public:
 
     Script& expectDialog(std::string name, std::function<void(WindowHandle)> act);
     Script& expectMessageBox(Answer answer, std::function<void(const std::string& text)> look = {});
-    Script& expectFileDialog(const std::string& path); // empty: cancel
+    // An empty path cancels; `look` is given the name that the dialog proposes.
+    Script& expectFileDialog(const std::string& path,
+                             std::function<void(const std::string& proposed)> look = {});
     Script& expectFileDialog(std::vector<std::string> paths);
     Script& expectMenu(std::string name, int command); // 0: closed without a choice
     // The desktop is asked to open the target, and answers. What is not expected it cannot open.

@@ -204,7 +204,7 @@ TEST_F(Session, AHistoryThatCannotBeWrittenIsOfferedAgain) {
     desk.playQuest();
     const std::string elsewhere = desk.folder.file("hst/second.xml");
     desk.script.expectMessageBox(platform::Answer::Yes);
-    desk.script.expectFileDialog(desk.folder.file("no-such-folder/first.xml"));
+    desk.script.expectFileDialog("/proc/first.xml"); // where nobody can write
     desk.expectMessage(4000011);
     desk.script.expectFileDialog(elsewhere);
     EXPECT_TRUE(desk.choose(ids::endSession));
@@ -212,6 +212,17 @@ TEST_F(Session, AHistoryThatCannotBeWrittenIsOfferedAgain) {
     EXPECT_EQ(desk.stateName(), "START");
     EXPECT_TRUE(host().sessionList.empty());
     EXPECT_EQ(desk.text(ids::questCounter), "第00問／全00問");
+}
+
+TEST_F(Session, TheHistoryIsProposedUnderTheSessionsName) {
+    startShow();
+    host().sessionName = "5/3大会";
+    desk.playQuest();
+    desk.script.expectMessageBox(platform::Answer::Yes);
+    desk.script.expectFileDialog("", [](const std::string& proposed) {
+        EXPECT_TRUE(proposed.starts_with("History_5/3大会_20")) << proposed;
+    });
+    EXPECT_TRUE(desk.choose(ids::endSession));
 }
 
 TEST_F(Session, EndingDuringTheLeadInLeavesNoTimer) {

@@ -188,6 +188,19 @@ TEST_F(FileDialogs, SaveAddsTheExtensionAndAsksBeforeItReplaces) {
     EXPECT_THAT(script.faults(), IsEmpty());
 }
 
+TEST_F(FileDialogs, SaveTellsOfANameThatNoFileCanHave) {
+    driver::Script script;
+    FileDialog proposing = options(folderPath());
+    proposing.fileName = "5/3大会.xml";
+    script
+        .expectFileDialog(folderPath() + "5/3大会.xml",
+                          [](const std::string& proposed) { EXPECT_EQ(proposed, "5/3大会.xml"); })
+        .expectMessageBox(Answer::Ok,
+                          [](const std::string& text) { EXPECT_THAT(text, HasSubstr("5/3大会.xml")); });
+    EXPECT_EQ(saveFileDialog(main, proposing), std::nullopt);
+    EXPECT_THAT(script.faults(), IsEmpty());
+}
+
 TEST_F(FileDialogs, WaitInTheLoopAndCanBeCancelled) {
     soon(main, [&] {
         ASSERT_EQ(driver::openDialogs().size(), 1u);

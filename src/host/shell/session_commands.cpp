@@ -101,15 +101,13 @@ void enableSessionCommands(bool running) {
     platform::enableMenuItem(host().mainWindow, ids::endSession, running);
 }
 
-std::string historyStartPath() {
-    const HostState& state = host();
-    const platform::SystemTime& at = state.sessionStartTime;
+// With the session's name as it stands: what a file cannot be called, the host puts right in the dialog.
+std::string historyName() {
+    const platform::SystemTime& at = host().sessionStartTime;
     char stamp[64];
     std::snprintf(stamp, sizeof stamp, "%04d%02d%02d_%02d%02d%02d", at.year, at.month, at.day, at.hour,
                   at.minute, at.second);
-    const std::string path = zelkova::normalizePath(state.modulePath + "../hst/History_" + state.sessionName +
-                                                    "_" + stamp + ".xml");
-    return zelkova::replaceAll(path, "/", "\\");
+    return "History_" + host().sessionName + "_" + stamp + ".xml";
 }
 
 // Asks until the history is written or the host gives it up.
@@ -119,7 +117,8 @@ void offerHistory() {
                               platform::SystemIcon::Information) != platform::Answer::Yes)
         return;
     platform::FileDialog options;
-    options.startPath = historyStartPath();
+    options.startPath = zelkova::replaceAll(zelkova::normalizePath(state.modulePath + "../hst/"), "/", "\\");
+    options.fileName = historyName();
     options.filterName = "XML";
     options.pattern = "*.xml";
     options.defaultExtension = "xml";
@@ -130,6 +129,7 @@ void offerHistory() {
         writeLog(4000011, pairs);
         zelkova::showMessage_pairs(state.mainWindow, 4000011, zelkova::MessageButtons::Ok, 0, pairs);
         options.startPath = *file;
+        options.fileName.clear();
     }
 }
 

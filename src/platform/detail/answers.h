@@ -15,8 +15,8 @@ public:
     virtual ~Answers() = default;
     virtual void dialog(const std::string& name, WindowHandle dialog) = 0; // has to end it
     virtual Answer messageBox(const std::string& text, Buttons buttons) = 0;
-    // The paths that are typed, none to cancel.
-    virtual std::vector<std::string> fileDialog(const std::string& kind) = 0;
+    // The paths that are typed in place of the proposed name, none to cancel.
+    virtual std::vector<std::string> fileDialog(const std::string& kind, const std::string& proposed) = 0;
     virtual int menu(const std::string& name) = 0; // the command, 0 for none
     virtual void beep(SystemIcon icon) = 0;
     virtual bool open(const std::string& target) = 0;

@@ -69,8 +69,9 @@ public:
         return offered.back();
     }
 
-    std::vector<std::string> fileDialog(const std::string& kind) override {
+    std::vector<std::string> fileDialog(const std::string& kind, const std::string& proposed) override {
         const auto next = take(Expectation::Kind::FileDialog, {}, kind + " dialog");
+        if (next && next->look) next->look(proposed);
         return next ? next->paths : std::vector<std::string>();
     }
 
@@ -135,8 +136,11 @@ Script& Script::expectMessageBox(Answer answer, std::function<void(const std::st
     return *this;
 }
 
-Script& Script::expectFileDialog(const std::string& path) {
-    return expectFileDialog(path.empty() ? std::vector<std::string>() : std::vector{path});
+Script& Script::expectFileDialog(const std::string& path,
+                                 std::function<void(const std::string& proposed)> look) {
+    expectFileDialog(path.empty() ? std::vector<std::string>() : std::vector{path});
+    state_->answers.expected.back().look = std::move(look);
+    return *this;
 }
 
 Script& Script::expectFileDialog(std::vector<std::string> paths) {

@@ -53,6 +53,10 @@ std::optional<std::string> programName(const QString& file, bool orOfNoFile) {
     return pathExists(closest) ? std::nullopt : std::optional(std::move(closest));
 }
 
+QLineEdit* nameEdit(const QFileDialog& picker) {
+    return picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
 // The toolkit's file dialog asks and warns in loops of its own, in which nothing else of the program would
 // run. So all questions are asked here, and what would open such a loop is left out.
 class Picker : public QFileDialog {
@@ -95,11 +99,18 @@ private:
         for (const QString& file : files) {
             const QString name = QFileInfo(file).fileName();
             // Its name would come back as that of another file.
-            if (!programName(file, fileMode() == ExistingFiles))
+            const auto path = programName(file, fileMode() == ExistingFiles);
+            if (!path)
                 return warn(QStringLiteral(u"%1 は選べません。\n名前かフォルダ名に、使えない文字があります。")
                                 .arg(name));
             if (acceptMode() == AcceptOpen && !QFileInfo::exists(file))
                 return warn(QStringLiteral(u"%1 が見つかりません。").arg(name));
+            if (std::error_code unknown;
+                acceptMode() == AcceptSave &&
+                !std::filesystem::is_directory(nativePath(*path).parent_path(), unknown))
+                return warn(QStringLiteral(u"%1 という名前では保存できません。\n"
+                                           u"フォルダがないか、名前に使えない文字（/ など）があります。")
+                                .arg(directory().relativeFilePath(file)));
         }
         if (acceptMode() == AcceptOpen || !first.exists()) return true;
         const QString question =
@@ -136,7 +147,7 @@ bool choose(Picker& picker, const std::vector<std::string>& paths) {
     // What was proposed gives way only to a line that has the focus.
     for (QAbstractItemView* view : picker.findChildren<QAbstractItemView*>())
         view->clearSelection();
-    picker.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(text);
+    nameEdit(picker)->setText(text);
     picker.accept();
     return picker.result() == QDialog::Accepted;
 }
@@ -146,7 +157,7 @@ std::vector<std::string> run(Picker* picker, WindowHandle owner, const std::stri
     modal.show();
     const QPointer<Picker> open = picker;
     if (answers()) {
-        const auto paths = answers()->fileDialog(kind);
+        const auto paths = answers()->fileDialog(kind, fromQt(nameEdit(*picker)->text()));
         if (paths.empty() || !choose(*picker, paths) || !open) return {};
     } else {
         modal.waitUntil([&] { return !open || !open->isVisible(); });
@@ -155,19 +166,20 @@ std::vector<std::string> run(Picker* picker, WindowHandle owner, const std::stri
     return toProgram(*open);
 }
 
-Picker* makePicker(WindowHandle owner, const std::string& startPath, const std::string& title = {}) {
+Picker* makePicker(WindowHandle owner, const FileDialog& options) {
     auto* picker = new Picker(ownerWidget(owner), owner);
-    if (!title.empty()) picker->setWindowTitle(toQt(title));
-    const Start start = splitStart(startPath);
+    if (!options.title.empty()) picker->setWindowTitle(toQt(options.title));
+    const Start start = splitStart(options.startPath);
     if (!start.folder.isEmpty()) picker->setDirectory(start.folder);
     if (!start.file.isEmpty()) picker->selectFile(start.file);
+    if (!options.fileName.empty()) nameEdit(*picker)->setText(toQt(options.fileName));
     return picker;
 }
 
 } // namespace
 
 std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& options) {
-    Picker* picker = makePicker(owner, options.startPath, options.title);
+    Picker* picker = makePicker(owner, options);
     picker->setAcceptMode(QFileDialog::AcceptOpen);
     picker->setFileMode(options.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     picker->setNameFilter(nameFilter(options));
@@ -176,7 +188,7 @@ std::vector<std::string> openFileDialog(WindowHandle owner, const FileDialog& op
 }
 
 std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& options) {
-    Picker* picker = makePicker(owner, options.startPath, options.title);
+    Picker* picker = makePicker(owner, options);
     picker->setAcceptMode(QFileDialog::AcceptSave);
     picker->setFileMode(QFileDialog::AnyFile);
     picker->setNameFilter(nameFilter(options));
@@ -186,7 +198,9 @@ std::optional<std::string> saveFileDialog(WindowHandle owner, const FileDialog& 
 }
 
 std::optional<std::string> folderDialog(WindowHandle owner, const std::string& startFolder) {
-    Picker* picker = makePicker(owner, startFolder);
+    FileDialog options;
+    options.startPath = startFolder;
+    Picker* picker = makePicker(owner, options);
     picker->setFileMode(QFileDialog::Directory);
     picker->setOption(QFileDialog::ShowDirsOnly);
     const auto paths = run(picker, owner, "folder");
