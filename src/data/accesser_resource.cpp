@@ -58,6 +58,8 @@ int AccesserResource::open(const std::string& path) {
         return 0;
     }
     entries_ = childrenById(root, "data");
+    // To the rest of the program 0 is no song. What people numbered so stays in the document.
+    entries_.erase(entries_.begin(), entries_.lower_bound(1));
     // Files that people wrote may name a highest number that is none, or leave it out.
     maxId_ = std::max({0, getMaxId(), entries_.empty() ? 0 : entries_.rbegin()->first});
     opened_ = true;
@@ -215,7 +217,7 @@ AccesserResource::search(std::int32_t noFrom, std::int32_t noTo, const std::stri
     std::vector<DataResource> found;
     DataResource song;
     // A damaged file may name any highest number, so the entries are walked, not the numbers.
-    for (auto entry = entries_.lower_bound(1); entry != entries_.end(); ++entry)
-        if (get(entry->first, song) && keeps(song)) found.push_back(song);
+    for (const auto& [number, entry] : entries_)
+        if (get(number, song) && keeps(song)) found.push_back(song);
     return found;
 }

@@ -33,7 +33,8 @@ public:
     }
     int createFile(const std::string& path) const;
 
-    // 1, or 0 with a cleared record when there is no such entry. Does not walk the file.
+    // 1, or 0 with a cleared record when there is no such entry; numbers count from 1. Does not walk the
+    // file.
     int get(std::int32_t number, DataResource& resource) const;
     // The new entry's number; 0 when nothing is open or no number is left. Numbers are never given twice.
     std::int32_t add(const DataResource& resource);
@@ -74,6 +75,6 @@ private:
     std::string stylesheet_;
     std::function<bool(const std::string& path)> mayOverwrite_;
     std::int32_t maxId_ = 0; // the highest number given, or found in an entry; never below 0
-    std::map<std::int32_t, xercesc::DOMElement*> entries_; // the first of each number
+    std::map<std::int32_t, xercesc::DOMElement*> entries_; // the first of each, from 1
     std::vector<Change> changes_;                          // since the file was as the memory
 };

@@ -163,6 +163,24 @@ TEST_F(CatalogueFile, ReadsOddEntriesAsTheyAre) {
     EXPECT_EQ(catalogue.add(song("no number left")), 0);
 }
 
+TEST_F(CatalogueFile, KeepsWhatHasNoNumberAndTakesItForNoSong) {
+    write("<root><maxId>1</maxId><data id=\"0\"><title>zero</title></data>"
+          "<data id=\"x\"><title>none</title></data><data id=\"1\"/><data id=\"-4\"/></root>");
+    AccesserResource catalogue;
+    ASSERT_EQ(catalogue.open(path), 1);
+    DataResource out;
+    for (const int number : {0, -1, -4}) {
+        EXPECT_EQ(catalogue.get(number, out), 0) << number;
+        EXPECT_EQ(catalogue.remove(number), 0) << number;
+    }
+    EXPECT_EQ(catalogue.remove(1), 1);
+    EXPECT_EQ(catalogue.add(song("new")), 2);
+    ASSERT_EQ(catalogue.commit(), 1);
+    const std::string after = platform::readFile(path).value();
+    for (const char* kept : {"id=\"0\"", "zero", "id=\"x\"", "none", "id=\"-4\""})
+        EXPECT_THAT(after, testing::HasSubstr(kept));
+}
+
 TEST_F(CatalogueFile, AHighestNumberThatIsWrongLosesNoEntryAndGivesNoNumberTwice) {
     const std::string entries = "<data id=\"2\"/><data id=\"1\"/><data id=\"4\"/><data id=\"-9\"/></root>";
     for (const char* maxId : {"", "<maxId/>", "<maxId>-5</maxId>", "<maxId>1</maxId>", "<maxId>x</maxId>"}) {
