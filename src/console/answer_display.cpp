@@ -44,10 +44,7 @@ private:
             onTick();
             return true;
         case platform::WM_DESTROY:
-            stopSongs();
-            platform::killTimer(window(), idTimer);
-            // The level of this dialog is not that of the show.
-            zelkova::setMasterVolume(host().masterVolume);
+            silence();
             return true;
         default:
             return false;
@@ -138,6 +135,7 @@ private:
 
     void playCurrentSong() {
         const DataResource song = currentRecord();
+        zelkova::setMasterVolume(host().answerVolume); // all that some kinds of files take
         playFrom(currentMedia(), toMilliseconds(song.getAnsStart(), song.getFileType()), host().answerVolume);
     }
 
@@ -159,10 +157,16 @@ private:
     }
 
     void stopAnswers() {
-        stopSongs();
+        silence();
         platform::enable(control(idPlay), true);
         platform::enable(control(idStop), false);
+    }
+
+    void silence() {
+        stopSongs();
         platform::killTimer(window(), idTimer);
+        // The level of this dialog is not that of the show.
+        zelkova::setMasterVolume(host().masterVolume);
     }
 
     void setVolume(int level) {

@@ -157,8 +157,13 @@ TEST_F(AnswerDisplay, ItsVolumeIsItsOwn) {
     });
     EXPECT_EQ(level(), show) << "the show goes on as loud as before";
     EXPECT_EQ(host().masterVolume, 50);
-    run(0, [](Form dialog) {
+    run(0, [&](Form dialog) {
         EXPECT_EQ(dialog.place(idVolume), 20);
+        EXPECT_EQ(level(), show) << "what still sounds of the verdict";
+        dialog.click(idPlay);
+        EXPECT_LT(level(), show);
+        dialog.click(idStop);
+        EXPECT_EQ(level(), show);
         dialog.click(idOk);
     });
 }
