@@ -30,7 +30,7 @@ bool dragColumn(Control list, int column, int width);       // by its right edge
 bool turnTo(WindowHandle sheet, int page);                  // clicks the tab of a property sheet
 bool dragRow(Control from, int row, Control to, int toRow); // see listSetDrag; toRow -1: below the last row
 // On what has the focus in the window; without a window, in the open pop-up menu or the innermost box.
-// "Return", "Escape", "Tab", "Delete", "F4", "Ctrl+A".
+// "Return", "Escape", "Tab", "Delete", "Menu", "F4", "Ctrl+A".
 bool pressKey(WindowHandle window, const std::string& key);
 bool repeatKey(WindowHandle window, const std::string& key); // what a held key sends after its first press
 bool chooseMenu(WindowHandle window, int command);           // in the open pop-up menu, else in the menu bar
@@ -45,6 +45,9 @@ bool screenshot(WindowHandle window, const std::string& path, double scale = 1.0
 std::vector<std::string> clippedControls(WindowHandle window);
 // The cell's text does not fit its column.
 bool isCellCut(Control list, int row, int column);
+
+// Where the open pop-up menu stands, from the control's upper left corner; none while there is none.
+std::optional<Rect> menuRect(Control control);
 
 struct OpenDialog {
     std::string

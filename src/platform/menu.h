@@ -20,7 +20,8 @@ void checkMenuRadioItem(WindowHandle window, int first, int last, int command);
 bool isMenuItemChecked(WindowHandle window, int command);
 std::string menuItemText(WindowHandle window, int command); // "" when there is no such command
 std::vector<int> menuCommands(WindowHandle window);         // in the order of the menu
-// Opens the menu at the mouse cursor and sends the chosen command, if any, to the window before it returns.
+// Opens the menu at the mouse cursor, in answer to NM_RCLICK where the list was asked for it, and sends the
+// chosen command, if any, to the window before it returns.
 void popupMenu(WindowHandle window, const std::string& name);
 
 } // namespace platform

@@ -38,7 +38,7 @@ enum : unsigned {
 
 enum NotifyCode : int {
     NM_DBLCLK = -3,            // a row was double-clicked; it is the selected row
-    NM_RCLICK = -5,            // right click; the row below the cursor, if any, is selected first
+    NM_RCLICK = -5,            // right click, which selects the row below the cursor first, or the menu key
     LVN_ITEMCHANGED = -101,    // the selection changed
     LVN_COLUMNCLICK = -108,    // see clickedColumn() in listview.h
     LVN_KEYDOWN = -155,        // the Delete key was pressed in the list

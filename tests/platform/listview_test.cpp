@@ -10,6 +10,7 @@
 
 #include "platform/controls.h"
 #include "platform/driver.h"
+#include "platform/menu.h"
 #include "support/temporary_folder.h"
 #include "test_window.h"
 
@@ -222,6 +223,35 @@ TEST_F(ListView, SelectsOneRowOrSeveralAsAskedAndTellsOnlyTheUsersChoice) {
     listSetMultiSelect(list, true);
     EXPECT_TRUE(driver::pressKey(main, "Ctrl+A"));
     EXPECT_THAT(listSelectedRows(list), ElementsAre(0, 1, 2, 3));
+}
+
+TEST_F(ListView, ItsMenuOpensWhereItIsAskedFor) {
+    std::optional<Rect> menu;
+    main.onMessage = [&](const Message& message) {
+        if (message.id == WM_NOTIFY && message.lParam == NM_RCLICK) {
+            postMessage(main, WM_USER);
+            popupMenu(main, "IDM_TEST_BAR");
+        }
+        if (message.id == WM_USER) {
+            menu = driver::menuRect(list);
+            EXPECT_TRUE(driver::pressKey({}, "Escape"));
+        }
+        return false;
+    };
+    const auto topFor = [&](int row, const std::function<void()>& ask) {
+        menu.reset();
+        driver::select(list, row);
+        ask();
+        EXPECT_EQ(listSelectedRow(list), row);
+        EXPECT_TRUE(menu && menu->left >= 0 && menu->left < 200);
+        return menu ? menu->top : 0;
+    };
+    const int first = topFor(0, [&] { driver::pressKey(main, "Menu"); });
+    const int mouse = topFor(1, [&] { driver::rightClickRow(list, 1); });
+    const int third = topFor(2, [&] { driver::pressKey(main, "Menu"); });
+    EXPECT_LT(0, first);
+    EXPECT_LT(first, mouse);
+    EXPECT_LT(mouse, third);
 }
 
 TEST_F(ListView, TellsClicksAndKeys) {

@@ -3,6 +3,7 @@
 // command carries its number in the dynamic property controlId.
 
 #include <QMenuBar>
+#include <QPoint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,5 +19,14 @@ QMenuBar* loadMenuBar(WindowHandle window, const std::string& name);
 std::vector<QAction*> commandsOf(const QWidget* menu);
 int commandOf(const QAction* action); // 0 for titles and separators
 void setMark(QAction* action, std::optional<MenuMark> mark);
+
+// While it lives, the first pop-up menu opens at that place of the screen instead of at the mouse.
+class MenuPlace {
+public:
+    explicit MenuPlace(const QPoint& place);
+    ~MenuPlace();
+    MenuPlace(const MenuPlace&) = delete;
+    MenuPlace& operator=(const MenuPlace&) = delete;
+};
 
 } // namespace platform::detail

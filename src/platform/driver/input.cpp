@@ -4,6 +4,7 @@
 #include <QAbstractSlider>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -187,7 +188,11 @@ bool pressKey(WindowHandle window, const std::string& key) {
     const QKeySequence sequence = QKeySequence::fromString(QString::fromStdString(key));
     QWidget* target = keyTarget(window);
     if (!target || sequence.isEmpty()) return false;
-    if (!pressShortcut(target, sequence[0]))
+    if (sequence[0].key() == Qt::Key_Menu) {
+        const QPoint middle = target->rect().center();
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, middle, target->mapToGlobal(middle));
+        QApplication::sendEvent(target, &asked);
+    } else if (!pressShortcut(target, sequence[0]))
         pressAndRelease(target, sequence[0].key(), {}, sequence[0].keyboardModifiers());
     return true;
 }
@@ -214,6 +219,14 @@ bool chooseMenu(WindowHandle window, int command) {
         return true;
     }
     return false;
+}
+
+std::optional<Rect> menuRect(Control control) {
+    const QWidget* widget = reach(control);
+    const auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!widget || !popup) return std::nullopt;
+    const QPoint corner = widget->mapFromGlobal(popup->pos());
+    return Rect{corner.x(), corner.y(), popup->width(), popup->height()};
 }
 
 bool closeBox(WindowHandle window) {

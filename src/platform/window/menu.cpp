@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QScopeGuard>
 #include <algorithm>
+#include <utility>
 
 #include "platform/detail/answers.h"
 #include "platform/detail/event_loop.h"
@@ -16,6 +17,8 @@ namespace platform {
 namespace {
 
 using namespace detail;
+
+std::optional<QPoint> placeOfMenu;
 
 std::vector<QAction*> barCommands(WindowHandle window) {
     const Record* record = findRecord(window);
@@ -50,13 +53,25 @@ int pick(QMenu& menu, const std::string& name, WindowHandle window) {
     QObject::connect(&menu, &QMenu::triggered, &menu,
                      [&command](QAction* action) { command = commandOf(action); });
     const QPointer<QMenu> open = &menu;
-    menu.popup(QCursor::pos());
+    menu.popup(std::exchange(placeOfMenu, std::nullopt).value_or(QCursor::pos()));
     runUntil([&] { return !open || !open->isVisible() || !isWindow(window); });
     if (open) menu.close();
     return command;
 }
 
 } // namespace
+
+namespace detail {
+
+MenuPlace::MenuPlace(const QPoint& place) {
+    placeOfMenu = place;
+}
+
+MenuPlace::~MenuPlace() {
+    placeOfMenu.reset();
+}
+
+} // namespace detail
 
 void enableMenuItem(WindowHandle window, int command, bool enabled) {
     Record* record = findRecord(window);
