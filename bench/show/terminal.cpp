@@ -1,19 +1,19 @@
 #include "show/terminal.h"
 
+#include "protocol/define_vrp.h"
+
 namespace bench {
 
 namespace {
 
 constexpr std::string_view endOfMessage = "\r\n.\r\n";
 
-enum : int { codeDone = 200, codeShowAnswers = 261, codeReady = 301, codePlay = 302, codeStop = 303 };
-
 int replyTo(const VRMessage& request) {
-    if (notifies(request, "READY")) return codeReady;
-    if (notifies(request, "PLAY")) return codePlay;
-    if (notifies(request, "WAIT")) return codeStop;
-    if (request.getMethod() == "ANSRES" && request.getNumber("Result") == 1) return codeShowAnswers;
-    return codeDone;
+    if (notifies(request, "READY")) return DefineVrp::leadIn;
+    if (notifies(request, "PLAY")) return DefineVrp::play;
+    if (notifies(request, "WAIT")) return DefineVrp::stop;
+    if (request.getMethod() == "ANSRES" && request.getNumber("Result") == 1) return DefineVrp::showAnswers;
+    return DefineVrp::done;
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include "data/record.h"
 
+constexpr int maxUsers = 4;
+
 // What a user's record tells the terminal to do.
 enum UserType : int { typeShowScores = 0, typeHideScores = 1, typeEndResult = 5 };
 enum UserAction : int { actionWinner = 9 };
@@ -15,7 +17,7 @@ public:
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataUserInfo>> fields();
 
-    KDL_FIELD(std::int32_t, UserId, 0); // 0 to 3
+    KDL_FIELD(std::int32_t, UserId, 0); // 0 to maxUsers - 1
     KDL_FIELD(std::string, Name);
     KDL_FIELD(std::int32_t, Type, 0); // UserType
     KDL_FIELD(std::int32_t, Score, 0);

@@ -21,6 +21,15 @@ struct DefineVrp {
     static constexpr std::string_view MDS_OPEN = "OPEN";
     static constexpr std::string_view MDS_CLOSE = "CLOSE";
 
+    // Codes of a terminal's replies.
+    enum Code : int {
+        done = 200,
+        showAnswers = 261, // to ANSRES: the quest is over
+        leadIn = 301,      // to STATUSNOTIFY, as are the next: the sound before the question
+        play = 302,        // the songs
+        stop = 303,        // silence
+    };
+
     // The sentence that goes with a reply's code; "" for a code without one.
     static std::string getReplyText(int code);
 };

@@ -29,7 +29,7 @@ constexpr std::string_view refusedMethod = "Unkown";
 constexpr struct {
     std::string_view status;
     int code;
-} statusCodes[] = {{"READY", 301}, {"PLAY", 302}, {"WAIT", 303}};
+} statusCodes[] = {{"READY", DefineVrp::leadIn}, {"PLAY", DefineVrp::play}, {"WAIT", DefineVrp::stop}};
 
 } // namespace
 
@@ -171,7 +171,7 @@ void Client::onResponse(const VRMessage& message) {
     const bool granted = response.getReply() == DefineVrp::MDS_ANSREQ;
     if (!granted && response.getReply() != refusedMethod) return;
     const int user = std::exchange(buzzing_, -1);
-    if (response.getCode() == 200 && granted && user >= 0) model_.setAnswering(user);
+    if (response.getCode() == DefineVrp::done && granted && user >= 0) model_.setAnswering(user);
 }
 
 int Client::replyCode(const VRMessage& request) const {
@@ -179,11 +179,11 @@ int Client::replyCode(const VRMessage& request) const {
     const bool status = method == DefineVrp::MDS_STATUSNOTIFY;
     const std::string key = status ? request.getText("Status") : method;
     if (const auto own = replyCodes_.find(key); own != replyCodes_.end()) return own->second;
-    if (method == DefineVrp::MDS_ANSRES && request.getNumber("Result") == 1) return 261;
+    if (method == DefineVrp::MDS_ANSRES && request.getNumber("Result") == 1) return DefineVrp::showAnswers;
     for (const auto& entry : statusCodes) {
         if (status && key == entry.status) return entry.code;
     }
-    return 200;
+    return DefineVrp::done;
 }
 
 void Client::reply(const VRMessage& request) {

@@ -10,9 +10,6 @@ namespace terminal {
 
 namespace {
 
-constexpr int winnerAction = 9;
-constexpr int endResult = 5;
-
 // "First Song(Some Band),Second Song(Other Band)". The host keeps these signs out of titles and artists.
 std::vector<std::pair<std::string, std::string>> readAnswers(const std::string& text) {
     std::vector<std::pair<std::string, std::string>> answers;
@@ -133,14 +130,14 @@ bool Model::mayBuzz(int user) const {
 }
 
 bool Model::ended() const {
-    return std::ranges::any_of(users_, [](const User& user) { return user.type == endResult; });
+    return std::ranges::any_of(users_, [](const User& user) { return user.type == typeEndResult; });
 }
 
 std::vector<int> Model::winners() const {
     std::vector<int> all;
     for (int i = 0; i < maxUsers; ++i) {
         const User& user = users_[static_cast<std::size_t>(i)];
-        if (user.type == endResult && user.action == winnerAction && user.right != 0) all.push_back(i);
+        if (user.type == typeEndResult && user.action == actionWinner && user.right != 0) all.push_back(i);
     }
     return all;
 }

@@ -6,11 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "data/data_user_info.h"
 #include "protocol/vr_message.h"
 
 namespace terminal {
-
-constexpr int maxUsers = 4;
 
 struct User {
     std::string name;
@@ -18,8 +17,8 @@ struct User {
     int right = 0; // 0 not taking part, 1 taking part, 2 false start, 3 sitting out
     int rank = 0;  // 0 before the host has told one
     int hands = 0, rest = 0;
-    int type = 0; // 0 shown score, 1 hidden score, 5 end result
-    int action = 0;
+    int type = 0;   // UserType
+    int action = 0; // UserAction
 };
 
 // How the terminal stands with the host's last verdict.

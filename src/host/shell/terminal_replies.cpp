@@ -27,8 +27,6 @@
 
 namespace {
 
-enum : int { codeShowAnswers = 261, codeLeadIn = 301, codePlay = 302, codeStop = 303 };
-
 constexpr unsigned leadInTickMs = 500;
 constexpr unsigned playTickMs = 50;
 constexpr unsigned applauseDelayMs = 500;
@@ -66,13 +64,13 @@ void startPlay() {
 
 void onStatusReply(int code) {
     switch (code) {
-    case codeLeadIn:
+    case DefineVrp::leadIn:
         startLeadIn();
         break;
-    case codePlay:
+    case DefineVrp::play:
         startPlay();
         break;
-    case codeStop:
+    case DefineVrp::stop:
         haltSongs();
         host().vrmStatus = 0;
         break;
@@ -84,7 +82,7 @@ void onStatusReply(int code) {
 
 void onVerdictReply(int code) {
     host().vrmStatus = 0;
-    if (code == codeShowAnswers) requestDspAns();
+    if (code == DefineVrp::showAnswers) requestDspAns();
 }
 
 void onAnswersShown() {

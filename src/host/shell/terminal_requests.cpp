@@ -23,10 +23,10 @@ void refuseRequest() {
     host().server->sendResponse(502, "Unkown");
 }
 
-// Answers 200 while no other request can come between.
+// Answers at once, while no other request can come between.
 void acknowledge(std::string_view method) {
     host().vrmStatus = 1;
-    host().server->sendResponse(200, method);
+    host().server->sendResponse(DefineVrp::done, method);
     host().vrmStatus = 0;
 }
 
@@ -49,7 +49,7 @@ void takeOverUsers(const VRMUserNotify& notice) {
 void onUserNotify(const VRMessage& message) {
     HostState& state = host();
     if (state.kdlState->getState()->canHandle(EV_USER_NOTIFY)) {
-        state.server->sendResponse(200, DefineVrp::MDS_USERNOTIFY);
+        state.server->sendResponse(DefineVrp::done, DefineVrp::MDS_USERNOTIFY);
         state.kdlState->changeState(EV_USER_NOTIFY);
         questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList);
         initResource();

@@ -24,7 +24,6 @@
 #include "platform/clock.h"
 #include "protocol/server_vrp.h"
 
-constexpr int maxUsers = 4;
 constexpr int maxSongs = 5; // songs that a quest can play at once
 
 // Editors that the console opens on what it shows. They stand beside it, so the shell lends them at start-up.
