@@ -2,11 +2,13 @@
 
 #include "platform/shell.h"
 
+#include <chrono>
 #include <csignal>
 #include <optional>
 
 #include <gmock/gmock.h>
 
+#include "platform/child_program.h"
 #include "platform/clock.h"
 #include "platform/driver.h"
 #include "platform/files.h"
@@ -169,6 +171,25 @@ TEST_F(Shell, GivesNoOpenFileAway) {
                 testing::AllOf(testing::HasSubstr("/dev/null"),
                                testing::Not(testing::HasSubstr(folder.file("open")))));
     std::fclose(open);
+}
+
+TEST(ChildPrograms, AreHeardAndEndWithTheirOwner) {
+    const test_support::TemporaryFolder folder;
+    const std::string file = folder.file("said");
+    test_support::writeProgram(folder.path() / "child", "echo \"$1\"; echo loudly >&2; $2");
+    {
+        ChildProgram child({folder.file("child"), "a b", "exit 3"}, file);
+        EXPECT_EQ(child.exitCode(10'000), 3);
+        EXPECT_EQ(child.exitCode(0), 3) << "asked again";
+        EXPECT_EQ(readFile(file), "a b\nloudly\n");
+    }
+    const auto start = std::chrono::steady_clock::now();
+    {
+        ChildProgram child({folder.file("child"), "", "exec sleep 100"}, file);
+        EXPECT_EQ(child.exitCode(0), -1) << "it still runs";
+        EXPECT_EQ(ChildProgram({"/nowhere"}, file).exitCode(10'000), -1);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 } // namespace

@@ -11,14 +11,16 @@
 #include "host/shell/tonalplayermain.h"
 #include "host/state/host_state.h"
 #include "platform/application.h"
+#include "platform/child_program.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "showcase/scenario.h"
-#include "showcase/terminal_process.h"
 
 namespace {
 
 using namespace showcase;
+
+constexpr int patienceMs = 10'000; // for the terminal to see that the quiz is over
 
 int faults = 0;
 
@@ -83,15 +85,15 @@ int main(int argc, char** argv) {
     std::filesystem::remove(platform::nativePath(files.history));
     Road road(folder);
     Board seen;
-    TerminalProcess terminal(platform::nativePath(programFolder) / "kdl-terminal",
-                             platform::nativePath(programFolder) / "showcase.script",
-                             folder / "terminal.log");
+    const std::filesystem::path bin = platform::nativePath(programFolder);
+    platform::ChildProgram terminal({bin / "kdl-terminal", "--script", bin / "showcase.script"},
+                                    folder / "terminal.log");
     road.begin(scenario(road, ears, files, seen));
     WinMain(programFolder);
 
     check(road.fault().empty(), road.fault());
     check(road.done(), "the road was not passed to its end");
-    check(terminal.exitCode() == 0, "the terminal was not content, see terminal.log");
+    check(terminal.exitCode(patienceMs) == 0, "the terminal was not content, see terminal.log");
     checkBoard(seen);
     checkHistory(files.history);
     printBoard(seen);
