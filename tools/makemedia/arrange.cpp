@@ -53,6 +53,11 @@ std::vector<int> chordPitches(const Chord& chord, char step) {
     return {tones[index % count] + 12 * static_cast<int>(index / count)};
 }
 
+// The first of a bar is a little stronger.
+int accented(int velocity, bool first) {
+    return velocity + (first ? 8 : 0);
+}
+
 class Band {
 public:
     explicit Band(const Score& score) : score_(score) {}
@@ -67,9 +72,6 @@ private:
     void playBar(const Part& part, int partStart, int barStart);
     template <class Strike>
     void walk(std::string_view pattern, int barStart, Strike strike);
-    void accent(int barStart, int& velocity, int tick) const {
-        if (tick == barStart) velocity += 8;
-    }
 
     const Score& score_;
     const Style* style_ = nullptr;
@@ -136,8 +138,7 @@ void Band::walk(std::string_view pattern, int barStart, Strike strike) {
 
 void Band::playBar(const Part& part, int partStart, int barStart) {
     walk(style_->bass, barStart, [&](char step, int tick, int length) {
-        int velocity = bassVelocity;
-        accent(barStart, velocity, tick);
+        const int velocity = accented(bassVelocity, tick == barStart);
         if (const auto* chord = chordAt(part.chords, tick - partStart))
             voice(bass_).notes.push_back({tick, length, bassPitch(*chord, step), velocity});
     });
@@ -150,14 +151,12 @@ void Band::playBar(const Part& part, int partStart, int barStart) {
     const bool chorus = score_.chorus && score_.chorus->part == part.label;
     const auto drum = [&](std::string_view pattern, int key, int velocity) {
         walk(pattern, barStart, [&](char, int tick, int length) {
-            int struck = velocity;
-            accent(barStart, struck, tick);
-            voice(&drumKit).notes.push_back({tick, length, key, struck});
+            voice(&drumKit).notes.push_back({tick, length, key, accented(velocity, tick == barStart)});
         });
     };
     drum(style_->bassDrum, bassDrum, 84);
     drum(style_->snare, snareDrum, chorus ? 66 : 52);
-    drum(style_->hat, style_->name == "sleigh" ? sleighBell : closedHat, chorus ? 56 : 44);
+    drum(style_->hat, style_->hatKey, chorus ? 56 : 44);
 }
 
 void Band::play(const Part& part, int start) {

@@ -24,13 +24,14 @@ bool readInt(std::string_view text, int& value) {
     return failure == std::errc{} && end == text.data() + text.size();
 }
 
-// "3/8" in ticks.
+// "3/8"
 bool readFraction(std::string_view text, int& over, int& under) {
     const auto slash = text.find('/');
     return slash != std::string_view::npos && readInt(text.substr(0, slash), over) &&
            readInt(text.substr(slash + 1), under) && over > 0 && under > 0;
 }
 
+// "3/8" of a whole note, in ticks.
 bool readTicks(std::string_view text, int& ticks) {
     int over = 0, under = 1;
     if (!readFraction(text, over, under)) return false;

@@ -15,7 +15,7 @@ constexpr auto styles = std::to_array<Style>({
     {"march",    4, 4, "bass",      "R.F.",           "piano",     ".c.c",         "",        "x.x.",     ".x.x",     ""},
     {"parade",   4, 4, "bass",      "R-F-R-F-",       "horn",      "..c...c.",     "",        "x...x...", "x.xxx.xx", "..x...x."},
     {"swing",    4, 4, "bass",      "R--...F--...",   "guitar",    "...c.....c..", "",        "x.....x.....", "...x.....x..", "x..x.xx..x.x"},
-    {"sleigh",   4, 4, "bass",      "R.F.",           "piano",     ".c.c",         "strings", "",         "",         "xxxxxxxx"},
+    {"sleigh",   4, 4, "bass",      "R.F.",           "piano",     ".c.c",         "strings", "",         "",         "xxxxxxxx", sleighBell},
     {"koto",     4, 4, "koto",      "R-------",       "koto",      "..1.3.4.",     "",        "",         "",         ""},
     {"sneaking", 4, 4, "bassoon",   "R.F.R.F.",       "pizzicato", ".c.c.c.c",     "",        "",         "",         ""},
     {"storming", 4, 4, "bass",      "RROORROO",       "strings",   "c.c.c.c.",     "horn",    "x.x.x.x.", "..x...x.", "xxxxxxxx"},

@@ -1,8 +1,9 @@
 #pragma once
 // Accompaniments: what bass, chords and drums do in one bar.
 
+#include "makemedia/instruments.h"
+
 #include <string_view>
-#include <vector>
 
 namespace makemedia {
 
@@ -22,6 +23,7 @@ struct Style {
     std::string_view bassDrum;
     std::string_view snare;
     std::string_view hat;
+    int hatKey = closedHat; // what plays it
 };
 
 const Style* findStyle(std::string_view name, int beats, int beatUnit);

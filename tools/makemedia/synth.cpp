@@ -102,17 +102,17 @@ void addDrum(std::vector<float>& track, int key, std::size_t start, float streng
                         : key == sleighBell ? Sound{0.06F, 0, 0, 0, 0.4F, 0.97F}
                                             : Sound{0.7F, 0, 0, 0, 0.5F, 0.9F};
     Noise noise(static_cast<std::uint32_t>(key));
-    const auto count = std::min(track.size() - start, static_cast<std::size_t>(sound.length * fs * 5));
+    const auto end = std::min(track.size(), start + static_cast<std::size_t>(sound.length * fs * 5));
     float phase = 0, before = 0, high = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        const float t = static_cast<float>(i) / fs;
+    for (std::size_t i = start; i < end; ++i) {
+        const float t = static_cast<float>(i - start) / fs;
         phase += (sound.tone + sound.sweep * std::exp(-t * 35)) / fs;
         const float white = noise.next();
         high = sound.highPass * (high + white - before);
         before = white;
         const float rattle = sound.highPass > 0 ? high : white;
-        track[start + i] += strength * std::exp(-t / sound.length) *
-                            (sound.toneLevel * std::sin(twoPi * phase) + sound.noiseLevel * rattle);
+        track[i] += strength * std::exp(-t / sound.length) *
+                    (sound.toneLevel * std::sin(twoPi * phase) + sound.noiseLevel * rattle);
     }
 }
 
