@@ -4,10 +4,11 @@
 
 #include <cstdio>
 #include <exception>
-#include <fstream>
-#include <iterator>
+#include <filesystem>
+#include <stdexcept>
 
 #include "makeborder/border.h"
+#include "platform/files.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -15,12 +16,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        std::ifstream in(argv[1], std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(in), {}};
-        const std::string drawn = makeborder::withBorder(text);
-        in.close();
-        std::ofstream out(argv[1], std::ios::binary);
-        if (!(out << drawn).flush()) throw std::runtime_error("it cannot be written");
+        const auto file = platform::programPath(std::filesystem::absolute(argv[1]));
+        const auto text = file ? platform::readFile(*file) : std::nullopt;
+        if (!text) throw std::runtime_error("it cannot be read");
+        if (!platform::replaceFile(*file, makeborder::withBorder(*text)))
+            throw std::runtime_error("it cannot be written");
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s: %s\n", argv[1], fault.what());
         return 1;
