@@ -29,7 +29,7 @@ std::string typedSessionFile(const std::string& typed, const std::string& folder
     // A name may have a point in it, and a file that is there may be called otherwise.
     const bool named = zelkova::toLowerSjis(zelkova::getExtension(path)) == "xml" || platform::isFile(path);
     if (!zelkova::getFileName(path).empty() && !named) path += ".xml";
-    return zelkova::getFullPath(path);
+    return zelkova::normalizePath(path);
 }
 
 bool SessionDraft::choose(const std::string& name, const std::string& path, AccesserSession& accesser) {

@@ -27,7 +27,7 @@ std::string getFullPath(std::string_view path) {
 }
 
 std::string normalizePath(std::string_view path) {
-    return replaceAll(getFullPath(path), "\\", "/");
+    return getFullPath(path);
 }
 
 std::string removeBackslash(std::string_view path) {

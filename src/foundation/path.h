@@ -10,6 +10,7 @@ namespace zelkova {
 bool fileExists(std::string_view path); // a folder exists too
 // Absolute, without "." and ".."; a relative path counts from the program's folder.
 std::string getFullPath(std::string_view path);
+// A full path with "/" only. Here every full path is one; this is the name by which they are asked for.
 std::string normalizePath(std::string_view path);
 // Without one separator at its end.
 std::string removeBackslash(std::string_view path);

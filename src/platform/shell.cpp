@@ -30,7 +30,9 @@ void start(const std::vector<std::string>& command, const NotOpened& notOpened) 
     if (!detail::startProgram(command, notOpened)) notOpened();
 }
 
-void open(const std::string& target, const NotOpened& notOpened) {
+} // namespace
+
+void shellOpen(const std::string& target, const NotOpened& notOpened) {
     if (detail::Answers* scripted = detail::answers()) {
         if (!scripted->open(target)) notOpened();
     } else {
@@ -38,20 +40,10 @@ void open(const std::string& target, const NotOpened& notOpened) {
     }
 }
 
-} // namespace
-
-void shellOpen(const std::string& target, const NotOpened& notOpened) {
-    open(target, notOpened);
-}
-
 std::function<bool()> shellOpenAtEnd(const std::string& target) {
     if (detail::Answers* scripted = detail::answers())
         return [opened = scripted->open(target)] { return opened; };
     return detail::startProgram({opener, openersName(target)});
-}
-
-void shellExplore(const std::string& folder, const NotOpened& notOpened) {
-    open(folder, notOpened);
 }
 
 void shellRun(const std::string& program, const std::string& file, const NotOpened& notOpened) {

@@ -13,7 +13,6 @@ using NotOpened = std::function<void()>;
 
 // Hands the file, folder or address to the desktop's program for it, without waiting.
 void shellOpen(const std::string& target, const NotOpened& notOpened);
-void shellExplore(const std::string& folder, const NotOpened& notOpened);
 // The same for a program that is about to end: the answer, to be asked for once, waits until it is known
 // whether the target was opened, for ten seconds at most.
 std::function<bool()> shellOpenAtEnd(const std::string& target);

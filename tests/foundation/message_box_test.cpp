@@ -135,7 +135,7 @@ TEST_F(MessageBox, HelpThatCannotBeOpenedIsTold) {
     const std::pair<std::string, std::string> targets[] = {
         {"", ""},
         {"https://help.invalid/", "https://help.invalid/"},
-        {"../hlp/index.html", zelkova::getFullPath("../hlp/index.html")}};
+        {"../hlp/index.html", zelkova::normalizePath("../hlp/index.html")}};
     for (const auto& [url, told] : targets) {
         zelkova::setHelpUrl([url = url] { return url; });
         driver::Script script;

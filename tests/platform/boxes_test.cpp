@@ -312,7 +312,7 @@ TEST(Desktop, OpensWhatAScriptWaitsForAndNothingElse) {
     const auto count = [&] { ++failures; };
     shellOpen("https://example.invalid/", count);
     EXPECT_EQ(failures, 0);
-    shellExplore("/tmp/a.log", count);
+    shellOpen("/tmp/a.log", count);
     EXPECT_EQ(failures, 1);
     shellOpen("/tmp/b.log", count);
     EXPECT_EQ(failures, 2);

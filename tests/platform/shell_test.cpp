@@ -57,13 +57,11 @@ TEST_F(Shell, TellsWhatTheOpenerMadeOfIt) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.end);
         install("xdg-open", c.end);
-        for (const auto open : {shellOpen, shellExplore}) {
-            failures = 0;
-            open("https://example.invalid/?a=b&c", count());
-            EXPECT_EQ(failures, 0) << "nothing is waited for";
-            EXPECT_EQ(arguments(), "https://example.invalid/?a=b&c\n");
-            EXPECT_EQ(failures, c.failures);
-        }
+        failures = 0;
+        shellOpen("https://example.invalid/?a=b&c", count());
+        EXPECT_EQ(failures, 0) << "nothing is waited for";
+        EXPECT_EQ(arguments(), "https://example.invalid/?a=b&c\n");
+        EXPECT_EQ(failures, c.failures);
     }
 }
 
@@ -114,8 +112,6 @@ TEST_F(Shell, TellsAtOnceThatThereIsNoOpener) {
     const SearchPath path(folder.path(), SearchPath::Alone);
     shellOpen(folder.file("a.odt"), count());
     EXPECT_EQ(failures, 1);
-    shellExplore(folder.path().string(), count());
-    EXPECT_EQ(failures, 2);
 }
 
 TEST_F(Shell, RunsAProgramByPathOrByName) {

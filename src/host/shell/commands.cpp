@@ -28,7 +28,6 @@
 #include "host/state/requests.h"
 #include "host/state/scoring.h"
 #include "platform/files.h"
-#include "platform/shell.h"
 #include "playback/tonal_player.h"
 #include "settings/settings_sheet.h"
 #include "training/training_mode.h"
@@ -38,8 +37,8 @@ namespace {
 // What the help address holds where a message's code is wanted.
 constexpr const char* codePlaceholder = "%__SERCH_MESSAGE_CODE__%";
 
-void open(const std::string& target, decltype(&platform::shellOpen) way = platform::shellOpen) {
-    zelkova::openWithDesktop(host().mainWindow, target, way);
+void open(const std::string& target) {
+    zelkova::openWithDesktop(host().mainWindow, target);
 }
 
 void openAsPage(const std::string& file) {
@@ -65,11 +64,11 @@ void openLogFile() {
     open(host().logFileName);
 }
 void exploreLogFolder() {
-    open(zelkova::getFolder(host().logFileName), platform::shellExplore);
+    open(zelkova::getFolder(host().logFileName));
 }
 
 void exploreHistoryFolder() {
-    open(zelkova::normalizePath(host().modulePath + "../hst/"), platform::shellExplore);
+    open(zelkova::normalizePath(host().modulePath + "../hst/"));
 }
 
 void openHelp() {

@@ -67,7 +67,7 @@ void Start::preparePaths() {
     std::locale::global(std::locale::classic());
     std::setlocale(LC_NUMERIC, "C");
     host().modulePath = folder_;
-    host().effectPath = zelkova::getFullPath(folder_ + "../eft/");
+    host().effectPath = zelkova::normalizePath(folder_ + "../eft/");
     if (host().effectPath.empty() || host().effectPath.back() != '/') host().effectPath += "/";
     for (const char* wanted : {"../log/", "../cnf/", "../hst/"})
         platform::makeFolder(folder_ + wanted);
