@@ -143,7 +143,9 @@ TEST_F(ResourceEdit, AFileThatDoesNotOpenIsToldAndSpoilsNothing) {
             dialog = opened;
             EXPECT_THAT(dialog.texts({idFileType, idLength}), ElementsAre(row.type, "0"));
             EXPECT_THAT(livePlayers(), IsEmpty());
-            EXPECT_THAT(dialog.liveOf({idSlider, idReverse, idApply}), IsEmpty());
+            EXPECT_THAT(
+                dialog.liveOf(std::vector<int>{idSlider, idReverse, idApply, markIntroStart, markIntroEnd}),
+                IsEmpty());
             EXPECT_EQ(range(rowSabi), "100-200") << "nothing to clip it to";
             driver::settle();
             dialog.type(idTitle, "別の題");
