@@ -111,7 +111,7 @@ private:
 
     [[no_unique_address]] Step step_;
     std::int32_t longestMatch_ = longest;
-    const unsigned char* origin_ = nullptr; // where the byte of time 0 would stand
+    const unsigned char* window_ = nullptr; // of the search under way
     Time windowTime_ = half;                // of the window's first byte; a multiple of `half`
     Time inner_ = half; // from here on, what was entered before of a pair is in the window
     Stamp oldest_ = 0;  // everything before has left the window
@@ -198,7 +198,7 @@ inline Match BasicMatchIndex<Step>::findAndEnter(const unsigned char* window, st
         next(link.node()) = *root;
         *root = link;
     }
-    origin_ = window - windowTime_;
+    window_ = window;
     Match match; // its members come by registers: the next position waits for the length
     match.length = walk(root, stamp, here, std::min(longestMatch_, filled - position), match.distance);
     return match;

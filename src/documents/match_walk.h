@@ -104,7 +104,7 @@ std::int32_t BasicMatchIndex<Step>::walk(Link* link, Stamp now, const unsigned c
     std::int32_t length = shortest;
     for (;; step_()) { // once for each candidate, each longer and older than the one before
         Link at = *link;
-        const unsigned char* const candidate = origin_ + at.newest();
+        const unsigned char* const candidate = window_ + (at.newest() - windowTime_);
         length = agreement(here, candidate, length, available);
         // The next search begins behind the match; its list is fetched while this one goes on.
         prefetch(roots_[load<std::uint32_t>(here + length)].list);
