@@ -215,9 +215,10 @@ AccesserResource::search(std::int32_t noFrom, std::int32_t noTo, const std::stri
     };
 
     std::vector<DataResource> found;
+    found.reserve(entries_.size());
     DataResource song;
     // A damaged file may name any highest number, so the entries are walked, not the numbers.
     for (const auto& [number, entry] : entries_)
-        if (get(number, song) && keeps(song)) found.push_back(song);
+        if (get(number, song) && keeps(song)) found.push_back(std::move(song));
     return found;
 }

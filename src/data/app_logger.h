@@ -9,10 +9,8 @@
 #include "foundation/data_pairs.h"
 
 // The logger's settings.
-class DataLogFile {
+class DataLogFile final {
 public:
-    virtual ~DataLogFile() = default;
-
     virtual void clear() { *this = DataLogFile(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataLogFile>> fields();

@@ -7,10 +7,8 @@
 #include "data/data_session.h"
 #include "data/record.h"
 
-class DataHistory {
+class DataHistory final {
 public:
-    virtual ~DataHistory() = default;
-
     virtual void clear() { *this = DataHistory(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataHistory>> fields();
@@ -41,10 +39,8 @@ public:
     KDL_FIELD(std::int32_t, Status4, 0);
 };
 
-class DataPartHistory {
+class DataPartHistory final {
 public:
-    virtual ~DataPartHistory() = default;
-
     virtual void clear() { *this = DataPartHistory(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataPartHistory>> fields();
@@ -66,10 +62,8 @@ public:
     KDL_FIELD(std::vector<DataHistory>, DataHistoryList); // in playing order
 };
 
-class DataSessionHistory {
+class DataSessionHistory final {
 public:
-    virtual ~DataSessionHistory() = default;
-
     virtual void clear() { *this = DataSessionHistory(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataSessionHistory>> fields();

@@ -3,10 +3,8 @@
 
 #include "data/record.h"
 
-class DataResource {
+class DataResource final {
 public:
-    virtual ~DataResource() = default;
-
     virtual void clear() { *this = DataResource(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataResource>> fields();

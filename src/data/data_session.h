@@ -15,10 +15,8 @@ enum SongCheck : int {
     songsUnfit = 4,    // one cannot be played under the stage's settings
 };
 
-class DataSession {
+class DataSession final {
 public:
-    virtual ~DataSession() = default;
-
     // Leaves the song numbers, as text and as array, as they are.
     virtual void clear();
     virtual std::string toString(const std::string& separator) const;

@@ -9,10 +9,8 @@ constexpr int maxUsers = 4;
 enum UserType : int { typeShowScores = 0, typeHideScores = 1, typeEndResult = 5 };
 enum UserAction : int { actionWinner = 9 };
 
-class DataUserInfo {
+class DataUserInfo final {
 public:
-    virtual ~DataUserInfo() = default;
-
     virtual void clear() { *this = DataUserInfo(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataUserInfo>> fields();

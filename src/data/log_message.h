@@ -16,10 +16,8 @@ std::int32_t levelFromText(std::string_view text);
 std::int32_t actionFromText(std::string_view text);
 std::string actionText(std::int32_t action);
 
-class DataLogMessage {
+class DataLogMessage final {
 public:
-    virtual ~DataLogMessage() = default;
-
     virtual void clear() { *this = DataLogMessage(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataLogMessage>> fields();

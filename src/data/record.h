@@ -1,6 +1,7 @@
 #pragma once
 // How the records of this folder are declared. A field is declared once, with its accessors, and stands once
-// in its record's table; reading, writing, updating and dumping a record all walk that table.
+// in its record's table; reading, writing, updating and dumping a record all walk that table. Records are
+// values: nothing derives from them, and the lists that hold them move them.
 
 #include <cstdint>
 #include <span>
@@ -85,6 +86,7 @@ void setText(Record& into, const Field<Record>& field, std::string_view text) {
 // Adds every field that dumps show, in the table's order.
 template <typename Record>
 void addPairs(zelkova::DataPairsList& pairs, const Record& from, std::span<const Field<Record>> fields) {
+    static_assert(std::is_nothrow_move_constructible_v<Record> && std::is_nothrow_move_assignable_v<Record>);
     for (const Field<Record>& field : fields)
         if (*field.key) pairs.add(field.key, textOf(from, field));
 }
