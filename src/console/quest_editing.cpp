@@ -1,7 +1,5 @@
 #include "console/quest_editing.h"
 
-#include <algorithm>
-
 #include "console/console_pane.h"
 #include "console/data_pane.h"
 #include "data/session_plan.h"
@@ -27,13 +25,6 @@ void refreshQuest() {
     showQuest(state.sessionList, state.curQuestNumber);
     questToSessionInfo(state.curQuestNumber, state.dataSession, state.dataResourceList);
     initResource();
-}
-
-bool haveChanged(const std::vector<DataResource>& songs) {
-    return !std::ranges::equal(songs, host().dataResourceList,
-                               [](const DataResource& one, const DataResource& other) {
-                                   return one.toString(",") == other.toString(",");
-                               });
 }
 
 // The answer may be put right under a quest that is being played or judged; points, players and spans stay. A
@@ -98,7 +89,7 @@ void showChangedSongs() {
     DataSession stage;
     std::vector<DataResource> songs;
     // A quest whose songs are what they were is left alone: it may be paused.
-    if (!questToSessionInfo(state.curQuestNumber, stage, songs) || !haveChanged(songs)) return;
+    if (!questToSessionInfo(state.curQuestNumber, stage, songs) || songs == state.dataResourceList) return;
     if (mayEditQuest())
         refreshQuest();
     else

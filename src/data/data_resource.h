@@ -8,6 +8,7 @@ public:
     virtual void clear() { *this = DataResource(); }
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataResource>> fields();
+    friend bool operator==(const DataResource&, const DataResource&) = default;
 
     KDL_FIELD(std::int32_t, No, -1);
     KDL_FIELD(std::string, FileName);

@@ -21,6 +21,7 @@ public:
     virtual void clear();
     virtual std::string toString(const std::string& separator) const;
     static std::span<const record::Field<DataSession>> fields();
+    friend bool operator==(const DataSession&, const DataSession&) = default;
 
     KDL_FIELD(std::string, Name);
     KDL_FIELD(std::string, PartVoice);

@@ -1,18 +1,9 @@
 #include "editors/session_draft.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "foundation/path.h"
 #include "foundation/text.h"
-
-namespace {
-
-bool isSameStage(const DataSession& one, const DataSession& other) {
-    return one.toString(",") == other.toString(",") && one.getResources() == other.getResources();
-}
-
-} // namespace
 
 std::string firstFreeSessionFile(const std::string& folder) {
     for (int number = 0;; ++number) {
@@ -59,8 +50,7 @@ bool SessionDraft::isLoaded(const std::string& path) const {
 }
 
 bool SessionDraft::wouldLoseStages(const std::string& path) const {
-    return !stages.empty() && zelkova::fileExists(path) && !isLoaded(path) &&
-           !std::ranges::equal(stages, loadedStages_, isSameStage);
+    return !stages.empty() && zelkova::fileExists(path) && !isLoaded(path) && stages != loadedStages_;
 }
 
 bool SessionDraft::isChangedOnDisk() const {
