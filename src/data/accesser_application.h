@@ -7,8 +7,10 @@
 #include "data/xml_dom.h"
 
 // The half that describes the product and the installation.
-class AccesserFundamental : public XmlDom {
+class AccesserFundamental : protected XmlDom {
 public:
+    using XmlDom::loadError;
+
     // Elements that are missing leave their fields as they are.
     virtual void read(const xercesc::DOMElement* root, DataApplication& settings);
     virtual void write(xercesc::DOMElement& root, const DataApplication& settings);

@@ -12,8 +12,10 @@
 #include "data/data_resource.h"
 #include "data/xml_dom.h"
 
-class AccesserResource : public XmlDom {
+class AccesserResource : protected XmlDom {
 public:
+    using XmlDom::loadError;
+
     // For files that open() makes; call it first.
     void setStylesheet(const std::string& name) { stylesheet_ = name; }
     // Makes an empty catalogue where there is no file. 1, or 0 when there is no usable catalogue: loadError()

@@ -7,8 +7,10 @@
 #include "data/data_session.h"
 #include "data/xml_dom.h"
 
-class AccesserSession : public XmlDom {
+class AccesserSession : protected XmlDom {
 public:
+    using XmlDom::loadError;
+
     // For files that open() makes; one for all instances, set at start-up.
     static void setStylesheet(const std::string& name);
 

@@ -6,7 +6,7 @@
 #include "data/data_history.h"
 #include "data/xml_dom.h"
 
-class AccesserSessionHistory : public XmlDom {
+class AccesserSessionHistory : protected XmlDom {
 public:
     // One for all instances, set at start-up.
     static void setStylesheet(const std::string& name);

@@ -10,7 +10,7 @@
 #include "data/xml_dom.h"
 #include "documents/document_fault.h"
 
-class OdfWriter : public XmlDom {
+class OdfWriter : protected XmlDom {
 public:
     // Absolute paths, in Shift-JIS.
     void setSourcePath(const std::string& path) { sourcePath_ = path; }
