@@ -1,6 +1,7 @@
 #pragma once
-// The one gate between the program and the XML library. Text passed in and out is Shift-JIS. The accessors of
-// this folder derive from it, keep a parsed document in memory and edit it in place. Main thread only.
+// A document of the XML library, with text in and out in Shift-JIS. What edits a file derives from it and
+// keeps the parsed document in memory: the accessors of this folder and the writers of documents, which walk
+// the library's nodes themselves. Main thread only.
 
 #include <cstdint>
 #include <map>
