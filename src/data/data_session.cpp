@@ -64,6 +64,7 @@ bool resourceFitsSession(const DataResource& resource, const DataSession& sessio
         break;
     }
     const int fileType = resource.getFileType();
-    if (session.getSpeed() != 0 && fileType != fileTypeMp3 && fileType != fileTypeNwav) return false;
+    if (session.getSpeed() != speedNormal && fileType != fileTypeMp3 && fileType != fileTypeNwav)
+        return false;
     return zelkova::fileExists(resource.getFileName());
 }

@@ -35,7 +35,18 @@ enum FileType : int {
     fileTypeMid,
     fileTypeNone
 };
-enum PlayTime : int { playTimeWholeRange = 6, playTimeEndless = 7 }; // the others end by the clock
+enum PlayTime : int {
+    playTimeQuarterSecond,
+    playTimeOneSecond,
+    playTimeThreeSeconds,
+    playTimeFiveSeconds,
+    playTimeTenSeconds,
+    playTimeFifteenSeconds,
+    playTimeWholeRange,
+    playTimeEndless
+};
+// The last is three quarters of the normal speed, whatever its text says.
+enum PlaySpeed : int { speedNormal, speedDouble, speedHalfUp, speedHalf, speedThreeQuarters };
 enum HandsType : int { handsNone = -1, handsInStage, handsInQuest, handsRest };
 enum Steal : int { stealNone = -1, stealByName };
 enum UserStatus : int { userUnset, userTakesPart, userFalseStart, userOut };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/data_session.h"
+#include "data/labels.h"
 #include "host/state/effects.h"
 #include "host/state/host_state.h"
 
@@ -21,7 +22,7 @@ bool SongPlayer::fits(const DataResource& song) const {
     if (range_ != rangeIntro && range_ != rangeSabi) return true;
     DataSession stage;
     stage.setRange(range_);
-    stage.setSpeed(0); // the speed here is not a stage's, and asks for no kind of file
+    stage.setSpeed(speedNormal); // the speed here is not a stage's, and asks for no kind of file
     return resourceFitsSession(song, stage);
 }
 

@@ -26,7 +26,7 @@ DataSession stageWithRules() {
                                              .hands = 3,
                                              .steal = stealByName,
                                              .songs = "1,2"});
-    stage.setSpeed(1);
+    stage.setSpeed(speedDouble);
     return stage;
 }
 
@@ -71,7 +71,7 @@ TEST(PartDetail, ShowsTheStageAndWritesItOnOk) {
                                                 .handsType = handsRest,
                                                 .hands = 2,
                                                 .songs = "1,2"});
-    expected.setSpeed(1);
+    expected.setSpeed(speedDouble);
     EXPECT_EQ(stage.toString(","), expected.toString(","));
 }
 

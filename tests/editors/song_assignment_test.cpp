@@ -44,7 +44,7 @@ protected:
         stages.assign(2, DataSession());
         for (DataSession& stage : stages) {
             stage.setRange(rangeStart);
-            stage.setSpeed(0);
+            stage.setSpeed(speedNormal);
             stage.setQuestNum(quests);
             stage.setMulti(multi);
         }

@@ -106,8 +106,8 @@ TEST(StageForm, AStageComesBackAsItWas) {
     stage.setPartVoice("c:\\voice.wav");
     stage.setQuestNum(5);
     stage.setRange(rangeAnswer);
-    stage.setInterval(7);
-    stage.setSpeed(4);
+    stage.setInterval(playTimeEndless);
+    stage.setSpeed(speedThreeQuarters);
     stage.setMulti(3);
     stage.setScore(100);
     stage.setLimit(4);

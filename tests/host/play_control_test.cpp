@@ -19,12 +19,10 @@ protected:
             media.create({});
         host().curQuestNumber = 1;
         host().dataSession.setMulti(1);
-        host().dataSession.setSpeed(0);
-        host().dataSession.setInterval(intervalRange);
+        host().dataSession.setSpeed(speedNormal);
+        host().dataSession.setInterval(playTimeWholeRange);
     }
     void TearDown() override { resetHost(); }
-
-    enum : int { interval250 = 0, intervalSecond = 1, intervalRange = 6, intervalEndless = 7 };
 
     void addSong(int lengthMs, int fileType = fileTypeWav) {
         const std::string file =
@@ -103,7 +101,7 @@ TEST_F(PlayControl, RandomStartsLeaveTwentySeconds) {
 TEST_F(PlayControl, StopsAtTimeLimitRangeEndOrFileEnd) {
     addSong(20000);
     host().dataSession.setRange(rangeIntro); // 1000 to 5000
-    host().dataSession.setInterval(intervalSecond);
+    host().dataSession.setInterval(playTimeOneSecond);
     initResource();
     play();
     pass(950);
@@ -111,7 +109,7 @@ TEST_F(PlayControl, StopsAtTimeLimitRangeEndOrFileEnd) {
     pass(50);
     EXPECT_TRUE(checkPlayStop());
 
-    host().dataSession.setInterval(intervalRange);
+    host().dataSession.setInterval(playTimeWholeRange);
     initResource();
     play();
     pass(3950);
@@ -119,14 +117,14 @@ TEST_F(PlayControl, StopsAtTimeLimitRangeEndOrFileEnd) {
     pass(50);
     EXPECT_TRUE(checkPlayStop());
 
-    host().dataSession.setInterval(intervalEndless);
+    host().dataSession.setInterval(playTimeEndless);
     initResource();
     play();
     pass(18900);
     EXPECT_FALSE(checkPlayStop());
     pass(100);
     EXPECT_TRUE(checkPlayStop()); // the file's end, at normal speed only
-    host().dataSession.setSpeed(1);
+    host().dataSession.setSpeed(speedDouble);
     EXPECT_FALSE(checkPlayStop());
 }
 
@@ -163,7 +161,7 @@ TEST_F(PlayControl, OnlyCheckedSongsPlayAndStop) {
 
 TEST_F(PlayControl, MissingSongsAreSilentAndPassedOver) {
     host().dataSession.setRange(rangeIntro);
-    host().dataSession.setInterval(intervalSecond);
+    host().dataSession.setInterval(playTimeOneSecond);
     DataResource gone;
     gone.setFileName(folder.file("gone.mp3"));
     gone.setFileType(fileTypeMp3);
@@ -200,7 +198,7 @@ TEST_F(PlayControl, ASongWhoseDiskSleepsIsNotOverBeforeItBegins) {
 TEST_F(PlayControl, TheLimitCountsFromTheFirstSound) {
     sound.setStartTime(2000);
     addSong(20000);
-    host().dataSession.setInterval(intervalSecond);
+    host().dataSession.setInterval(playTimeOneSecond);
     initResource();
     play();
     for (int tick = 0; tick < 59; ++tick) {

@@ -10,7 +10,7 @@ namespace test_support {
 
 struct StageRules {
     std::string name = {};
-    int quests = 1, multi = 1, range = rangeStart, interval = 2; // three seconds
+    int quests = 1, multi = 1, range = rangeStart, interval = playTimeThreeSeconds;
     int score = 10, deduction = 1, handsType = handsNone, hands = -1, steal = stealNone;
     std::string songs = {}; // catalogue numbers, with "," between them
 };
@@ -21,7 +21,7 @@ inline DataSession stage(const StageRules& rules) {
     made.setQuestNum(rules.quests);
     made.setRange(rules.range);
     made.setInterval(rules.interval);
-    made.setSpeed(0);
+    made.setSpeed(speedNormal);
     made.setMulti(rules.multi);
     made.setScore(rules.score);
     made.setDeduction(rules.deduction);

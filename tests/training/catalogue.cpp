@@ -31,8 +31,8 @@ DataSession settings(int quests, int multi) {
     session.setQuestNum(quests);
     session.setMulti(multi);
     session.setRange(rangeIntro);
-    session.setSpeed(0);
-    session.setInterval(4);
+    session.setSpeed(speedNormal);
+    session.setInterval(playTimeTenSeconds);
     return session;
 }
 

@@ -102,7 +102,7 @@ TEST_F(TrainingMode, AWholeRun) {
 }
 
 TEST_F(TrainingMode, AQuestFromItsJingleToItsEnd) {
-    host().trainingSession.setInterval(2); // three seconds
+    host().trainingSession.setInterval(playTimeThreeSeconds);
     train([&] {
         zelkova::Media& song = host().questMedia[0];
         window.click(idStart);
@@ -144,7 +144,8 @@ TEST_F(TrainingMode, AQuestFromItsJingleToItsEnd) {
 }
 
 TEST_F(TrainingMode, TheWholePartEndsAtItsEndAndEndlessAtThatOfTheFile) {
-    for (const auto& [interval, plays] : {std::pair{6, 10'000u}, {7, 58'000u}}) { // from 2 s on
+    for (const auto& [interval, plays] :
+         {std::pair{playTimeWholeRange, 10'000u}, {playTimeEndless, 58'000u}}) { // from 2 s on
         host().trainingSession = settings(1);
         host().trainingSession.setInterval(interval);
         train([&, until = plays] {
@@ -251,7 +252,7 @@ TEST_F(TrainingMode, TheAnswersSongMayBeHeardLate) {
 }
 
 TEST_F(TrainingMode, TheLimitCountsFromTheFirstSound) {
-    host().trainingSession.setInterval(1); // one second
+    host().trainingSession.setInterval(playTimeOneSecond);
     train([&] {
         startSongs();
         window.click(idStop);

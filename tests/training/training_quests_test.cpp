@@ -38,9 +38,9 @@ TEST_F(TrainingQuests, OnlySongsThatCanBePlayedFit) {
     catalogue.remove(4);
     DataSession session = settings(1);
     EXPECT_THAT(fittingSongs(catalogue, session), ElementsAre(2, 5, 6));
-    session.setSpeed(1);
+    session.setSpeed(speedDouble);
     EXPECT_THAT(fittingSongs(catalogue, session), ElementsAre(2)) << "an MP3 at another speed";
-    session.setSpeed(0);
+    session.setSpeed(speedNormal);
     session.setRange(rangeSabi);
     EXPECT_THAT(fittingSongs(catalogue, session), ElementsAre(1, 2, 5, 6));
     session.setRange(rangeAnswer);

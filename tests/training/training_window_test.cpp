@@ -36,7 +36,7 @@ TEST_F(TrainingWindow, TooFewSongs) {
         EXPECT_THAT(liveButtons(), ElementsAre(idStart, idSkip));
         EXPECT_EQ(window.rows(idHistory).size(), 12u);
         settingsDialog = [](DataSession& session) {
-            session.setSpeed(1); // WAV files cannot be played at another speed
+            session.setSpeed(speedDouble); // WAV files cannot be played at another speed
             return 1;
         };
         expectTooFewSongs();

@@ -11,54 +11,41 @@
 namespace makemedia {
 namespace {
 
-enum PlayTime {
-    quarterSecond,
-    oneSecond,
-    threeSeconds,
-    fiveSeconds,
-    tenSeconds,
-    fifteenSeconds,
-    wholeRange,
-    noLimit
-};
-enum PlaySpeed { normalSpeed, doubleSpeed, halfUpSpeed, halfSpeed, threeQuarterSpeed };
-
-constexpr int none = -1; // no rule of that kind
 constexpr int noDeduction = 1;
 
 struct Stage {
     const char* name;
-    int range;
-    int interval;
-    int speed;
+    PlayRange range;
+    PlayTime interval;
+    PlaySpeed speed;
     int multi;
     int score;
     int deduction;
-    int handsType;
+    HandsType handsType;
     int hands;
-    int steal;
+    Steal steal;
     std::string_view songs; // names of scores in playing order, `multi` for each quest
 };
 
 // clang-format off
 constexpr auto demonstration = std::to_array<Stage>({
-    //name                                  range        time          speed        multi score deduction   hands             steal
-    {"第１ステージ　まずはイントロ",        rangeIntro,  tenSeconds,   normalSpeed, 1,    10,   noDeduction, none,         0,  none,
+    //name                                 range        time                    speed        multi score deduction    hands            steal
+    {"第１ステージ　まずはイントロ",       rangeIntro,  playTimeTenSeconds,     speedNormal, 1,    10,   noDeduction, handsNone,    0, stealNone,
      "kirakira jingle susanna"},
-    {"第２ステージ　サビの３秒",            rangeSabi,   threeSeconds, normalSpeed, 1,    20,   -5,          handsInQuest, 1,  none,
+    {"第２ステージ　サビの３秒",           rangeSabi,   playTimeThreeSeconds,   speedNormal, 1,    20,   -5,          handsInQuest, 1, stealNone,
      "sakura hotaru tengoku"},
-    {"第３ステージ　三曲いっせい",          rangeIntro,  fifteenSeconds, normalSpeed, 3,  30,   -5,          handsInStage, 2,  none,
+    {"第３ステージ　三曲いっせい",         rangeIntro,  playTimeFifteenSeconds, speedNormal, 3,    30,   -5,          handsInStage, 2, stealNone,
      "alps yorokobi seija  choucho menuet greensleeves"},
-    {"第４ステージ　二倍の速さでランダム",  rangeRandom, fiveSeconds,  doubleSpeed, 1,    30,   -5,          handsRest,    1,  none,
+    {"第４ステージ　二倍の速さでランダム", rangeRandom, playTimeFiveSeconds,    speedDouble, 1,    30,   -5,          handsRest,    1, stealNone,
      "koujou amazing"},
-    {"最終ステージ　横取り勝負",            rangeSabi,   tenSeconds,   normalSpeed, 1,    50,   -10,         handsRest,    1,  0,
+    {"最終ステージ　横取り勝負",           rangeSabi,   playTimeTenSeconds,     speedNormal, 1,    50,   -10,         handsRest,    1, stealByName,
      "ieji canon"},
 });
 
 constexpr auto shortQuiz = std::to_array<Stage>({
-    {"前半　やさしいイントロ",              rangeIntro,  wholeRange,   normalSpeed, 1,    10,   noDeduction, none,         0,  none,
+    {"前半　やさしいイントロ",             rangeIntro,  playTimeWholeRange,     speedNormal, 1,    10,   noDeduction, handsNone,    0, stealNone,
      "oshougatsu kiyoshi elise"},
-    {"後半　サビの１秒",                    rangeSabi,   oneSecond,    normalSpeed, 1,    20,   -5,          handsInQuest, 1,  0,
+    {"後半　サビの１秒",                   rangeSabi,   playTimeOneSecond,      speedNormal, 1,    20,   -5,          handsInQuest, 1, stealByName,
      "turkish donau"},
 });
 // clang-format on

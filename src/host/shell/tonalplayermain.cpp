@@ -8,6 +8,7 @@
 #include "data/accesser_application.h"
 #include "data/acs_log_message.h"
 #include "data/app_logger.h"
+#include "data/labels.h"
 #include "data/log_message.h"
 #include "editors/part_detail.h"
 #include "editors/resource_detail.h"
@@ -168,9 +169,9 @@ void Start::fillTrainingSession() {
     training.clear();
     training.setName("特訓メニュー");
     training.setQuestNum(10);
-    training.setRange(0);
-    training.setSpeed(0);
-    training.setInterval(4);
+    training.setRange(rangeIntro);
+    training.setSpeed(speedNormal);
+    training.setInterval(playTimeTenSeconds);
     training.setMulti(1);
 }
 
