@@ -9,6 +9,7 @@
 #include "foundation/views/message_box.h"
 #include "host/shell/judging.h"
 #include "host/shell/session_commands.h"
+#include "host/shell/timers.h"
 #include "host/state/console_ids.h"
 #include "host/state/current_quest.h"
 #include "host/state/effects.h"
@@ -28,7 +29,6 @@
 namespace {
 
 constexpr unsigned leadInTickMs = 500;
-constexpr unsigned playTickMs = 50;
 constexpr unsigned applauseDelayMs = 500;
 
 // The session that a handler began with may be over when a dialog closes.
@@ -56,7 +56,7 @@ void startPlay() {
     HostState& state = host();
     stopSongs();
     startSongs();
-    platform::setTimer(state.mainWindow, ids::playTimer, playTickMs);
+    startPlayTimer();
     state.playElapsed = 0;
     state.songsStarted = true;
     state.vrmStatus = 0;

@@ -20,7 +20,7 @@ void onLeadInTick() {
     unloadSound(state.effectMedia);
     if (!accepts(EV_PLAY)) return;
     enterPlay();
-    platform::setTimer(state.mainWindow, ids::playTimer, playTickMs);
+    startPlayTimer();
 }
 
 void onPlayTick() {
@@ -39,6 +39,10 @@ void onPlayTick() {
 }
 
 } // namespace
+
+void startPlayTimer() {
+    platform::setTimer(host().mainWindow, ids::playTimer, playTickMs);
+}
 
 void killSessionTimers() {
     platform::killTimer(host().mainWindow, ids::leadInTimer);

@@ -3,5 +3,7 @@
 
 void onTimer(unsigned id);
 
+void startPlayTimer();
+
 // Lead-in and applause wait no longer; the play watch is haltSongs' own.
 void killSessionTimers();
