@@ -6,6 +6,8 @@
 
 namespace zelkova {
 
+DataPairs::DataPairs(std::string key, std::int32_t value) : DataPairs(std::move(key), numberToText(value)) {}
+
 void DataPairs::set(std::string key, std::string value) {
     key_ = std::move(key);
     value_ = std::move(value);
@@ -25,7 +27,7 @@ void DataPairsList::add(std::string key, std::string value) {
 }
 
 void DataPairsList::add(std::string key, std::int32_t value) {
-    add(std::move(key), numberToText(value));
+    pairs_.emplace_back(std::move(key), value);
 }
 
 void DataPairsList::remove(std::string_view key) {

@@ -2,6 +2,7 @@
 // The ordered key/value record that carries the variable parts of messages and the dumps of records.
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +16,7 @@ class DataPairs : public DataObject {
 public:
     DataPairs() = default;
     DataPairs(std::string key, std::string value) : key_(std::move(key)), value_(std::move(value)) {}
+    DataPairs(std::string key, std::int32_t value);
 
     const std::string& getKey() const { return key_; }
     const std::string& getValue() const { return value_; }
@@ -33,6 +35,9 @@ private:
 // with the first match.
 class DataPairsList : public DataObject {
 public:
+    DataPairsList() = default;
+    DataPairsList(std::initializer_list<DataPairs> pairs) : pairs_(pairs) {}
+
     void add(std::string key, std::string value);
     void add(std::string key, std::int32_t value);
     // Takes away the first match; nothing happens without one.

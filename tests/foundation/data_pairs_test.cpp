@@ -24,10 +24,7 @@ TEST(DataPairsList, LooksUpBlindToCase) {
 }
 
 TEST(DataPairsList, ExpandsTemplates) {
-    DataPairsList pairs;
-    pairs.add("X", "1");
-    pairs.add("Y", "2");
-    pairs.add("Z", "3");
+    const DataPairsList pairs{{"X", "1"}, {"Y", 2}, {"Z", "3"}};
     const struct {
         const char *text, *all, *withoutRest;
     } cases[] = {

@@ -16,9 +16,7 @@
 namespace {
 
 void logEvent(const std::string& event) {
-    zelkova::DataPairsList pairs;
-    pairs.add("EVENT", event);
-    writeLog(1000003, pairs);
+    writeLog(1000003, {{"EVENT", event}});
 }
 
 void onAccept() {
@@ -37,10 +35,8 @@ void onAccept() {
     state.server->setClientHost(state.clientHost);
     state.server->setServerHost(state.serverHost);
 
-    zelkova::DataPairsList pairs;
-    pairs.add("SERVER_HOST", state.serverHost);
-    pairs.add("SERVER_PORT", state.dataApplication.getServerPort());
-    writeLog(2000015, pairs);
+    writeLog(2000015,
+             {{"SERVER_HOST", state.serverHost}, {"SERVER_PORT", state.dataApplication.getServerPort()}});
 }
 
 void onWritable() {
@@ -55,12 +51,10 @@ void onWritable() {
     greeting.setMessage(DefineVrp::getReplyText(201));
     state.server->send(greeting);
 
-    zelkova::DataPairsList pairs;
-    pairs.add("SERVER_HOST", state.serverHost);
-    pairs.add("SERVER_PORT", state.dataApplication.getServerPort());
-    pairs.add("CLIENT_HOST", state.clientHost);
-    pairs.add("CLIENT_PORT", state.clientPort);
-    writeLog(2000016, pairs);
+    writeLog(2000016, {{"SERVER_HOST", state.serverHost},
+                       {"SERVER_PORT", state.dataApplication.getServerPort()},
+                       {"CLIENT_HOST", state.clientHost},
+                       {"CLIENT_PORT", state.clientPort}});
     showStatusBar(2000023);
 }
 

@@ -86,9 +86,8 @@ bool startServer() {
     const int port = state.dataApplication.getServerPort();
     auto server = std::make_unique<ServerVrp>(2, 0);
     if (port == 0 || !server->create() || !server->bind(port) || !server->listen()) {
-        zelkova::DataPairsList pairs;
-        pairs.add("PORT", port);
-        zelkova::showMessage_pairs(state.mainWindow, 4000006, zelkova::MessageButtons::Ok, 0, pairs);
+        zelkova::showMessage_pairs(state.mainWindow, 4000006, zelkova::MessageButtons::Ok, 0,
+                                   {{"PORT", port}});
         return false;
     }
     server->asyncSelectListener(state.mainWindow, socketMessage, platform::FD_ACCEPT);
@@ -124,10 +123,7 @@ void offerHistory() {
     options.defaultExtension = "xml";
     while (const auto file = platform::saveFileDialog(state.mainWindow, options)) {
         if (state.accesserSessionHistory.save(*file, state.dataSessionHistory)) return;
-        zelkova::DataPairsList pairs;
-        pairs.add("FILE", *file);
-        writeLog(4000011, pairs);
-        zelkova::showMessage_pairs(state.mainWindow, 4000011, zelkova::MessageButtons::Ok, 0, pairs);
+        zelkova::reportMessage(state.mainWindow, 4000011, {{"FILE", *file}});
         options.startPath = *file;
         options.fileName.clear();
     }
@@ -158,10 +154,7 @@ void openSession() {
     if (!file) return;
     const auto plan = readSession(*file);
     if (!plan) {
-        zelkova::DataPairsList pairs;
-        pairs.add("SESSION", *file);
-        writeLog(4000005, pairs);
-        zelkova::showMessage_pairs(state.mainWindow, 4000005, zelkova::MessageButtons::Ok, 0, pairs);
+        zelkova::reportMessage(state.mainWindow, 4000005, {{"SESSION", *file}});
         return;
     }
     takeOver(*plan, *file);
@@ -179,14 +172,9 @@ void openSession() {
     resetHistory();
 
     state.sessionStartTime = platform::getLocalTime();
-    zelkova::DataPairsList pairs;
-    pairs.add("SESSION", state.sessionName);
-    pairs.add("PORT", state.dataApplication.getServerPort());
-    writeLog(2000007, pairs);
-    zelkova::DataPairsList address;
-    address.add("HOST", state.server->getLocalAddress());
-    address.add("PORT", state.dataApplication.getServerPort());
-    showStatusBar(2000022, address);
+    const int port = state.dataApplication.getServerPort();
+    writeLog(2000007, {{"SESSION", state.sessionName}, {"PORT", port}});
+    showStatusBar(2000022, {{"HOST", state.server->getLocalAddress()}, {"PORT", port}});
 }
 
 void closeSession() {
@@ -209,9 +197,7 @@ void closeSession() {
     clearQuestList();
     refreshUserPane();
 
-    zelkova::DataPairsList pairs;
-    pairs.add("SESSION", state.sessionName);
-    writeLog(2000008, pairs);
+    writeLog(2000008, {{"SESSION", state.sessionName}});
     showStatusBar(2000021);
     state.endingSession = false;
 }

@@ -46,10 +46,7 @@ void startLeadIn() {
     state.vrmStatus = 0;
 
     openQuestRecord();
-    zelkova::DataPairsList pairs;
-    pairs.add("Quest", state.curQuestNumber);
-    pairs.add("Answer", answerText());
-    writeLog(2000019, pairs);
+    writeLog(2000019, {{"Quest", state.curQuestNumber}, {"Answer", answerText()}});
 }
 
 void startPlay() {
@@ -133,9 +130,7 @@ bool finishSession() {
     requestRevision();
     showStatusBar(2000026);
     platform::setTimer(state.mainWindow, ids::applauseTimer, applauseDelayMs);
-    zelkova::DataPairsList pairs;
-    pairs.add("USER", winners());
-    writeLog(2000027, pairs);
+    writeLog(2000027, {{"USER", winners()}});
     return true;
 }
 
@@ -166,10 +161,7 @@ void onReply(const VRMessage& message) {
         const LogRange branch("lpVrmResponse->getReply()!=requestMethod");
         // Closed first: behind the box the terminal may already answer again.
         state.vrmStatus = 0;
-        zelkova::DataPairsList pairs;
-        pairs.add("REPLY_METHOD", reply);
-        writeLog(4000004, pairs);
-        zelkova::showMessage_pairs(state.mainWindow, 4000004, zelkova::MessageButtons::Ok, 0, pairs);
+        zelkova::reportMessage(state.mainWindow, 4000004, {{"REPLY_METHOD", reply}});
     } else if (reply == DefineVrp::MDS_STATUSNOTIFY) {
         const LogRange branch("lpVrmResponse->getReply()==DefineVrp::MDS_STATUSNOTIFY");
         onStatusReply(response.getCode());

@@ -108,9 +108,7 @@ void onRequest(const VRMessage& message) {
         const LogRange branch("vrm.getMethod()==DefineVrp::MDS_ANSREQ");
         onAnswerRequest(message);
     } else {
-        zelkova::DataPairsList pairs;
-        pairs.add("MESSAGE", method);
-        writeLog(1000004, pairs);
+        writeLog(1000004, {{"MESSAGE", method}});
         refuseRequest();
     }
 }

@@ -181,24 +181,21 @@ void tellProblems(const std::vector<StartProblem>& problems) {
         zelkova::DataPairsList pairs;
         pairs.add("FILE", problem.file);
         if (!problem.reason.empty()) pairs.add("MESSAGE", problem.reason);
+        if (!AppLogger::getMessage(problem.code).getContents().empty()) {
+            zelkova::reportMessage(owner, problem.code, pairs);
+            continue;
+        }
+        // The texts themselves could not be read.
         writeLog(problem.code, pairs);
-        if (AppLogger::getMessage(problem.code).getContents().empty())
-            // The texts themselves could not be read.
-            platform::messageBox(owner, "メッセージの一覧を読み込めません。\r\n" + problem.file,
-                                 host().dataApplication.getNameJpn(), platform::Buttons::Ok,
-                                 platform::SystemIcon::Warning);
-        else
-            zelkova::showMessage_pairs(owner, problem.code, zelkova::MessageButtons::Ok, 0, pairs);
+        platform::messageBox(owner, "メッセージの一覧を読み込めません。\r\n" + problem.file,
+                             host().dataApplication.getNameJpn(), platform::Buttons::Ok,
+                             platform::SystemIcon::Warning);
     }
 }
 
 // Log line and message 4000002.
 void tellFault(const std::string& text, int returned) {
-    zelkova::DataPairsList pairs;
-    pairs.add("MESSAGE", text);
-    pairs.add("RETCODE", returned);
-    writeLog(4000002, pairs);
-    zelkova::showMessage_pairs(host().mainWindow, 4000002, zelkova::MessageButtons::Ok, 0, pairs);
+    zelkova::reportMessage(host().mainWindow, 4000002, {{"MESSAGE", text}, {"RETCODE", returned}});
 }
 
 int runLoop() {

@@ -4,7 +4,6 @@
 
 #include "foundation/views/message_box.h"
 #include "host/state/current_quest.h"
-#include "host/state/host_log.h"
 #include "host/state/host_state.h"
 #include "host/state/intro_state.h"
 #include "protocol/define_vrp.h"
@@ -50,12 +49,8 @@ void requestRevision() {
 
 void refuse(int event) {
     HostState& state = host();
-    state.statePairs.clear();
-    state.statePairs.add("STATUS", state.kdlState->getState()->getStateName());
-    state.statePairs.add("EVENT", event);
-    const zelkova::DataPairsList pairs = state.statePairs;
-    writeLog(4000003, pairs);
-    zelkova::showMessage_pairs(state.mainWindow, 4000003, zelkova::MessageButtons::Ok, 0, pairs);
+    state.statePairs = {{"STATUS", state.kdlState->getState()->getStateName()}, {"EVENT", event}};
+    zelkova::reportMessage(state.mainWindow, 4000003, state.statePairs);
 }
 
 bool guard(int event) {
