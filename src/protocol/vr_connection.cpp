@@ -33,7 +33,8 @@ void VRConnection::sendResponse(int code, std::string_view repliedMethod) {
 }
 
 int VRConnection::receive(VRMessage& message) {
-    std::string text;
+    std::string& text = receivedText_;
+    text.clear();
     LineScanner lines;
     std::size_t total = 0;
     int result = 0;

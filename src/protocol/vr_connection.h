@@ -25,7 +25,9 @@ public:
     // before the message was complete, or grew too long without an end; the message holds what could be read.
     // All that was read is used up either way: what stood behind the message's end is lost.
     int receive(VRMessage& message);
+    // The bytes that the last call of receive() had to understand.
+    const std::string& receivedText() const { return receivedText_; }
 
 private:
-    std::string clientHost_, serverHost_;
+    std::string clientHost_, serverHost_, receivedText_;
 };

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "e2e/desk.h"
+#include "platform/files.h"
 
 namespace {
 
@@ -112,6 +113,17 @@ TEST_F(BadWire, AClosingReplyClosesOnlyWhileARequestIsOpen) {
     EXPECT_EQ(host().vrmStatus, 0);
     EXPECT_TRUE(
         platform::driver::settleUntil([this] { return desk.peer->receive().empty() && desk.peer->ended(); }));
+}
+
+TEST_F(BadWire, WhatIsNoMessageStandsInTheLogAsItCame) {
+    desk.sayRaw("GET / HTTP/1.1\r\nHost:\tkdl\x1B\r\n\r\n");
+    EXPECT_EQ(desk.hear().getNumber("Code"), 503);
+    desk.sayRaw("表示\n.\r\n.\r\n");
+    EXPECT_EQ(desk.hear().getNumber("Code"), 502);
+    const std::string log = platform::readFile(desk.folder.file("log/kdl_server.log")).value_or("");
+    for (const char* line :
+         {" :電文：GET / HTTP/1.1[↓]Host:[09]kdl[1B][↓][↓]\n", "METHOD=[], MESSAGE=[表示[0A].[↓].[↓]]\n"})
+        EXPECT_NE(log.find(line), std::string::npos) << line;
 }
 
 TEST_F(BadWire, RandomBytes) {

@@ -1,5 +1,8 @@
 #include "host/shell/server_events.h"
 
+#include <cstdio>
+
+#include "data/app_logger.h"
 #include "foundation/text.h"
 #include "host/shell/session_commands.h"
 #include "host/shell/terminal_replies.h"
@@ -73,21 +76,37 @@ void dispatch(const VRMessage& message) {
     onRequest(message);
 }
 
+// On one line of the log: line ends and other control characters get visible forms.
+std::string onOneLine(const std::string& text) {
+    std::string line;
+    for (const char c : zelkova::replaceAll(text, "\r\n", "[↓]")) {
+        if (const auto byte = static_cast<unsigned char>(c); byte >= ' ' && byte != 0x7F) {
+            line += c;
+        } else {
+            char code[8];
+            std::snprintf(code, sizeof code, "[%02X]", byte);
+            line += code;
+        }
+    }
+    return line;
+}
+
+// What came, as far as it was understood; what cannot be a message stands there as it is.
+std::string logText(VRMessage& message) {
+    return onOneLine(message.getMethod().empty() ? host().server->receivedText() : message.toString());
+}
+
 void onReadable() {
     VRMessage message;
     const int result = host().server->receive(message);
     if (result <= 0) {
-        zelkova::DataPairsList pairs;
-        pairs.add("MESSAGE", message.toString());
-        writeLog(1000004, pairs);
+        if (AppLogger::isEnabled(1000004)) writeLog(1000004, {{"MESSAGE", logText(message)}});
         host().server->sendResponse(503, "Unkown");
         return;
     }
-    zelkova::DataPairsList pairs;
-    pairs.add("EVENT", "FD_READ");
-    pairs.add("METHOD", message.getMethod());
-    pairs.add("MESSAGE", zelkova::replaceAll(message.toString(), "\r\n", "[↓]"));
-    writeLog(1000003, pairs);
+    if (AppLogger::isEnabled(1000003))
+        writeLog(1000003,
+                 {{"EVENT", "FD_READ"}, {"METHOD", message.getMethod()}, {"MESSAGE", logText(message)}});
     dispatch(message);
 }
 
