@@ -16,18 +16,13 @@ namespace {
 
 constexpr const char* rootName = "session";
 
-std::string& stylesheet() {
-    static std::string name;
-    return name;
-}
-
 // The elements ahead of the stages. The blanks keep a text node in each element.
 constexpr const char* headerElements[][2] = {
     {"maxPart", "0"}, {"conceptType", "0"}, {"sessionName", " "}, {"sessionVoice", " "},
     {"mcVoice", " "}, {"day", " "},         {"total", "0"}};
 
-std::string emptySession() {
-    const xml::NewDocument document = xml::createDocument(rootName, stylesheet());
+std::string emptySession(const std::string& stylesheet) {
+    const xml::NewDocument document = xml::createDocument(rootName, stylesheet);
     for (const auto& [name, text] : headerElements)
         document->getDocumentElement()->appendChild(XmlDom::createTextElement(*document, name, text));
     return xml::serialise(document.get(), xml::encodingOfNew);
@@ -51,18 +46,18 @@ void readPart(const DOMElement* element, DataSession& part) {
 } // namespace
 
 void AccesserSession::setStylesheet(const std::string& name) {
-    stylesheet() = name;
+    stylesheet_ = name;
 }
 
 int AccesserSession::open(const std::string& path) {
     close();
-    if (!platform::pathExists(path)) platform::replaceFile(path, emptySession());
+    if (!platform::pathExists(path)) platform::replaceFile(path, emptySession(stylesheet_));
     return load(path) == 0 ? 0 : begin();
 }
 
 int AccesserSession::create(const std::string& path) {
     close();
-    return load(path, emptySession()) == 0 ? 0 : begin();
+    return load(path, emptySession(stylesheet_)) == 0 ? 0 : begin();
 }
 
 int AccesserSession::begin() {

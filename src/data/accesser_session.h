@@ -54,6 +54,7 @@ private:
     std::int32_t headerNumber(std::string_view name) const;
     void setHeader(std::string_view name, const std::string& text);
 
+    static inline std::string stylesheet_;
     bool opened_ = false;
     std::int32_t maxPart_ = 0;                           // the highest number of a stage; never below 0
     std::map<std::int32_t, xercesc::DOMElement*> parts_; // the first of each number

@@ -8,21 +8,12 @@
 
 using namespace xercesc;
 
-namespace {
-
-std::string& stylesheet() {
-    static std::string name;
-    return name;
-}
-
-} // namespace
-
 void AccesserSessionHistory::setStylesheet(const std::string& name) {
-    stylesheet() = name;
+    stylesheet_ = name;
 }
 
 int AccesserSessionHistory::save(const std::string& path, const DataSessionHistory& history) {
-    const xml::NewDocument document = xml::createDocument("session", stylesheet());
+    const xml::NewDocument document = xml::createDocument("session", stylesheet_);
     writeSession(*document, *document->getDocumentElement(), history);
     return xml::write(path, document.get(), xml::encodingOfNew) ? 1 : 0;
 }

@@ -17,4 +17,7 @@ public:
 protected:
     virtual void writeSession(xercesc::DOMDocument& document, xercesc::DOMElement& root,
                               const DataSessionHistory& history);
+
+private:
+    static inline std::string stylesheet_;
 };

@@ -6,11 +6,6 @@ namespace {
 
 using platform::Rect;
 
-// The strip that is being dragged, if any; there is one mouse.
-enum class Drag { None, Right, Bottom };
-Drag drag = Drag::None;
-int dragOffset = 0; // from the mouse to the border when it was taken
-
 struct Point {
     int x, y;
 };
@@ -21,25 +16,25 @@ Point pointOf(platform::LParam lParam) {
             static_cast<std::int16_t>(platform::highWord(bits))};
 }
 
-Drag stripAt(const SplitterRecord& record, Point point) {
+SplitterStrip stripAt(const SplitterRecord& record, Point point) {
     const Rect client = platform::getClientRect(record.self);
-    if (record.right && point.x >= client.width - splitterWidth) return Drag::Right;
-    if (record.below && point.y >= client.height - splitterWidth) return Drag::Bottom;
-    return Drag::None;
+    if (record.right && point.x >= client.width - splitterWidth) return SplitterStrip::Right;
+    if (record.below && point.y >= client.height - splitterWidth) return SplitterStrip::Bottom;
+    return SplitterStrip::None;
 }
 
 void showCursor(const SplitterRecord& record, Point point) {
-    const Drag strip = stripAt(record, point);
-    platform::setCursor(record.self, strip == Drag::Right    ? platform::Cursor::SplitHorizontal
-                                     : strip == Drag::Bottom ? platform::Cursor::SplitVertical
-                                                             : platform::Cursor::Arrow);
+    const SplitterStrip strip = stripAt(record, point);
+    platform::setCursor(record.self, strip == SplitterStrip::Right    ? platform::Cursor::SplitHorizontal
+                                     : strip == SplitterStrip::Bottom ? platform::Cursor::SplitVertical
+                                                                      : platform::Cursor::Arrow);
 }
 
 // Moves the border between this window and its neighbour to the wanted size of this one.
-void moveBorder(const SplitterRecord& record, Drag strip, int wanted) {
+void moveBorder(const SplitterRecord& record, SplitterStrip strip, int wanted) {
     Rect self = platform::getRect(record.self);
     platform::lockUpdate(record.parent, true);
-    if (strip == Drag::Right) {
+    if (strip == SplitterStrip::Right) {
         Rect right = platform::getRect(record.right);
         const int end = right.left + right.width;
         self.width =
@@ -78,27 +73,28 @@ platform::LResult BaseWnd::componentWndProc(platform::WindowHandle window, unsig
                                             platform::WParam wParam, platform::LParam lParam) {
     if (!splitter_) return platform::defWindowProc(window, message, wParam, lParam);
     const SplitterRecord& record = *splitter_;
+    const Point point = pointOf(lParam); // of the mouse messages
     switch (message) {
     case platform::WM_SIZE:
         layOutChild(record);
         return 0;
     case platform::WM_LBUTTONDOWN:
-        drag = stripAt(record, pointOf(lParam));
-        dragOffset = drag == Drag::Right ? platform::getClientRect(window).width - pointOf(lParam).x
-                                         : platform::getClientRect(window).height - pointOf(lParam).y;
-        if (drag != Drag::None) platform::captureMouse(window);
+        dragged_ = stripAt(record, point);
+        dragOffset_ = dragged_ == SplitterStrip::Right ? platform::getClientRect(window).width - point.x
+                                                       : platform::getClientRect(window).height - point.y;
+        if (dragged_ != SplitterStrip::None) platform::captureMouse(window);
         return 0;
     case platform::WM_MOUSEMOVE:
-        if (!platform::hasMouse(window)) drag = Drag::None;
-        if (drag == Drag::None)
-            showCursor(record, pointOf(lParam));
+        if (!platform::hasMouse(window)) dragged_ = SplitterStrip::None;
+        if (dragged_ == SplitterStrip::None)
+            showCursor(record, point);
         else
-            moveBorder(record, drag,
-                       dragOffset + (drag == Drag::Right ? pointOf(lParam).x : pointOf(lParam).y));
+            moveBorder(record, dragged_,
+                       dragOffset_ + (dragged_ == SplitterStrip::Right ? point.x : point.y));
         return 0;
     case platform::WM_LBUTTONUP:
-        if (drag != Drag::None) platform::releaseMouse();
-        drag = Drag::None;
+        if (dragged_ != SplitterStrip::None) platform::releaseMouse();
+        dragged_ = SplitterStrip::None;
         return 0;
     default:
         return platform::defWindowProc(window, message, wParam, lParam);

@@ -13,6 +13,9 @@ struct SplitterRecord {
 
 constexpr int splitterWidth = 5; // pixels, also the least width and height of a base window
 
+// The edge of a base window that can be dragged.
+enum class SplitterStrip { None, Right, Bottom };
+
 class BaseWnd : public zelkova::Component {
 public:
     platform::LResult componentWndProc(platform::WindowHandle window, unsigned message,
@@ -25,6 +28,8 @@ protected:
 
 private:
     SplitterRecord* splitter_ = nullptr;
+    SplitterStrip dragged_ = SplitterStrip::None;
+    int dragOffset_ = 0; // from the mouse to the border when it was taken
 };
 
 class BaseLeftWnd : public BaseWnd {};

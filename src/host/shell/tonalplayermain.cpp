@@ -124,11 +124,10 @@ void Start::openCatalogue() {
 }
 
 void Start::nameStylesheets() {
-    host().accesserSession.setStylesheet(path("../cnf/SessionPrint.xsl"));
+    AccesserSession::setStylesheet(path("../cnf/SessionPrint.xsl"));
     // An absolute path begins with "/", which is the third slash of the address.
     const std::string history = path("../cnf/SessionHistory.xsl");
-    host().accesserSessionHistory.setStylesheet((history.starts_with("/") ? "file://" : "file:///") +
-                                                history);
+    AccesserSessionHistory::setStylesheet((history.starts_with("/") ? "file://" : "file:///") + history);
 }
 
 void Start::lendEditors() {

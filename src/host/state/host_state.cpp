@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "foundation/views/message_box.h"
+
 namespace {
 
 std::optional<HostState> state;
@@ -15,5 +17,10 @@ HostState& host() {
 
 void resetHost() {
     state.reset();
+    AccesserSession::setStylesheet("");
+    AccesserSessionHistory::setStylesheet("");
+    zelkova::setCatalogPath("");
+    zelkova::setTitleParts("", "");
+    zelkova::setHelpUrl({});
     state.emplace();
 }

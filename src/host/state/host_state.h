@@ -1,7 +1,9 @@
 #pragma once
 // The state of the host: one thread, one show, one record of everything that its windows and dialogs share.
-// Beside it only the log and the sound device are process-wide. The objects are built in the order they stand
-// here, before the first window, and destroyed in reverse order after the last.
+// Process-wide beside it are the log, what start-up hands to the message boxes and to the makers of new files
+// (their stylesheets), and what the platform layer keeps in the system's place: windows, timers, sockets,
+// sound, names of files. The objects are built in the order they stand here, before the first window, and
+// destroyed in reverse order after the last.
 
 #include <array>
 #include <memory>
@@ -112,5 +114,6 @@ struct HostState {
 
 HostState& host();
 
-// Takes the whole state down and builds it anew. Windows and server must be gone.
+// Takes the whole state down and builds it anew; boxes and new files lose what start-up gave them. Windows
+// and server must be gone.
 void resetHost();
