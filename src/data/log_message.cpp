@@ -34,10 +34,6 @@ std::int32_t actionFromText(std::string_view text) {
     return found == actions.end() ? 0 : static_cast<std::int32_t>(found - actions.begin());
 }
 
-std::string actionText(std::int32_t action) {
-    return entry(actions, action);
-}
-
 std::span<const record::Field<DataLogMessage>> DataLogMessage::fields() {
     static const record::Field<DataLogMessage> table[] = {
         {"code", "@code", &DataLogMessage::mCode},

@@ -14,7 +14,6 @@ std::string levelText(std::int32_t level);
 std::int32_t levelFromText(std::string_view text);
 // What a user can do: 0 "NONE", 1 "RETRY", 2 "ABORT", 3 "STOP", 4 "SKIP"; an unknown text gives 0.
 std::int32_t actionFromText(std::string_view text);
-std::string actionText(std::int32_t action);
 
 class DataLogMessage final {
 public:

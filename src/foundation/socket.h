@@ -56,9 +56,6 @@ public:
 
     bool getClientAddress(const platform::PeerAddress& peer, std::string& host, int& port) const;
     int getPort() const { return port_; } // of the last bind
-    // What socket events carry as wParam; 0 when there is none.
-    platform::SocketHandle getConnectedSocket() const { return connectedSocket_; }
-    platform::SocketHandle getListeningSocket() const { return listeningSocket_; }
 
 private:
     int port_ = 0;

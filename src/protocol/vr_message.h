@@ -21,11 +21,6 @@ public:
     virtual ~VRMessage() = default;
 
     std::string getMethod() const { return method_; }
-    std::string getTarget() const { return target_; }
-    std::int32_t getMajorVersion() const { return majorVersion_; }
-    std::int32_t getMinorVersion() const { return minorVersion_; }
-    // Of the last build or parse; a received value need not be true.
-    std::int32_t getLength() const { return length_; }
     const zelkova::DataPairsList& getPairs() const { return pairs_; }
     // Of the first line with that name in any case; "" and 0 without one.
     std::string getText(std::string_view name) const { return pairs_.getValue(name); }
@@ -38,7 +33,7 @@ public:
     void add(std::string_view name, std::int32_t value);
 
     // The whole message as bytes. With `setLength` its length is worked out first, as every sent message
-    // needs.
+    // needs; else it is that of the last build or parse, and a received one need not be true.
     std::string build(bool setLength);
     std::string toString() { return build(true); }
 
