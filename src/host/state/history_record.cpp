@@ -20,19 +20,20 @@ void noteScores() {
     record.setScore4(users[3].getScore());
 }
 
-std::string fullWidth(int number) {
+// Of a number that is not below 0.
+std::string fullWidth(std::int64_t number) {
     static constexpr std::array<const char*, 10> digits{"０", "１", "２", "３", "４",
                                                         "５", "６", "７", "８", "９"};
     std::string text;
-    for (const char digit : zelkova::numberToText(number))
+    for (const char digit : std::to_string(number))
         text += digits[static_cast<std::size_t>(digit - '0')];
     return text;
 }
 
 // "N日N時間N分N秒" without the units that are 0.
 std::string runningTime(const zelkova::DateTime& start, const zelkova::DateTime& end) {
-    const int all = zelkova::secondsBetween(start, end);
-    const std::array<std::pair<int, const char*>, 4> units{
+    const std::int64_t all = zelkova::secondsBetween(start, end);
+    const std::array<std::pair<std::int64_t, const char*>, 4> units{
         {{all / 86400, "日"}, {all / 3600 % 24, "時間"}, {all / 60 % 60, "分"}, {all % 60, "秒"}}};
     std::string text;
     for (const auto& [count, unit] : units)
