@@ -40,7 +40,7 @@ enum NotifyCode : int {
     NM_DBLCLK = -3,            // a row was double-clicked; it is the selected row
     NM_RCLICK = -5,            // right click, which selects the row below the cursor first, or the menu key
     LVN_ITEMCHANGED = -101,    // the selection changed
-    LVN_COLUMNCLICK = -108,    // see clickedColumn() in listview.h
+    LVN_COLUMNCLICK = -108,    // see listClickedColumn()
     LVN_KEYDOWN = -155,        // the Delete key was pressed in the list
     DTN_DATETIMECHANGE = -759, // a date or time picker shows another value (by the user only)
 };
