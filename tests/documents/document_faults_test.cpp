@@ -5,14 +5,14 @@
 
 #include <gmock/gmock.h>
 
-#include "documents/office.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "support/office.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using namespace documents_tests;
+using namespace test_support;
 using testing::HasSubstr;
 
 class DocumentFaults : public testing::Test {
