@@ -14,8 +14,7 @@ void SpeedChanger::Free::operator()(_GstAudioResampler* resampler) const {
     gst_audio_resampler_free(resampler);
 }
 
-void SpeedChanger::setSpeed(int thousandths) {
-    resampler_.reset();
+SpeedChanger::SpeedChanger(int thousandths) {
     if (thousandths == normalSpeed || !startGstreamer()) return;
     constexpr auto method = GST_AUDIO_RESAMPLER_METHOD_KAISER;
     GstStructure* options = gst_structure_new_empty("options");

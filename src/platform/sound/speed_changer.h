@@ -11,8 +11,9 @@ namespace platform::sound {
 
 class SpeedChanger {
 public:
-    // Thousandths, 3 to 2267; 1000 passes the frames on untouched.
-    void setSpeed(int thousandths);
+    SpeedChanger() = default; // passes the frames on untouched
+    // Thousandths, 3 to 2267. Works out its tables: not for a thread that must not wait.
+    explicit SpeedChanger(int thousandths);
     // The next frames do not follow those before.
     void forget();
     // How many frames change() needs to make so many.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <future>
+#include <utility>
 
 #include "platform/files.h"
 #include "platform/sound/background.h"
@@ -55,8 +56,7 @@ void Voice::close() {
     playing_ = false;
     frame_ = 0;
     direction_ = Direction::Forward;
-    speed_ = normalSpeed;
-    changer_.setSpeed(speed_);
+    changer_ = {};
 }
 
 bool Voice::play(Direction direction) {
@@ -129,10 +129,11 @@ bool Voice::setVolume(int thousandths) {
 }
 
 bool Voice::setSpeed(int thousandths) {
+    if (!isSpeed(thousandths)) return false;
+    SpeedChanger changer(thousandths); // the mixer does not wait for its tables
     const std::lock_guard lock(mutex_);
-    if (!open_ || !isSpeed(thousandths)) return false;
-    speed_ = thousandths;
-    changer_.setSpeed(speed_);
+    if (!open_) return false;
+    std::swap(changer_, changer);
     return true;
 }
 

@@ -63,7 +63,6 @@ private:
     Direction direction_ = Direction::Forward; // in which the stream runs
     std::int64_t frame_ = 0;                   // the next one that is heard
     int volume_ = fullVolume;
-    int speed_ = normalSpeed;
     int starved_ = 0;        // blocks in a row that found nothing decoded
     Gains lastGains_ = {};   // of the block before; a change is spread over one block
     bool sounding_ = false;  // the block before was heard
