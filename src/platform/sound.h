@@ -71,7 +71,8 @@ enum class SoundOutput {
     Captured, // as Clocked, and every block is also handed to the capture function
 };
 
-// A block as it would have reached the loudspeaker: interleaved 16-bit stereo at 44100 Hz, gains applied.
+// What one player adds to the mix: interleaved 16-bit stereo at 44100 Hz, gains applied. The mix itself is
+// turned down where several at once are too loud for it.
 struct CapturedBlock {
     const void* player; // whose sound it is; the device itself for playSound
     std::uint32_t tick; // getTickCount() when the first sample was due, by the system's clock

@@ -112,23 +112,22 @@ std::uint32_t Mixer::dueTick() const {
 }
 
 void Mixer::mixBlock() {
-    std::vector<Entry> entries;
     {
         const std::lock_guard lock(mutex_);
-        entries = entries_;
+        sounding_ = entries_;
     }
     const unsigned word = masterVolume_;
     const Gains master = {static_cast<float>(word & 0xFFFF) / 65535.0F,
                           static_cast<float>(word >> 16) / 65535.0F};
-    std::vector<Start> starts;
-    for (const Entry& entry : entries)
-        if (const auto start = entry.voice->start()) starts.push_back(*start);
+    starts_.clear();
+    for (const Entry& entry : sounding_)
+        if (const auto start = entry.voice->start()) starts_.push_back(*start);
     const auto now = Clock::now();
     Block mix = {};
     Block block;
     Samples samples;
-    for (const Entry& entry : entries) {
-        if (const auto start = entry.voice->start(); start && !mayStart(*start, starts, now)) continue;
+    for (const Entry& entry : sounding_) {
+        if (const auto start = entry.voice->start(); start && !mayStart(*start, starts_, now)) continue;
         if (!entry.voice->render(block, master)) continue;
         if (capture_) {
             toSamples(block, samples);
@@ -141,6 +140,7 @@ void Mixer::mixBlock() {
         toSamples(mix, samples);
         line_->write(samples);
     }
+    sounding_.clear(); // a voice goes with its player, not here
 }
 
 } // namespace platform::sound

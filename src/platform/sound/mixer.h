@@ -60,6 +60,8 @@ private:
     std::vector<Entry> entries_;
 
     // Of the thread alone.
+    std::vector<Entry> sounding_; // in one block, as the next; they keep their memory
+    std::vector<Start> starts_;
     Clock::time_point due_ = startTime_; // of the next block
     Limiter limiter_;
     std::shared_ptr<OutputLine> line_;
