@@ -153,6 +153,21 @@ TEST_F(Session, APortInUse) {
     EXPECT_EQ(desk.stateName(), "INIT");
 }
 
+TEST_F(Session, ThePortInTheLogIsTheOneInUse) {
+    desk.start();
+    desk.openSession(file);
+    const int port = desk.folder.settings.getServerPort();
+    host().dataApplication.setServerPort(port + 1); // for the next session
+    desk.connect();
+    const std::string log = platform::readFile(desk.folder.file("log/kdl_server.log")).value_or("");
+    for (const char* code : {"C2000015", "C2000016"}) {
+        const std::size_t line = log.find(code);
+        ASSERT_NE(line, std::string::npos) << code;
+        EXPECT_NE(log.substr(line, log.find('\n', line) - line).find(std::to_string(port)), std::string::npos)
+            << log.substr(line, 200);
+    }
+}
+
 TEST_F(Session, TheRunningOrderIsShownAsAPage) {
     // In the place of the one that it may have.
     std::string session =

@@ -38,8 +38,7 @@ void onAccept() {
     state.server->setClientHost(state.clientHost);
     state.server->setServerHost(state.serverHost);
 
-    writeLog(2000015,
-             {{"SERVER_HOST", state.serverHost}, {"SERVER_PORT", state.dataApplication.getServerPort()}});
+    writeLog(2000015, {{"SERVER_HOST", state.serverHost}, {"SERVER_PORT", state.server->getPort()}});
 }
 
 void onWritable() {
@@ -55,7 +54,7 @@ void onWritable() {
     state.server->send(greeting);
 
     writeLog(2000016, {{"SERVER_HOST", state.serverHost},
-                       {"SERVER_PORT", state.dataApplication.getServerPort()},
+                       {"SERVER_PORT", state.server->getPort()},
                        {"CLIENT_HOST", state.clientHost},
                        {"CLIENT_PORT", state.clientPort}});
     showStatusBar(2000023);
