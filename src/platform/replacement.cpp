@@ -37,11 +37,13 @@ void flushFolder(const fs::path& folder) {
     ::close(descriptor);
 }
 
-mode_t usualMode() {
+// Of a new file. Asked for before main, while no other thread makes files: the question changes the answer
+// for a moment.
+const mode_t usualMode = [] {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
-}
+}();
 
 } // namespace
 
@@ -69,7 +71,7 @@ std::error_code Replacement::take() {
 
 std::error_code replaceBytes(const fs::path& target, std::string_view bytes) {
     struct stat old {};
-    const mode_t mode = ::stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : usualMode();
+    const mode_t mode = ::stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : usualMode;
     Replacement replacement(target);
     if (replacement.failure()) return replacement.failure();
     if (::fchmod(replacement.descriptor(), mode) != 0) return failureUnless(false);
