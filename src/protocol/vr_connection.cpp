@@ -1,5 +1,8 @@
 #include "protocol/vr_connection.h"
 
+#include <utility>
+
+#include "data/app_logger.h"
 #include "protocol/define_vrp.h"
 #include "protocol/line_scanner.h"
 #include "protocol/messages.h"
@@ -20,7 +23,14 @@ void VRConnection::prepare(VRMessage& message) const {
 }
 
 void VRConnection::send(VRMessage& message) {
-    SocketTcp::send(message.build(true));
+    const std::string text = message.build(true);
+    const int sent = SocketTcp::send(text);
+    if (std::cmp_equal(sent, text.size())) return;
+    zelkova::DataPairsList pairs;
+    pairs.add("EVENT", "SEND");
+    pairs.add("METHOD", message.getMethod());
+    pairs.add("SENT", std::to_string(sent) + "/" + std::to_string(text.size()));
+    AppLogger::log(1000003, pairs, std::source_location::current());
 }
 
 void VRConnection::sendResponse(int code, std::string_view repliedMethod) {

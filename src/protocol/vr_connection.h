@@ -16,7 +16,7 @@ public:
 
     // Addresses a message to the terminal. To and From both hold this machine's address.
     void prepare(VRMessage& message) const;
-    // Nothing is queued: what the connection does not take at once is lost.
+    // Nothing is queued: what the connection does not take at once is lost, and the log tells of it.
     void send(VRMessage& message);
     void sendResponse(int code, std::string_view repliedMethod);
 
