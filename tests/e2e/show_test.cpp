@@ -204,8 +204,8 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
     right(0, 0, 3);
     EXPECT_EQ(board().scores, (Numbers{30, 10, 20, 30}));
     desk.playQuest();
-    right(1, 0, 2);
-    EXPECT_EQ(board().scores, (Numbers{30, 20, 10, 30}));
+    right(1, 0, 0);
+    EXPECT_EQ(board().scores, (Numbers{20, 20, 20, 30}));
     desk.playQuest();
     desk.judge(2, idRight, true);
     desk.reply("ANSRES", 261);
@@ -214,11 +214,11 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
     desk.script.expectDialog(confirm_victory::form, [](Form dialog) { dialog.click(confirm_victory::idOk); });
     desk.reply("REVISION", 200);
     EXPECT_EQ(desk.stateName(), "END");
-    EXPECT_EQ(board().scores, (Numbers{30, 10, 20, 30}));
+    EXPECT_EQ(board().scores, (Numbers{20, 10, 30, 30}));
     const std::string result = desk.hear().getText("UserInfo");
-    EXPECT_EQ(result, "\"0\",\"青木\",\"5\",\"30\",\"1\",\"9\",\"1\",\"0\",\"0\"<sep/>"
+    EXPECT_EQ(result, "\"0\",\"青木\",\"5\",\"20\",\"1\",\"0\",\"2\",\"0\",\"0\"<sep/>"
                       "\"1\",\"馬場\",\"5\",\"10\",\"1\",\"0\",\"3\",\"0\",\"0\"<sep/>"
-                      "\"2\",\"千葉\",\"5\",\"20\",\"1\",\"0\",\"2\",\"0\",\"0\"<sep/>"
+                      "\"2\",\"千葉\",\"5\",\"30\",\"1\",\"9\",\"1\",\"0\",\"0\"<sep/>"
                       "\"3\",\"土井\",\"5\",\"30\",\"1\",\"9\",\"1\",\"0\",\"0\"");
     desk.reply("REVISION", 200);
     EXPECT_EQ(desk.stateName(), "END");
@@ -243,7 +243,7 @@ TEST_F(Show, FromTheFirstQuestToTheHistory) {
         // A stage's record is as long as its number of quests, and each step counts, also the one back.
         {"9|1|４：土井|曲13|20,10,20,10"},
         {"10|1|４：土井|曲14|20,10,20,40", "11|0|||20,10,20,40", "12|1|１：青木|曲16|30,10,20,30"},
-        {"13|1|２：馬場|曲17|30,20,10,30", "14|1|３：千葉|曲18|30,10,20,30"},
+        {"13|1|２：馬場|曲17|20,20,20,30", "14|1|３：千葉|曲18|20,10,30,30"},
     };
     XmlDom history;
     ASSERT_TRUE(history.load(file)) << history.loadError();

@@ -96,6 +96,7 @@ public:
         EXPECT_FALSE(host().connectionFlg);
         EXPECT_EQ(host().userList[0].getName(), "");
         EXPECT_EQ(host().userList[0].getScore(), 0);
+        EXPECT_EQ(host().userList[0].getType(), DataUserInfo().getType()) << "nothing has a result";
         EXPECT_TRUE(desk.script.done());
         desk.openSession(file);
         desk.connect();
